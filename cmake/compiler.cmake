@@ -1,0 +1,26 @@
+# Every compiler-specific flag of the project, in one place.
+# Program strings are bytes of the ANSI code page 1252; sources are UTF-8.
+
+function(kes_flags target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /utf-8 /execution-charset:windows-1252 /W4 /permissive-
+                                             /wd4100 /wd4458)
+    target_compile_definitions(${target} PRIVATE _CRT_SECURE_NO_WARNINGS NOMINMAX)
+  else()
+    target_compile_options(${target} PRIVATE -finput-charset=UTF-8 -fexec-charset=CP1252
+                                             -Wall -Wextra -Wno-unused-parameter)
+    if(WIN32)
+      target_compile_definitions(${target} PRIVATE NOMINMAX)
+    endif()
+  endif()
+endfunction()
+
+# A Windows program that runs on a bare machine: no runtime DLLs beside it.
+function(kes_static_runtime target)
+  if(MINGW)
+    target_link_options(${target} PRIVATE -static -static-libgcc -static-libstdc++)
+  elseif(MSVC)
+    set_property(TARGET ${target} PROPERTY MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  endif()
+endfunction()

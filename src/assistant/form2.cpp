@@ -1,0 +1,14 @@
+#include "assistant/form2.h"
+
+namespace kes {
+
+Form2Fenster::Form2Fenster(Programm& prg) : prg_(prg) {
+    Caption = "Kestrella - Assistent";
+    Hinweis.Caption =
+        "Kestrella startet zum ersten Mal.\r\n\r\nDer Assistent, der den jetzigen Zustand des Systems "
+        "als Ausgangspunkt übernimmt, ist in dieser Version noch nicht enthalten.";
+    Width = 420;
+    Height = 200;
+}
+
+}  // namespace kes

@@ -1,0 +1,90 @@
+#include "core/programm.h"
+
+#include "assistant/form2.h"
+#include "core/start.h"
+#include "panel/alarm.h"
+#include "warning/form1.h"
+#include "warning/form3.h"
+
+namespace kes {
+
+Programm::Programm(Plattform& plattform) : p(plattform) {
+    p.timers.SetHandler([this](int id) { TimerTick(id); });
+}
+
+Programm::~Programm() { p.timers.SetHandler(nullptr); }
+
+// The pointer is set before the load handler runs, so a handler that touches its own
+// window (or one that touches it back) finds it loaded instead of loading it twice.
+StartFenster& Programm::Start() {
+    if (!start_) {
+        start_ = std::make_unique<StartFenster>(*this);
+        start_->Form_Load();
+    }
+    return *start_;
+}
+
+AlarmFenster& Programm::Alarm() {
+    if (!alarm_) {
+        alarm_ = std::make_unique<AlarmFenster>(*this);
+        alarm_->Form_Load();
+    }
+    return *alarm_;
+}
+
+Form1Fenster& Programm::Form1() {
+    if (!form1_) form1_ = std::make_unique<Form1Fenster>(*this);
+    return *form1_;
+}
+
+Form2Fenster& Programm::Form2() {
+    if (!form2_) form2_ = std::make_unique<Form2Fenster>(*this);
+    return *form2_;
+}
+
+Form3Fenster& Programm::Form3() {
+    if (!form3_) {
+        form3_ = std::make_unique<Form3Fenster>(*this);
+        form3_->Form_Load();
+    }
+    return *form3_;
+}
+
+void Programm::Form1Entladen() {
+    if (form1_) entladen_.push_back(std::move(form1_));
+}
+
+void Programm::Form2Entladen() {
+    if (form2_) entladen_.push_back(std::move(form2_));
+}
+
+void Programm::Form3Entladen() {
+    if (!form3_) return;
+    form3_->Form_QueryUnload();
+    form3_->Timer1.SetEnabled(false);
+    entladen_.push_back(std::move(form3_));
+}
+
+void Programm::Aufräumen() { entladen_.clear(); }
+
+void Programm::TimerTick(int id) {
+    // Nothing may leave a timer callback; each routine handles its own errors.
+    try {
+        switch (id) {
+            case kTimerAlarm1:
+                if (alarm_ && alarm_->Timer1.Enabled()) alarm_->Timer1_Timer();
+                break;
+            case kTimerStart2:
+                if (start_ && start_->Timer2.Enabled()) start_->Timer2_Timer();
+                break;
+            case kTimerForm3_1:
+                if (form3_ && form3_->Timer1.Enabled()) form3_->Timer1_Timer();
+                break;
+            default:
+                break;
+        }
+    } catch (...) {
+    }
+}
+
+}  // namespace kes

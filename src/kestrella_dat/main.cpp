@@ -1,0 +1,147 @@
+// kestrella-dat: prints a kestrella.dat as text and sets or removes single keys, for
+// administrators who roll out settings and for tests that need a given state.
+//
+//   kestrella-dat show FILE
+//   kestrella-dat set FILE KEY VALUE     (creates FILE when it does not exist)
+//   kestrella-dat del FILE KEY
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+
+#include "core/fehler.h"
+#include "core/property_bag.h"
+#include "platform/text.h"
+
+using namespace kes;
+
+namespace {
+
+#ifdef _WIN32
+std::string Eingabe(const std::string& s) { return s; }
+std::string Ausgabe(const std::string& s) { return s; }
+#else
+// On Linux the terminal speaks UTF-8 and the file Windows-1252; the program's keys use only
+// Latin-1 letters, so the two map one to one there.
+std::string Eingabe(const std::string& s) {
+    std::string aus;
+    for (std::size_t i = 0; i < s.size(); ++i) {
+        const auto c = static_cast<unsigned char>(s[i]);
+        if ((c == 0xC2 || c == 0xC3) && i + 1 < s.size()) {
+            aus += static_cast<char>(((c & 0x03) << 6) | (static_cast<unsigned char>(s[++i]) & 0x3F));
+        } else {
+            aus += static_cast<char>(c);
+        }
+    }
+    return aus;
+}
+std::string Ausgabe(const std::string& s) {
+    std::string aus;
+    for (unsigned char c : s) {
+        if (c < 0x80) {
+            aus += static_cast<char>(c);
+        } else {
+            aus += static_cast<char>(0xC0 | (c >> 6));
+            aus += static_cast<char>(0x80 | (c & 0x3F));
+        }
+    }
+    return aus;
+}
+#endif
+
+const char* TypName(BagTyp t) {
+    switch (t) {
+        case BagTyp::Int16: return "int16";
+        case BagTyp::Int32: return "int32";
+        case BagTyp::Text: return "string";
+        case BagTyp::Bool: return "boolean";
+    }
+    return "?";
+}
+
+// The type a key has in the program's settings; other keys are stored as text.
+BagTyp TypFürSchlüssel(const std::string& name) {
+    const std::string k = Klein(name);
+    if (k == Klein("hostsgrösse")) return BagTyp::Int32;
+    if (k == "aufab1" || (k.rfind("box", 0) == 0 && k.size() > 3)) return BagTyp::Int16;
+    if (k == Klein("AnzeigeLöschen")) return BagTyp::Bool;
+    return BagTyp::Text;
+}
+
+BagWert Wert(BagTyp typ, const std::string& text) {
+    // Conversion goes through the bag's own reader, so the tool accepts what the program does.
+    PropertyBag hilfe;
+    hilfe.WriteProperty("x", text);
+    switch (typ) {
+        case BagTyp::Int16: return hilfe.ReadProperty("x", std::int16_t{0});
+        case BagTyp::Int32: return hilfe.ReadProperty("x", std::int32_t{0});
+        case BagTyp::Bool: return hilfe.ReadProperty("x", false);
+        case BagTyp::Text: break;
+    }
+    return text;
+}
+
+bool Laden(const std::string& pfad, PropertyBag& bag, bool fehlendErlaubt) {
+    std::ifstream ein(pfad, std::ios::binary);
+    if (!ein) {
+        if (fehlendErlaubt) return true;
+        std::cerr << "kestrella-dat: cannot read " << pfad << "\n";
+        return false;
+    }
+    std::stringstream inhalt;
+    inhalt << ein.rdbuf();
+    bag = PropertyBag::AusInhalt(inhalt.str());
+    return true;
+}
+
+bool Speichern(const std::string& pfad, const PropertyBag& bag) {
+    std::ofstream aus(pfad, std::ios::binary | std::ios::trunc);
+    aus << bag.Contents();
+    if (!aus) {
+        std::cerr << "kestrella-dat: cannot write " << pfad << "\n";
+        return false;
+    }
+    return true;
+}
+
+int Hilfe() {
+    std::cerr << "usage: kestrella-dat show FILE\n"
+                 "       kestrella-dat set FILE KEY VALUE\n"
+                 "       kestrella-dat del FILE KEY\n";
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 3) return Hilfe();
+    const std::string befehl = argv[1], pfad = argv[2];
+    try {
+        PropertyBag bag;
+        if (befehl == "show" && argc == 3) {
+            if (!Laden(pfad, bag, false)) return 1;
+            for (const auto& e : bag.Einträge())
+                std::cout << Ausgabe(e.name) << " (" << TypName(TypVon(e.wert)) << ") = " << Ausgabe(WertAlsText(e.wert))
+                          << "\n";
+            return 0;
+        }
+        if (befehl == "set" && argc == 5) {
+            if (!Laden(pfad, bag, true)) return 1;
+            const std::string name = Eingabe(argv[3]);
+            const auto* alt = bag.Finde(name);
+            const BagTyp typ = alt ? TypVon(alt->wert) : TypFürSchlüssel(name);
+            bag.WriteProperty(alt ? alt->name : name, Wert(typ, Eingabe(argv[4])));
+            return Speichern(pfad, bag) ? 0 : 1;
+        }
+        if (befehl == "del" && argc == 4) {
+            if (!Laden(pfad, bag, false)) return 1;
+            bag.Remove(Eingabe(argv[3]));
+            return Speichern(pfad, bag) ? 0 : 1;
+        }
+        return Hilfe();
+    } catch (const Fehler& f) {
+        std::cerr << "kestrella-dat: " << pfad << ": " << f.what() << " (Fehler " << f.Nummer() << ")\n";
+        return 1;
+    }
+}

@@ -1,0 +1,67 @@
+// The raw registry calls the program makes, with the Win32 contracts kept: return codes are
+// Win32 error codes (0 success, 2 not found, 234 more data, 259 no more items), names and
+// data are ANSI bytes, and buffers are the caller's with the sizes the caller announces.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace kes {
+
+using RegHandle = std::uintptr_t;
+
+inline constexpr RegHandle kHkeyClassesRoot = 0x80000000u;
+inline constexpr RegHandle kHkeyCurrentUser = 0x80000001u;
+inline constexpr RegHandle kHkeyLocalMachine = 0x80000002u;
+inline constexpr RegHandle kHkeyUsers = 0x80000003u;
+inline constexpr RegHandle kHkeyPerformanceData = 0x80000004u;
+inline constexpr RegHandle kHkeyCurrentConfig = 0x80000005u;
+inline constexpr RegHandle kHkeyDynData = 0x80000006u;
+
+inline constexpr long kErrorSuccess = 0;
+inline constexpr long kErrorFileNotFound = 2;
+inline constexpr long kErrorAccessDenied = 5;
+inline constexpr long kErrorInvalidHandle = 6;
+inline constexpr long kErrorMoreData = 234;
+inline constexpr long kErrorNoMoreItems = 259;
+
+inline constexpr std::uint32_t kRegNone = 0;
+inline constexpr std::uint32_t kRegSz = 1;
+inline constexpr std::uint32_t kRegExpandSz = 2;
+inline constexpr std::uint32_t kRegBinary = 3;
+inline constexpr std::uint32_t kRegDword = 4;
+inline constexpr std::uint32_t kRegMultiSz = 7;
+
+inline constexpr std::uint32_t kKeyQueryValue = 0x0001;
+inline constexpr std::uint32_t kKeyEnumerateSubKeys = 0x0008;
+inline constexpr std::uint32_t kKeyRead = 0x20019;
+inline constexpr std::uint32_t kKeyAllAccess = 0xF003F;
+
+class RegistryApi {
+public:
+    virtual ~RegistryApi() = default;
+
+    // RegOpenKeyExA. On failure *out is left unchanged.
+    virtual long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegHandle* out) = 0;
+    // RegCreateKeyExA with all access; opens the key when it exists already.
+    virtual long CreateKeyEx(RegHandle root, const std::string& subkey, RegHandle* out) = 0;
+    virtual long CloseKey(RegHandle key) = 0;
+    // RegEnumKeyExA: *nameLen is the buffer size in, the name length without NUL out.
+    // A buffer too small gives 234 and leaves the buffer's content undefined.
+    virtual long EnumKeyEx(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen) = 0;
+    // RegEnumKeyA: cb is the buffer size; the name comes NUL-terminated.
+    virtual long EnumKey(RegHandle key, std::uint32_t index, char* name, std::uint32_t cb) = 0;
+    // RegEnumValueA. type, data and cbData may be null. With data null only the size is told.
+    virtual long EnumValue(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen,
+                           std::uint32_t* type, std::uint8_t* data, std::uint32_t* cbData) = 0;
+    // RegQueryValueExA. name null or "" is the default value.
+    virtual long QueryValueEx(RegHandle key, const char* name, std::uint32_t* type, std::uint8_t* data,
+                              std::uint32_t* cbData) = 0;
+    virtual long SetValueEx(RegHandle key, const char* name, std::uint32_t type, const std::uint8_t* data,
+                            std::uint32_t cbData) = 0;
+    virtual long DeleteValue(RegHandle key, const char* name) = 0;
+    // RegDeleteKeyA: fails with 5 on a key that still has subkeys.
+    virtual long DeleteKey(RegHandle key, const std::string& subkey) = 0;
+};
+
+}  // namespace kes

@@ -1,0 +1,32 @@
+// What the contract suite runs against: a registry and a file system, real or fake, an
+// empty folder to work in, and a registry key below HKEY_CURRENT_USER that belongs to the
+// suite. Locking is the one set-up step that the seam has no call for.
+#pragma once
+
+#include <string>
+
+#include "platform/seam/file_api.h"
+#include "platform/seam/registry_api.h"
+
+namespace kes::vertrag {
+
+class Umgebung {
+public:
+    virtual ~Umgebung() = default;
+    virtual RegistryApi& Registry() = 0;
+    virtual FileApi& Files() = 0;
+    // A folder that exists and is empty at the start of each test; no trailing "\".
+    virtual std::string Ordner() = 0;
+    // Holds the file open so that nobody else can read, write or delete it, until Freigeben.
+    virtual void Sperren(const std::string& pfad) = 0;
+    virtual void Freigeben(const std::string& pfad) = 0;
+    // Called before each test.
+    virtual void Neu() = 0;
+};
+
+Umgebung& DieUmgebung();
+
+// The suite's own key below HKEY_CURRENT_USER.
+inline const char* const kTestSchlüssel = "Software\\KestrellaVertrag";
+
+}  // namespace kes::vertrag

@@ -1,0 +1,58 @@
+// An in-memory file system with Windows manners: paths compare without regard to case,
+// folders must exist before files go in, a locked file can be neither read, written nor
+// deleted, a read-only one not deleted or written, and find walks give "." and ".." first.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/seam/file_api.h"
+
+namespace kes::fake {
+
+class FakeFiles : public FileApi {
+public:
+    bool CanRead(const std::string& path) override;
+    std::optional<std::string> ReadAll(const std::string& path) override;
+    bool WriteAll(const std::string& path, const std::string& data) override;
+    bool Append(const std::string& path, const std::string& data) override;
+    long Delete(const std::string& path) override;
+    std::uint32_t GetAttributes(const std::string& path) override;
+    bool SetAttributes(const std::string& path, std::uint32_t attributes) override;
+    std::optional<std::int64_t> Length(const std::string& path) override;
+    bool CreateDirectory(const std::string& path) override;
+    FindHandle FindFirst(const std::string& pattern, FindData* out) override;
+    bool FindNext(FindHandle h, FindData* out) override;
+    void FindClose(FindHandle h) override;
+
+    // Test set-up: makes the folders on the way.
+    void Put(const std::string& path, const std::string& data, std::uint32_t attributes = kAttrArchive);
+    void MakeDirs(const std::string& path);
+    void Lock(const std::string& path, bool locked = true);
+    bool Exists(const std::string& path) const;
+    std::string Content(const std::string& path) const;  // "" when missing
+    int OpenFinds() const { return static_cast<int>(finds_.size()); }
+
+private:
+    struct Eintrag {
+        std::string name;  // as created
+        bool ordner = false;
+        std::string daten;
+        std::uint32_t attribute = kAttrArchive;
+        bool gesperrt = false;
+        std::uint64_t zeit = 0;
+    };
+    static std::string Schlüssel(const std::string& path);
+    static std::string Eltern(const std::string& schlüssel);
+    Eintrag* Finde(const std::string& path);
+    bool DarfSchreiben(const std::string& path);
+
+    std::map<std::string, Eintrag> einträge_;  // by lower-case path without trailing "\"
+    std::map<FindHandle, std::vector<FindData>> finds_;
+    FindHandle nächster_ = 1;
+    std::uint64_t uhr_ = 130000000000000000ULL;
+};
+
+}  // namespace kes::fake

@@ -1,0 +1,62 @@
+// Every fake of the platform seam in one bundle, set up as a small German machine with
+// the program in C:\Programme\Kestrella.
+#pragma once
+
+#include "fake_files.h"
+#include "fake_registry.h"
+#include "fake_shell.h"
+#include "fake_timers.h"
+#include "platform/seam/plattform.h"
+
+namespace kes::fake {
+
+class FakeSystem : public SystemApi {
+public:
+    std::string exe = "C:\\Programme\\Kestrella\\Kestrella.exe";
+    std::string kommandozeile;
+    std::string datum = "22.11.2026";
+    std::string zeit = "14:05:09";
+    Zahlenformat format{',', '.'};
+    bool vorherigeInstanz = false;
+    int geschlafen = 0;
+
+    std::string ExecutablePath() override { return exe; }
+    std::string CommandLine() override { return kommandozeile; }
+    std::string ShortDate() override { return datum; }
+    std::string ShortTime() override { return zeit; }
+    Zahlenformat NumberFormat() override { return format; }
+    bool PreviousInstance() override { return vorherigeInstanz; }
+    void Sleep(int ms) override { geschlafen += ms; }
+    int ScreenWidth() override { return 1024; }
+    int ScreenHeight() override { return 768; }
+};
+
+class FakeDialup : public DialupApi {
+public:
+    int verbindungen = 0;
+    int ConnectionCount() override { return verbindungen; }
+};
+
+struct FakePlattform {
+    FakeRegistry registry;
+    FakeFiles files;
+    FakeShell shell;
+    FakeDialogs dialogs;
+    FakeSound sound;
+    FakeTimers timers;
+    FakeSystem system;
+    FakeDialup dialup;
+    Plattform plattform{registry, files, shell, dialogs, sound, timers, system, dialup};
+
+    FakePlattform() {
+        shell.ordner[kCsidlWindows] = "C:\\WINDOWS";
+        shell.ordner[kCsidlSystem] = "C:\\WINDOWS\\system32";
+        shell.ordner[kCsidlStartup] = "C:\\Dokumente und Einstellungen\\Benutzer\\Startmenü\\Programme\\Autostart";
+        shell.ordner[kCsidlCommonStartup] = "C:\\Dokumente und Einstellungen\\All Users\\Startmenü\\Programme\\Autostart";
+        shell.ordner[kCsidlFavorites] = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
+        files.MakeDirs("C:\\Programme\\Kestrella\\daten");
+        files.MakeDirs("C:\\WINDOWS\\system32\\drivers\\etc");
+    }
+};
+
+}  // namespace kes::fake

@@ -1,0 +1,71 @@
+// Fakes of the shell, the message boxes and the sounds: they record what the program asked
+// for, and message boxes answer from a queue the test fills (OK when it is empty).
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/seam/shell_api.h"
+
+namespace kes::fake {
+
+class FakeShell : public ShellApi {
+public:
+    struct Aufruf {
+        std::string kommando;
+        int show;
+    };
+    std::vector<Aufruf> kommandos;
+    std::vector<std::string> geöffnet;  // ShellExecute: verb|file|params
+    std::map<int, std::string> ordner;
+    // Runs for each command line, so a test can make a command change the system.
+    std::function<void(const std::string&)> beimStarten;
+
+    bool RunCommand(const std::string& commandLine, int show) override {
+        kommandos.push_back({commandLine, show});
+        if (beimStarten) beimStarten(commandLine);
+        return true;
+    }
+    long ShellExecute(const std::string& verb, const std::string& file, const std::string& params, int) override {
+        geöffnet.push_back(verb + "|" + file + "|" + params);
+        return 42;
+    }
+    std::optional<std::string> SpecialFolder(int csidl) override {
+        auto it = ordner.find(csidl);
+        if (it == ordner.end()) return std::nullopt;
+        return it->second;
+    }
+};
+
+class FakeDialogs : public DialogApi {
+public:
+    struct Meldung {
+        std::string text, titel;
+        int flags;
+    };
+    std::vector<Meldung> meldungen;
+    std::deque<int> antworten;
+
+    int MessageBox(const std::string& text, const std::string& title, int flags) override {
+        meldungen.push_back({text, title, flags});
+        if (antworten.empty()) return kIdOk;
+        const int a = antworten.front();
+        antworten.pop_front();
+        return a;
+    }
+};
+
+class FakeSound : public SoundApi {
+public:
+    std::vector<std::string> gespielt;
+    bool PlayResource(const std::string& name, unsigned) override {
+        if (name != "ALARM" && name != "AUTO") return false;
+        gespielt.push_back(name);
+        return true;
+    }
+};
+
+}  // namespace kes::fake

@@ -1,0 +1,65 @@
+// Window timers on a clock the test moves by hand, and a message pump that runs what the
+// test queued for it, so a user action can fall between two steps of a tick.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+
+#include "platform/seam/timer_api.h"
+
+namespace kes::fake {
+
+class FakeTimers : public TimerApi {
+public:
+    void SetHandler(std::function<void(int)> handler) override { handler_ = std::move(handler); }
+    void Set(int id, int intervalMs) override {
+        if (intervalMs <= 0) {
+            Kill(id);
+            return;
+        }
+        laufend_[id] = {intervalMs, jetzt_ + intervalMs};
+    }
+    void Kill(int id) override { laufend_.erase(id); }
+    void PumpMessages() override {
+        ++pumpen;
+        std::deque<std::function<void()>> jetzt;
+        jetzt.swap(beimPumpen);
+        for (auto& f : jetzt) f();
+    }
+
+    // Moves the clock on and delivers every tick that falls due, in time order.
+    void Advance(long ms) {
+        const long ende = jetzt_ + ms;
+        for (;;) {
+            int fällig = 0;
+            long wann = ende + 1;
+            for (const auto& [id, t] : laufend_)
+                if (t.nächster < wann) wann = t.nächster, fällig = id;
+            if (!fällig) break;
+            jetzt_ = wann;
+            laufend_[fällig].nächster = wann + laufend_[fällig].intervall;
+            if (handler_) handler_(fällig);
+        }
+        jetzt_ = ende;
+    }
+    bool Running(int id) const { return laufend_.count(id) != 0; }
+    int IntervalOf(int id) const {
+        auto it = laufend_.find(id);
+        return it == laufend_.end() ? 0 : it->second.intervall;
+    }
+
+    std::deque<std::function<void()>> beimPumpen;
+    int pumpen = 0;
+
+private:
+    struct Lauf {
+        int intervall;
+        long nächster;
+    };
+    std::function<void(int)> handler_;
+    std::map<int, Lauf> laufend_;
+    long jetzt_ = 0;
+};
+
+}  // namespace kes::fake

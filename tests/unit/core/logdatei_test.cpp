@@ -1,0 +1,45 @@
+// The log's framing: Text2 is the master and the file is rewritten whole from it.
+#include "core/logdatei.h"
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+
+namespace kes::test {
+namespace {
+
+class Log : public ProgrammTest {
+protected:
+    void SetUp() override { Pfade(); }
+    const std::string logPfad = ordner + "Kestrella.log";
+    const std::string kopf = "\r\n========== 22.11.2026 ===== 14:05:09 ================\r\n";
+};
+
+TEST_F(Log, TwoEntriesOfOneRun_ShareTheHeaderAndTheFileEqualsText2) {
+    prg.Alarm().Box1[2].setValue(1);
+    LogEintrag(prg, "Neuer IExplorer Favorit gefunden.", {"Favorit: a.url"}, "< Gelöscht OK >");
+    LogEintrag(prg, "Datei wurde erstellt.", {"Datei: b", "Wert: c"}, "< Übernommen OK >");
+    const std::string erwartet = "\r\n" + kopf + "Neuer IExplorer Favorit gefunden.\r\nFavorit: a.url\r\n< Gelöscht OK >" +
+                                 "\r\n" + kopf + "Datei wurde erstellt.\r\nDatei: b\r\nWert: c\r\n< Übernommen OK >";
+    EXPECT_EQ(prg.Alarm().Text2.Text, erwartet);
+    EXPECT_EQ(fp.files.Content(logPfad), erwartet + "\r\n");
+}
+
+TEST_F(Log, BoxTwoOff_WritesNothing) {
+    LogEintrag(prg, "Titel", {}, "< x >");
+    EXPECT_FALSE(fp.files.Exists(logPfad));
+    EXPECT_EQ(prg.Alarm().Text2.Text, "");
+}
+
+TEST_F(Log, AtStart_OldLogIsLoadedOrDeletedWithBoxThree) {
+    fp.files.Put(logPfad, "alt 1\r\nalt 2\r\n");
+    LogVorbereiten(prg);
+    EXPECT_EQ(prg.Alarm().Text2.Text, "alt 1\r\nalt 2\r\n");
+
+    prg.Alarm().Text2.Text.clear();
+    prg.Alarm().Box1[3].setValue(1);
+    LogVorbereiten(prg);
+    EXPECT_FALSE(fp.files.Exists(logPfad));
+    EXPECT_EQ(prg.Alarm().Text2.Text, "");
+}
+
+}  // namespace
+}  // namespace kes::test

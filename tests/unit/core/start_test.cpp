@@ -1,0 +1,195 @@
+// Main, the silent start, the instance rule, and the second stage that reads the settings:
+// the order in which windows load and values arrive.
+#include "assistant/form2.h"
+#include "core/einstellungen.h"
+#include "core/start.h"
+#include "core/starten.h"
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+
+namespace kes::test {
+namespace {
+
+class Start : public ProgrammTest {};
+
+TEST_F(Start, Main_FillsPathsAndTheRunHeader) {
+    fp.system.exe = "C:\\Kestrella.exe";
+    ASSERT_TRUE(Main(prg));
+    EXPECT_EQ(prg.Programmordner, "C:\\") << "a drive root gets no second backslash";
+    EXPECT_EQ(prg.Windowsordner, "C:\\WINDOWS");
+    EXPECT_EQ(prg.Systemordner, "C:\\WINDOWS\\system32");
+    EXPECT_EQ(prg.Logkopf, "\r\n========== 22.11.2026 ===== 14:05:09 ================\r\n");
+    EXPECT_TRUE(prg.StartGeladen());
+}
+
+TEST_F(Start, WithoutSettingsFile_AssistantOpensAndNothingElseRuns) {
+    ASSERT_TRUE(Main(prg));
+    EXPECT_TRUE(prg.Form2Geladen());
+    EXPECT_TRUE(prg.Form2().Visible);
+    EXPECT_EQ(prg.Intervallstufe, 5);
+    EXPECT_FALSE(prg.AlarmGeladen());
+    EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
+}
+
+TEST_F(Start, SecondStartWithoutSwitch_ShowsTheMessageAndEnds) {
+    fp.system.vorherigeInstanz = true;
+    fp.system.kommandozeile = "/S";
+    EXPECT_FALSE(Main(prg));
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "Kestrella ist bereits aktiv!.");
+    EXPECT_EQ(fp.dialogs.meldungen[0].flags, kMbOk | kMbSystemModal);
+    EXPECT_TRUE(prg.Beenden);
+    EXPECT_FALSE(prg.Form2Geladen());
+}
+
+TEST_F(Start, AnyLowerCaseS_StartsSilentlyBesideAnotherInstanceAfter3000ms) {
+    fp.system.vorherigeInstanz = true;
+    for (const char* zeile : {"/s", "xsx"}) {
+        fake::FakePlattform eigene;
+        eigene.system.vorherigeInstanz = true;
+        eigene.system.kommandozeile = zeile;
+        Programm p(eigene.plattform);
+        ASSERT_TRUE(Main(p)) << zeile;
+        EXPECT_TRUE(eigene.dialogs.meldungen.empty()) << zeile;
+        eigene.timers.Advance(2999);
+        EXPECT_FALSE(p.Form2Geladen()) << zeile;
+        eigene.timers.Advance(1);
+        EXPECT_TRUE(p.Form2Geladen()) << zeile;
+        EXPECT_FALSE(eigene.timers.Running(kTimerStart2)) << "Timer2 fires once";
+    }
+}
+
+TEST_F(Start, LaterRun_LoadsAlarmAtTheFirstBoxBeforeAnyBoxHasItsValue) {
+    PropertyBag bag;
+    bag.WriteProperty("hostsgrösse", std::int32_t{734});
+    bag.WriteProperty("InternetStartPage3", std::string("http://start.example/"));
+    bag.WriteProperty("Box15", std::int16_t{1});
+    bag.WriteProperty("Box19", std::int16_t{1});
+    Einstellungen(bag);
+
+    bool geprüft = false;
+    fp.registry.beimÖffnen = [&](const std::string& pfad) {
+        if (pfad != "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run" || geprüft) return;
+        geprüft = true;
+        // This is the load handler of Alarm asking for the Run value.
+        EXPECT_EQ(prg.Hostsgrösse, 734) << "saved values are in memory before Alarm loads";
+        EXPECT_EQ(prg.StartSeiten[3], "http://start.example/");
+        EXPECT_EQ(prg.Alarm().Box1[15].value(), 0) << "boxes still have their design values";
+        EXPECT_EQ(prg.Alarm().Box1[19].Caption, "") << "folder captions are set later in the handler";
+    };
+    ASSERT_TRUE(Main(prg));
+    EXPECT_TRUE(geprüft);
+    AlarmFenster& alarm = prg.Alarm();
+    EXPECT_EQ(alarm.Caption, "Kestrella V2.2.0 AddOn Halvenik");
+    EXPECT_EQ(alarm.Box1[15].value(), 1);
+    EXPECT_EQ(alarm.Box1[19].Caption, "C:\\WINDOWS");
+    EXPECT_EQ(alarm.Box1[20].Caption, "C:\\WINDOWS\\system32");
+    EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
+    EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), 5000);
+    EXPECT_FALSE(prg.Beschäftigt);
+    EXPECT_TRUE(prg.Start().fox1[2].Checked);
+    EXPECT_EQ(prg.Start().fox1[2].Caption, "Überwachung ist aktiv");
+    EXPECT_FALSE(prg.Form2Geladen());
+}
+
+TEST_F(Start, AutostartBox_MirrorsTheRunValue) {
+    fp.registry.SetString("HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella",
+                          "C:\\Programme\\Kestrella\\Kestrella.exe /s");
+    Einstellungen(PropertyBag());
+    ASSERT_TRUE(Main(prg));
+    EXPECT_EQ(prg.Alarm().Box1[0].value(), 1);
+    EXPECT_TRUE(prg.Start().fox1[5].Checked);
+}
+
+TEST_F(Start, StoredValues_SurviveARestartWithGreyAndStageIntact) {
+    PropertyBag bag;
+    bag.WriteProperty("box7", std::int16_t{2});
+    bag.WriteProperty("box1", std::int16_t{1});
+    bag.WriteProperty("Aufab1", std::int16_t{12});
+    bag.WriteProperty("AnzeigeLöschen", true);
+    Einstellungen(bag);
+    ASSERT_TRUE(Main(prg));
+    EXPECT_EQ(prg.Alarm().Box1[7].value(), 2);
+    EXPECT_EQ(prg.Soundflag, 1);
+    EXPECT_TRUE(prg.AnzeigeLöschen);
+    EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), 12000);
+
+    // The start saved what it read; a second program reads the same.
+    fake::FakePlattform zweite;
+    zweite.files.Put(datPfad, fp.files.Content(datPfad));
+    Programm p2(zweite.plattform);
+    ASSERT_TRUE(Main(p2));
+    EXPECT_EQ(p2.Alarm().Box1[7].value(), 2);
+    EXPECT_EQ(p2.Intervallstufe, 12);
+    EXPECT_TRUE(p2.AnzeigeLöschen);
+}
+
+TEST_F(Start, StageMissingOrZero_BecomesFive) {
+    PropertyBag bag;
+    bag.WriteProperty("Aufab1", std::int16_t{0});
+    Einstellungen(bag);
+    ASSERT_TRUE(Main(prg));
+    EXPECT_EQ(prg.Intervallstufe, 5);
+    EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), 5000);
+    EXPECT_EQ(GespeicherteEinstellungen().Finde("Aufab1"), nullptr) << "the default 5 is left out and read back as 5";
+}
+
+TEST_F(Start, NoBoxKeys_AllBoxesOffButTimerAndTrayOn) {
+    Einstellungen(PropertyBag());
+    ASSERT_TRUE(Main(prg));
+    for (int i = 1; i <= 31; ++i) EXPECT_EQ(prg.Alarm().Box1[i].value(), 0);
+    EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
+}
+
+TEST_F(Start, DamagedSettings_ReportTheNumberAndLeaveTheCycleOff) {
+    const std::string gut = [] {
+        PropertyBag bag;
+        bag.WriteProperty("hostsgrösse", std::int32_t{99});
+        bag.WriteProperty("Box4", std::int16_t{1});
+        return bag.Contents();
+    }();
+    struct Fall {
+        std::string inhalt;
+        std::string meldung;
+    };
+    const Fall fälle[] = {
+        {"kein Eigenschaftenblock", "(Modul Starten, Properties_Load) Fehler: 321"},
+        {gut.substr(0, gut.size() - 1), "(Modul Starten, Properties_Load) Fehler: 62"},
+        {gut + "x", "(Modul Starten, Properties_Load) Fehler: 321"},
+        {"", "(Modul Starten, Properties_Load) Fehler: 62"},
+    };
+    for (const auto& fall : fälle) {
+        fake::FakePlattform eigene;
+        eigene.files.Put(datPfad, fall.inhalt);
+        Programm p(eigene.plattform);
+        ASSERT_TRUE(Main(p));
+        ASSERT_EQ(eigene.dialogs.meldungen.size(), 1u);
+        EXPECT_EQ(eigene.dialogs.meldungen[0].text, fall.meldung);
+        EXPECT_FALSE(eigene.timers.Running(kTimerAlarm1));
+        EXPECT_FALSE(p.Form2Geladen()) << "a damaged file is no first run";
+        EXPECT_EQ(eigene.files.Content(datPfad), fall.inhalt) << "nothing overwrites the damaged file";
+    }
+}
+
+TEST_F(Start, WrongTypeForAKey_IsReportedAfterTheValuesBeforeIt) {
+    PropertyBag bag;
+    bag.WriteProperty("hostsgrösse", std::int32_t{55});
+    bag.WriteProperty("Aufab1", std::string("schnell"));
+    Einstellungen(bag);
+    ASSERT_TRUE(Main(prg));
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Modul Starten, Properties_Load) Fehler: 13");
+    EXPECT_EQ(prg.Hostsgrösse, 55) << "values read so far stay";
+}
+
+TEST_F(Start, LockedSettingsFile_IsReportedNotTakenForAFirstRun) {
+    Einstellungen(PropertyBag());
+    fp.files.Lock(datPfad);
+    ASSERT_TRUE(Main(prg));
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Modul Starten, Properties_Load) Fehler: 75");
+    EXPECT_FALSE(prg.Form2Geladen());
+}
+
+}  // namespace
+}  // namespace kes::test

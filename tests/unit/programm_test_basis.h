@@ -1,0 +1,32 @@
+// A program on the fake platform, with helpers to give it a settings file.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "core/programm.h"
+#include "core/property_bag.h"
+#include "fake_plattform.h"
+
+namespace kes::test {
+
+class ProgrammTest : public ::testing::Test {
+protected:
+    fake::FakePlattform fp;
+    Programm prg{fp.plattform};
+
+    const std::string ordner = "C:\\Programme\\Kestrella\\";
+    const std::string datPfad = ordner + "kestrella.dat";
+    const std::string hostsPfad = "C:\\WINDOWS\\system32\\drivers\\etc\\hosts";
+
+    void Einstellungen(const PropertyBag& bag) { fp.files.Put(datPfad, bag.Contents()); }
+    PropertyBag GespeicherteEinstellungen() { return PropertyBag::AusInhalt(fp.files.Content(datPfad)); }
+    // Main's process-wide values without running the start.
+    void Pfade() {
+        prg.Programmordner = ordner;
+        prg.Windowsordner = "C:\\WINDOWS";
+        prg.Systemordner = "C:\\WINDOWS\\system32";
+        prg.Logkopf = "\r\n========== 22.11.2026 ===== 14:05:09 ================\r\n";
+    }
+};
+
+}  // namespace kes::test

@@ -1,0 +1,90 @@
+// The warning window: buttons by category, its height, and how closing it moves the cycle.
+#include "core/start.h"
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+class Warnfenster : public ProgrammTest {
+protected:
+    void SetUp() override { Pfade(); }
+    // The visible buttons, with their captions, for a category key.
+    std::vector<std::string> Knöpfe(const std::string& kategorie) {
+        prg.Kategorie = kategorie;
+        Form3Fenster& f = prg.Form3();
+        std::vector<std::string> sichtbar;
+        for (int i = 1; i <= 9; ++i) {
+            if (!f.Image[i].Visible) continue;
+            const int k = Form3Fenster::LabelVon(i);
+            EXPECT_EQ(k < 0 || f.Label3[k].Visible, true) << kategorie << " Image" << i;
+            sichtbar.push_back(k < 0 ? "Image7" : f.Label3[k].Caption);
+        }
+        prg.Form3Entladen();
+        prg.Aufräumen();
+        return sichtbar;
+    }
+    using V = std::vector<std::string>;
+};
+
+TEST_F(Warnfenster, EachCategoryShowsItsRowOfButtons) {
+    EXPECT_EQ(Knöpfe("Dienste"), (V{"Übernehmen", "Löschen", "Später", "Image7", "Service-Dienste"}));
+    EXPECT_EQ(Knöpfe("BHO"), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
+    EXPECT_EQ(Knöpfe("Prozesse"), (V{"Übernehmen", "Kill Prozess", "Später", "Image7"}));
+    EXPECT_EQ(Knöpfe("StartPage"), (V{"Übernehmen", "Später", "Image7", "Original"}));
+    EXPECT_EQ(Knöpfe("Favorit2"), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
+    EXPECT_EQ(Knöpfe("DFÜ"), (V{"Übernehmen", "Löschen", "Später", "Image7", "Mehr Infos"}));
+    EXPECT_EQ(Knöpfe("HostsDatei"), (V{"Übernehmen", "Später", "Image7", "Original", "Öffnen"}));
+    EXPECT_EQ(Knöpfe("AutostartRegistry"), (V{"Übernehmen", "Registry löschen", "Später", "Image7"}));
+    EXPECT_EQ(Knöpfe("HtaFile"), (V{"Später", "Image7", "Original"}));
+    EXPECT_EQ(Knöpfe("ToolBar1"), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
+    EXPECT_EQ(Knöpfe("WindowsDatei"), (V{"Später", "Image7"}));
+    EXPECT_EQ(Knöpfe("Unbekannt"), (V{"Später", "Image7"}));
+}
+
+TEST_F(Warnfenster, ShrinksToTheVisiblePanes) {
+    Form3Fenster& f = prg.Form3();
+    const int voll = f.Height;
+    f.Picture3[1].Visible = false;
+    f.Show();
+    EXPECT_EQ(f.Height, voll - f.Picture3[1].Height);
+    EXPECT_TRUE(f.Topmost);
+}
+
+TEST_F(Warnfenster, CloseBoxRestartsTheCycle_SwitchOffLeavesItStopped) {
+    prg.Beschäftigt = true;
+    prg.Form3();
+    prg.Form3Entladen();
+    EXPECT_FALSE(prg.Beschäftigt);
+    EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
+    EXPECT_FALSE(fp.files.Exists(ordner + "kestrella.dat")) << "the close box saves nothing";
+
+    prg.Beschäftigt = true;
+    prg.Form3().Image7_Click();
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_TRUE(prg.Beschäftigt);
+    EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
+    EXPECT_FALSE(prg.Start().fox1[2].Checked);
+}
+
+TEST_F(Warnfenster, Raus_SavesTheSettingsAndRestarts) {
+    prg.Beschäftigt = true;
+    prg.Hostsgrösse = 4;
+    prg.Form3().raus();
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_FALSE(prg.Beschäftigt);
+    EXPECT_EQ(std::get<std::int32_t>(GespeicherteEinstellungen().ReadProperty("hostsgrösse", std::int32_t{0})), 4);
+}
+
+TEST_F(Warnfenster, BlinkTimerTogglesTheHiddenBox) {
+    Form3Fenster& f = prg.Form3();
+    f.Timer1.SetEnabled(true);
+    fp.timers.Advance(500);
+    EXPECT_FALSE(f.Check1[3].Visible);
+    fp.timers.Advance(500);
+    EXPECT_TRUE(f.Check1[3].Visible);
+}
+
+}  // namespace
+}  // namespace kes::test

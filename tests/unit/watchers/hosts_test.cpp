@@ -1,0 +1,104 @@
+// The hosts watcher (size only) and the online watcher (messenger service per change).
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+class Hosts : public ProgrammTest {
+protected:
+    void SetUp() override {
+        Pfade();
+        prg.Alarm().Timer1.SetEnabled(true);
+    }
+};
+
+TEST_F(Hosts, NoBaselineAndEmptyOrMissingFile_RaisesNothing) {
+    prg.Alarm().TesteHosts();
+    EXPECT_FALSE(prg.Form3Geladen());
+    fp.files.Put(hostsPfad, "");
+    prg.Alarm().TesteHosts();
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Kategorie, "HostsDatei") << "the key is set on every run";
+}
+
+TEST_F(Hosts, SameSizeOtherContent_GoesUnseen) {
+    fp.files.Put(hostsPfad, "127.0.0.1 localhost\r\n");
+    prg.Hostsgrösse = 21;
+    fp.files.Put(hostsPfad, "127.0.0.1 localhosX\r\n");
+    prg.Alarm().TesteHosts();
+    EXPECT_FALSE(prg.Beschäftigt);
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
+TEST_F(Hosts, ChangedSize_RaisesTheWarningAndStopsTheCycle) {
+    prg.Hostsgrösse = 734;
+    prg.Soundflag = 1;
+    fp.files.Put(hostsPfad, "x");
+    prg.Alarm().TesteHosts();
+
+    EXPECT_TRUE(prg.Beschäftigt);
+    EXPECT_FALSE(prg.Alarm().Timer1.Enabled());
+    EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
+    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"ALARM"});
+    ASSERT_TRUE(prg.Form3Geladen());
+    Form3Fenster& f = prg.Form3();
+    EXPECT_EQ(f.Label1[0].Caption, "Ihre Hosts Datei wurde geändert.");
+    EXPECT_EQ(f.Label1[1].Caption, hostsPfad);
+    EXPECT_EQ(f.Label1[2].Caption, " [Neue Grösse 1 Byte       Alte Grösse war: 734 Bytes ]");
+    EXPECT_EQ(f.Text1[0].Text, hostsPfad);
+    for (int i = 1; i <= 4; ++i) EXPECT_FALSE(f.Picture3[i].Visible);
+    EXPECT_TRUE(f.Picture3[0].Visible);
+    EXPECT_FALSE(f.ListView2.Visible);
+    EXPECT_TRUE(f.Visible);
+    EXPECT_EQ(f.Left, (1024 - f.Width) / 2) << "centred on the screen";
+    EXPECT_EQ(f.Top, (768 - f.Height) / 2);
+    EXPECT_EQ(prg.Hostsgrösse, 734) << "the baseline moves only by the user's action";
+}
+
+TEST_F(Hosts, MissingFileAgainstABaseline_ShowsZeroBytesAndNoSoundWhenMuted) {
+    prg.Hostsgrösse = 2048;
+    prg.Alarm().TesteHosts();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Form3().Label1[2].Caption, " [Neue Grösse 0 Bytes       Alte Grösse war: 2,00 KB ]");
+    EXPECT_TRUE(fp.sound.gespielt.empty());
+}
+
+TEST_F(Hosts, LockedFile_IsMeasuredAllTheSame) {
+    fp.files.Put(hostsPfad, "12345");
+    prg.Hostsgrösse = 5;
+    fp.files.Lock(hostsPfad);
+    prg.Alarm().TesteHosts();
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
+class Online : public ProgrammTest {
+protected:
+    void SetUp() override { Pfade(); }
+    std::vector<std::string> Kommandos() const {
+        std::vector<std::string> k;
+        for (const auto& a : fp.shell.kommandos) k.push_back(a.kommando);
+        return k;
+    }
+};
+
+TEST_F(Online, EachChangeOfStateRunsItsCommandOnce) {
+    AlarmFenster& a = prg.Alarm();
+    a.TesteOnline();
+    EXPECT_TRUE(Kommandos().empty()) << "no connection at start: no start command";
+    fp.dialup.verbindungen = 1;
+    a.TesteOnline();
+    a.TesteOnline();
+    fp.dialup.verbindungen = 2;
+    a.TesteOnline();
+    EXPECT_EQ(Kommandos(), std::vector<std::string>{"Net stop Nachrichtendienst"});
+    EXPECT_EQ(fp.shell.kommandos[0].show, kSwShowNormal);
+    fp.dialup.verbindungen = 0;
+    a.TesteOnline();
+    a.TesteOnline();
+    EXPECT_EQ(Kommandos(), (std::vector<std::string>{"Net stop Nachrichtendienst", "Net start Nachrichtendienst"}));
+}
+
+}  // namespace
+}  // namespace kes::test

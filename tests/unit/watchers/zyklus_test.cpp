@@ -1,0 +1,124 @@
+// The watch cycle: which rows run, that the busy flag and the live box values are tested
+// again for every row, and how the stage sets the interval.
+#include "core/einstellungen.h"
+#include "core/starten.h"
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+class Zyklus : public ProgrammTest {
+protected:
+    void SetUp() override {
+        PropertyBag bag;
+        bag.WriteProperty("hostsgrösse", std::int32_t{3});
+        Einstellungen(bag);
+        fp.files.Put(hostsPfad, "abc");
+        ASSERT_TRUE(Main(prg));
+        ASSERT_TRUE(fp.timers.Running(kTimerAlarm1));
+    }
+    AlarmFenster& alarm() { return prg.Alarm(); }
+    void Box(int i, std::int16_t v) { alarm().Box1[i].setValue(v); }
+    void HostsÄndern() { fp.files.Put(hostsPfad, "abcd"); }
+};
+
+TEST_F(Zyklus, AllBoxesOff_TicksOnlyPump) {
+    HostsÄndern();
+    fp.dialup.verbindungen = 1;
+    fp.timers.Advance(5000);
+    EXPECT_EQ(fp.timers.pumpen, 2);
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_TRUE(fp.shell.kommandos.empty());
+}
+
+TEST_F(Zyklus, GreyBox_RunsNoWatcher) {
+    HostsÄndern();
+    Box(15, 2);
+    fp.timers.Advance(5000);
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
+TEST_F(Zyklus, TickComesEveryStageSecondsAndFindsTheChange) {
+    Box(15, 1);
+    fp.timers.Advance(5000);
+    EXPECT_FALSE(prg.Form3Geladen());
+    HostsÄndern();
+    fp.timers.Advance(4999);
+    EXPECT_FALSE(prg.Form3Geladen());
+    fp.timers.Advance(1);
+    EXPECT_TRUE(prg.Form3Geladen());
+    EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
+}
+
+TEST_F(Zyklus, BoxSwitchedOnDuringTheFirstPump_TakesEffectInTheSameTick) {
+    HostsÄndern();
+    fp.timers.beimPumpen.push_back([&] { Box(15, 1); });
+    fp.timers.Advance(5000);
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
+TEST_F(Zyklus, BusyFlagSetDuringThePump_StopsTheRowsAfterIt) {
+    Box(14, 1);
+    fp.dialup.verbindungen = 1;
+    fp.timers.beimPumpen.push_back([&] { prg.Beschäftigt = true; });
+    fp.timers.Advance(5000);
+    EXPECT_TRUE(fp.shell.kommandos.empty());
+    EXPECT_EQ(fp.timers.pumpen, 2) << "the last pump row has no box and still runs";
+}
+
+TEST_F(Zyklus, BusyAtTheStart_TickDoesNothing) {
+    Box(14, 1);
+    fp.dialup.verbindungen = 1;
+    prg.Beschäftigt = true;
+    fp.timers.Advance(5000);
+    EXPECT_EQ(fp.timers.pumpen, 0);
+    EXPECT_TRUE(fp.shell.kommandos.empty());
+}
+
+TEST_F(Zyklus, OnlineRowRunsBeforeTheHostsRowRaises) {
+    Box(14, 1);
+    Box(15, 1);
+    HostsÄndern();
+    fp.dialup.verbindungen = 1;
+    fp.timers.Advance(5000);
+    EXPECT_EQ(fp.shell.kommandos.size(), 1u);
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
+TEST_F(Zyklus, ClosingTheWarning_RestartsTheCycleAWholeIntervalLater) {
+    Box(15, 1);
+    HostsÄndern();
+    fp.timers.Advance(5000);
+    ASSERT_TRUE(prg.Form3Geladen());
+    fp.timers.Advance(20000);
+    EXPECT_EQ(fp.timers.pumpen, 2) << "no tick while the warning is open";
+    prg.Form3Entladen();
+    prg.Aufräumen();
+    EXPECT_FALSE(prg.Beschäftigt);
+    fp.timers.Advance(4999);
+    EXPECT_FALSE(prg.Form3Geladen());
+    fp.timers.Advance(1);
+    EXPECT_TRUE(prg.Form3Geladen()) << "the same difference raises the same warning";
+}
+
+TEST_F(Zyklus, Stage_SetsTheIntervalInSixteenBitsAndSavesAtOnce) {
+    struct Fall {
+        const char* text;
+        int intervall;
+        std::int16_t stufe;
+    };
+    for (const Fall& f : {Fall{"1", 1000, 1}, Fall{"30", 30000, 30}, Fall{"45", 30000, 30}, Fall{"0", 0, 0}}) {
+        alarm().AufAb1.SetText(f.text);
+        EXPECT_EQ(prg.Intervallstufe, f.stufe) << f.text;
+        EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), f.intervall) << f.text;
+        EXPECT_EQ(std::get<std::int16_t>(GespeicherteEinstellungen().ReadProperty("Aufab1", std::int16_t{5})), f.stufe)
+            << f.text;
+    }
+    EXPECT_TRUE(alarm().Timer1.Enabled()) << "stage 0 leaves the timer on and silent";
+    EXPECT_EQ(IntervallAusStufe(33), -32536) << "the product wraps above 32";
+}
+
+}  // namespace
+}  // namespace kes::test
