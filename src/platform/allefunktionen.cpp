@@ -12,7 +12,7 @@ bool DateiLöschen(Plattform& p, const std::string& datei) {
     p.files.SetAttributes(datei, kAttrNormal);
     const long fehler = p.files.Delete(datei);
     if (fehler == 0) return true;
-    p.dialogs.MessageBox("Datei :" + datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(fehler),
+    p.dialogs.ShowMessage("Datei :" + datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(fehler),
                          "", kMbOk);
     return false;
 }
@@ -85,10 +85,10 @@ void ListeFärben(ListView& liste, long farbe, int spalte, int zeile) {
     }
 }
 
-void SeiteÖffnen(Plattform& p, const std::string& url) { p.shell.ShellExecute("", url, "", kSwShowNormal); }
+void SeiteÖffnen(Plattform& p, const std::string& url) { p.shell.OpenWithShell("", url, "", kSwShowNormal); }
 
 void MailSchreiben(Plattform& p, const std::string& adresse, const std::string& betreff, const std::string& text) {
-    p.shell.ShellExecute("Open", "mailto:" + adresse + "?Subject=" + betreff + "&Body=" + text, "", kSwShowNormal);
+    p.shell.OpenWithShell("Open", "mailto:" + adresse + "?Subject=" + betreff + "&Body=" + text, "", kSwShowNormal);
 }
 
 std::vector<std::string> ZeilenLesen(const std::string& inhalt) {

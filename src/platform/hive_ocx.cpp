@@ -7,7 +7,9 @@ namespace kes {
 
 namespace {
 // One NUL character and the empty text both name the default value.
-const char* Wertname(const std::string& name) { return (name.empty() || name[0] == '\0') ? "" : name.c_str(); }
+const char* Wertname(const std::string& name) {
+    return (name.empty() || name[0] == '\0') ? "" : name.c_str();
+}
 
 class Schlüssel {
 public:
@@ -26,6 +28,32 @@ private:
     RegistryApi& reg_;
     RegHandle h_ = 0;
 };
+
+constexpr std::uint32_t kRegQword = 11;
+
+std::string AlsText(std::uint32_t typ, const std::vector<std::uint8_t>& daten) {
+    if ((typ == kRegDword && daten.size() >= 4) || (typ == kRegQword && daten.size() >= 8)) {
+        std::uint64_t v = 0;
+        for (std::size_t i = typ == kRegDword ? 4 : 8; i-- > 0;) v = (v << 8) | daten[i];
+        return std::to_string(v);
+    }
+    if (typ == kRegSz || typ == kRegExpandSz || typ == kRegMultiSz) {
+        std::string text(daten.begin(), daten.end());
+        while (!text.empty() && text.back() == '\0') text.pop_back();
+        if (typ == kRegMultiSz)
+            for (char& c : text)
+                if (c == '\0') c = ' ';
+        return text;
+    }
+    static const char kZiffern[] = "0123456789abcdef";
+    std::string hex;
+    for (std::uint8_t b : daten) {
+        if (!hex.empty()) hex += ' ';
+        hex += kZiffern[b >> 4];
+        hex += kZiffern[b & 15];
+    }
+    return hex;
+}
 }  // namespace
 
 RegHandle HandleVonHive(int hive) {
@@ -41,13 +69,11 @@ std::string HiveOCX::ReadValue(int hive, const std::string& key, const std::stri
     std::vector<std::uint8_t> daten(grösse + 1, 0);
     if (reg_.QueryValueEx(k.get(), Wertname(name), &typ, daten.data(), &grösse) != kErrorSuccess) return "";
     daten.resize(grösse);
-    if (typ == kRegDword && grösse >= 4) {
-        const std::uint32_t v = daten[0] | (daten[1] << 8) | (daten[2] << 16) | (static_cast<std::uint32_t>(daten[3]) << 24);
-        return std::to_string(v);
-    }
-    std::string text(daten.begin(), daten.end());
-    while (!text.empty() && text.back() == '\0') text.pop_back();
-    return text;
+    return AlsText(typ, daten);
+}
+
+std::string HiveOCX::ReadValueText(int hive, std::string& key, std::string& name) {
+    return ReadValue(hive, key, name);
 }
 
 void HiveOCX::WriteValue(int hive, const std::string& key, const std::string& name, const std::string& data) {
@@ -64,7 +90,36 @@ void HiveOCX::DeleteValue(int hive, const std::string& key, const std::string& n
     if (k.get()) reg_.DeleteValue(k.get(), Wertname(name));
 }
 
-bool HiveOCX::KeyExists(int hive, const std::string& key) { return Schlüssel(reg_, hive, key, kKeyRead).get() != 0; }
+void HiveOCX::DeleteKey(int hive, const std::string& key) {
+    const RegHandle root = HandleVonHive(hive);
+    if (root != 0) reg_.DeleteKey(root, key);
+}
+
+void HiveOCX::DeleteKeyTree(std::int32_t root, const std::string& key) {
+    Baum(static_cast<RegHandle>(static_cast<std::uint32_t>(root)), key, 0);
+}
+
+// Depth first: a key can only go once its subkeys are gone. The depth limit keeps a
+// key that refuses deletion from being walked forever.
+void HiveOCX::Baum(RegHandle root, const std::string& key, int tiefe) {
+    if (key.empty() || tiefe > 64) return;
+    RegHandle h = 0;
+    if (reg_.OpenKeyEx(root, key, kKeyAllAccess, &h) != kErrorSuccess) return;
+    std::vector<std::string> kinder;
+    char name[256];
+    for (std::uint32_t i = 0;; ++i) {
+        std::uint32_t länge = sizeof name;
+        if (reg_.EnumKeyEx(h, i, name, &länge) != kErrorSuccess) break;
+        kinder.emplace_back(name, länge);
+    }
+    reg_.CloseKey(h);
+    for (const auto& kind : kinder) Baum(root, key + "\\" + kind, tiefe + 1);
+    reg_.DeleteKey(root, key);
+}
+
+bool HiveOCX::KeyExists(int hive, const std::string& key) {
+    return Schlüssel(reg_, hive, key, kKeyRead).get() != 0;
+}
 
 bool HiveOCX::ValueExists(int hive, const std::string& key, const std::string& name) {
     Schlüssel k(reg_, hive, key, kKeyRead);

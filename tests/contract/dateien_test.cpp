@@ -54,7 +54,7 @@ TEST_F(Dateien, Append_CreatesThenExtends) {
 
 TEST_F(Dateien, WriteIntoMissingFolder_Fails) {
     EXPECT_FALSE(f.WriteAll(Pfad("nicht\\da.txt"), "x"));
-    EXPECT_TRUE(f.CreateDirectory(Pfad("nicht")));
+    EXPECT_TRUE(f.MakeDirectory(Pfad("nicht")));
     EXPECT_TRUE(f.WriteAll(Pfad("nicht\\da.txt"), "x"));
     EXPECT_EQ(f.GetAttributes(Pfad("nicht")) & kAttrDirectory, kAttrDirectory);
     EXPECT_FALSE(f.Length(Pfad("nicht")).has_value());
@@ -88,7 +88,7 @@ TEST_F(Dateien, FindWalk_ListsDotsHiddenAndSystemFilesAndSubfolders) {
     ASSERT_TRUE(f.SetAttributes(Pfad("versteckt.txt"), kAttrHidden));
     ASSERT_TRUE(f.WriteAll(Pfad("system.sys"), "s"));
     ASSERT_TRUE(f.SetAttributes(Pfad("system.sys"), kAttrSystem | kAttrHidden));
-    ASSERT_TRUE(f.CreateDirectory(Pfad("unter")));
+    ASSERT_TRUE(f.MakeDirectory(Pfad("unter")));
 
     const auto alle = Suche("*.*");
     ASSERT_EQ(alle.size(), 6u);

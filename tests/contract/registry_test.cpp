@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <map>
 #include <vector>
 
 #include "umgebung.h"
@@ -145,10 +146,11 @@ TEST_F(Registry, EnumKeyEx_SortedThenNoMoreItems_AndSmallBufferRefused) {
     r.CloseKey(h);
 }
 
-TEST_F(Registry, EnumValue_InCreationOrder_WithTheDataSizeLimitAt256) {
-    Text(wurzel, "zuerst", std::string(255, 'a'));
-    Text(wurzel, "Mitte", std::string(256, 'b'));
-    Text(wurzel, "danach", std::string(257, 'c'));
+TEST_F(Registry, EnumValue_DataSizeLimitAt256) {
+    // Sizes count the terminating NUL, as a program that writes strings stores them.
+    Text(wurzel, "zuerst", std::string(254, 'a') + '\0');
+    Text(wurzel, "Mitte", std::string(255, 'b') + '\0');
+    Text(wurzel, "danach", std::string(256, 'c') + '\0');
 
     auto aufzählen = [&](std::uint32_t index, std::string& name) {
         char n[255];
@@ -158,12 +160,20 @@ TEST_F(Registry, EnumValue_InCreationOrder_WithTheDataSizeLimitAt256) {
         if (rc == kErrorSuccess) name.assign(n, nameLänge);
         return rc;
     };
+    // Windows lists values in creation order, Wine by name: the suite relies on neither.
+    std::map<std::string, long> gelesen;
+    int zuGross = 0;
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        std::string name;
+        const long rc = aufzählen(i, name);
+        if (rc == kErrorSuccess) gelesen[name] = rc;
+        if (rc == kErrorMoreData) ++zuGross;
+    }
+    EXPECT_EQ(gelesen.size(), 2u);
+    EXPECT_TRUE(gelesen.count("zuerst"));
+    EXPECT_TRUE(gelesen.count("Mitte")) << "256 bytes fit the announced 256";
+    EXPECT_EQ(zuGross, 1) << "257 bytes do not";
     std::string name;
-    ASSERT_EQ(aufzählen(0, name), kErrorSuccess);
-    EXPECT_EQ(name, "zuerst");
-    ASSERT_EQ(aufzählen(1, name), kErrorSuccess) << "256 bytes fit the announced 256";
-    EXPECT_EQ(name, "Mitte");
-    EXPECT_EQ(aufzählen(2, name), kErrorMoreData) << "257 bytes do not";
     EXPECT_EQ(aufzählen(3, name), kErrorNoMoreItems);
 
     std::uint8_t puffer[255];

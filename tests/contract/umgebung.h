@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/seam/file_api.h"
+#include "platform/seam/plattform.h"
 #include "platform/seam/registry_api.h"
 
 namespace kes::vertrag {
@@ -22,6 +23,11 @@ public:
     virtual void Freigeben(const std::string& pfad) = 0;
     // Called before each test.
     virtual void Neu() = 0;
+    // The whole platform of this environment, for the system's own modules over the seam.
+    virtual Plattform& Alles() = 0;
+    // A file with a version resource of its own: "deutsch.dll" (first translation German
+    // 0407/04E4, a second one English 0409/04B0) or "hoch.dll" (code page 65001).
+    virtual std::string PeDatei(const std::string& name) = 0;
 };
 
 Umgebung& DieUmgebung();

@@ -110,7 +110,7 @@ std::optional<std::int64_t> FakeFiles::Length(const std::string& path) {
     return static_cast<std::int64_t>(e->daten.size());
 }
 
-bool FakeFiles::CreateDirectory(const std::string& path) {
+bool FakeFiles::MakeDirectory(const std::string& path) {
     const std::string k = Schlüssel(path);
     if (Finde(k)) return false;
     const Eintrag* eltern = Finde(Eltern(k));

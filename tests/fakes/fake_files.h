@@ -22,7 +22,7 @@ public:
     std::uint32_t GetAttributes(const std::string& path) override;
     bool SetAttributes(const std::string& path, std::uint32_t attributes) override;
     std::optional<std::int64_t> Length(const std::string& path) override;
-    bool CreateDirectory(const std::string& path) override;
+    bool MakeDirectory(const std::string& path) override;
     FindHandle FindFirst(const std::string& pattern, FindData* out) override;
     bool FindNext(FindHandle h, FindData* out) override;
     void FindClose(FindHandle h) override;

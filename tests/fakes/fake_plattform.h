@@ -2,10 +2,15 @@
 // the program in C:\Programme\Kestrella.
 #pragma once
 
+#include "fake_file_details.h"
+#include <vector>
+
 #include "fake_files.h"
+#include "fake_processes.h"
 #include "fake_registry.h"
 #include "fake_shell.h"
 #include "fake_timers.h"
+#include "platform/ini_datei.h"
 #include "platform/seam/plattform.h"
 
 namespace kes::fake {
@@ -35,6 +40,12 @@ class FakeDialup : public DialupApi {
 public:
     int verbindungen = 0;
     int ConnectionCount() override { return verbindungen; }
+    std::vector<std::string> gelöscht;
+    long löschFehler = 0;
+    long DeleteEntry(const std::string& name) override {
+        gelöscht.push_back(name);
+        return löschFehler;
+    }
 };
 
 struct FakePlattform {
@@ -46,7 +57,11 @@ struct FakePlattform {
     FakeTimers timers;
     FakeSystem system;
     FakeDialup dialup;
-    Plattform plattform{registry, files, shell, dialogs, sound, timers, system, dialup};
+    FakeTray tray;
+    FakeProcesses processes{files};
+    FakeFileDetails details{files};
+    IniDatei profiles{files};
+    Plattform plattform{registry, files, shell, dialogs, sound, timers, system, dialup, tray, processes, details, profiles};
 
     FakePlattform() {
         shell.ordner[kCsidlWindows] = "C:\\WINDOWS";

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/seam/shell_api.h"
+#include "platform/seam/tray_api.h"
 
 namespace kes::fake {
 
@@ -19,7 +20,7 @@ public:
         int show;
     };
     std::vector<Aufruf> kommandos;
-    std::vector<std::string> geöffnet;  // ShellExecute: verb|file|params
+    std::vector<std::string> geöffnet;  // OpenWithShell: verb|file|params
     std::map<int, std::string> ordner;
     // Runs for each command line, so a test can make a command change the system.
     std::function<void(const std::string&)> beimStarten;
@@ -29,7 +30,7 @@ public:
         if (beimStarten) beimStarten(commandLine);
         return true;
     }
-    long ShellExecute(const std::string& verb, const std::string& file, const std::string& params, int) override {
+    long OpenWithShell(const std::string& verb, const std::string& file, const std::string& params, int) override {
         geöffnet.push_back(verb + "|" + file + "|" + params);
         return 42;
     }
@@ -49,7 +50,7 @@ public:
     std::vector<Meldung> meldungen;
     std::deque<int> antworten;
 
-    int MessageBox(const std::string& text, const std::string& title, int flags) override {
+    int ShowMessage(const std::string& text, const std::string& title, int flags) override {
         meldungen.push_back({text, title, flags});
         if (antworten.empty()) return kIdOk;
         const int a = antworten.front();
@@ -66,6 +67,31 @@ public:
         gespielt.push_back(name);
         return true;
     }
+};
+
+}  // namespace kes::fake
+
+namespace kes::fake {
+
+// Records every call with its record; Shown tells what the notification area holds now.
+class FakeTray : public TrayApi {
+public:
+    struct Aufruf {
+        int message;
+        TrayRecord record;
+    };
+    std::vector<Aufruf> aufrufe;
+    bool Notify(int message, const TrayRecord& record) override {
+        aufrufe.push_back({message, record});
+        if (message == kNimDelete) angezeigt_ = false;
+        if (message == kNimAdd) angezeigt_ = true;
+        return true;
+    }
+    bool Shown() const { return angezeigt_; }
+    const TrayRecord& Last() const { return aufrufe.back().record; }
+
+private:
+    bool angezeigt_ = false;
 };
 
 }  // namespace kes::fake

@@ -48,7 +48,7 @@ public:
     virtual bool SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
     // Length in bytes; nullopt for a missing file or a folder.
     virtual std::optional<std::int64_t> Length(const std::string& path) = 0;
-    virtual bool CreateDirectory(const std::string& path) = 0;
+    virtual bool MakeDirectory(const std::string& path) = 0;
     // FindFirstFileA with a pattern such as "C:\dir\*.*" ('*' and '?' in the last part).
     // kInvalidFind when nothing matches or the folder is missing.
     virtual FindHandle FindFirst(const std::string& pattern, FindData* out) = 0;

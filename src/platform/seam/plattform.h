@@ -3,10 +3,14 @@
 #pragma once
 
 #include "platform/seam/file_api.h"
+#include "platform/seam/file_detail_api.h"
+#include "platform/seam/process_api.h"
+#include "platform/seam/profile_api.h"
 #include "platform/seam/registry_api.h"
 #include "platform/seam/shell_api.h"
 #include "platform/seam/system_api.h"
 #include "platform/seam/timer_api.h"
+#include "platform/seam/tray_api.h"
 
 namespace kes {
 
@@ -19,6 +23,10 @@ struct Plattform {
     TimerApi& timers;
     SystemApi& system;
     DialupApi& dialup;
+    TrayApi& tray;
+    ProcessApi& processes;
+    FileDetailApi& details;
+    ProfileApi& profiles;
 };
 
 }  // namespace kes

@@ -34,7 +34,7 @@ public:
     // program could not be started.
     virtual bool RunCommand(const std::string& commandLine, int show) = 0;
     // ShellExecuteA; the result is the platform's (above 32 means success).
-    virtual long ShellExecute(const std::string& verb, const std::string& file, const std::string& params,
+    virtual long OpenWithShell(const std::string& verb, const std::string& file, const std::string& params,
                               int show) = 0;
     // SHGetSpecialFolderLocation + SHGetPathFromIDListA; nullopt when the shell refuses.
     virtual std::optional<std::string> SpecialFolder(int csidl) = 0;
@@ -45,7 +45,7 @@ public:
     virtual ~DialogApi() = default;
     // MessageBoxA without owner; an empty title means the program's default title.
     // Returns the button as the platform numbers it (OK 1, Yes 6, No 7).
-    virtual int MessageBox(const std::string& text, const std::string& title, int flags) = 0;
+    virtual int ShowMessage(const std::string& text, const std::string& title, int flags) = 0;
 };
 
 class SoundApi {

@@ -34,6 +34,8 @@ public:
     virtual ~DialupApi() = default;
     // RasEnumConnectionsA into 256 records of 412 bytes: the count it leaves, whatever it returned.
     virtual int ConnectionCount() = 0;
+    // RasDeleteEntryA without a phone book: 0 on success, else the platform's error.
+    virtual long DeleteEntry(const std::string& name) = 0;
 };
 
 }  // namespace kes

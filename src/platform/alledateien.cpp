@@ -1,0 +1,81 @@
+#include "platform/alledateien.h"
+
+#include "platform/text.h"
+
+namespace kes {
+
+namespace {
+constexpr std::uint32_t kOrdnerAttribut = 0x10;
+
+// One pass over the folder. The first records files and notes subfolders; the second,
+// made only when a filter hid the subfolders, notes subfolders alone.
+void Durchgang(Plattform& p, const std::string& ordner, const std::string& filter, bool dateien, bool recurse,
+               std::vector<DateiEintrag>& records, std::vector<std::string>& unterordner) {
+    FindRecord fd;
+    const FindHandle h = p.details.FindFirst(ordner + "\\" + filter, &fd);
+    if (h == kInvalidFind) return;
+    const std::string muster = ordner + "\\" + filter;
+    const std::string ordnerText = muster.substr(0, muster.find_last_of('\\') + 1);
+    do {
+        const std::string name = fd.name.substr(0, fd.name.find('\0'));
+        if (!(fd.attributes & kOrdnerAttribut)) {
+            if (dateien) {
+                records.emplace_back();
+                p.timers.PumpMessages();
+                DateiEintrag& e = records.back();
+                e.Ordner = ordnerText;
+                e.Name = name;
+                e.Kurzname = fd.shortName.substr(0, fd.shortName.find('\0'));
+                if (e.Kurzname.empty()) e.Kurzname = e.Name;
+                e.Erstellt = fd.creationTime;
+                e.Zugriff = fd.lastAccessTime;
+                e.Geschrieben = fd.lastWriteTime;
+                e.Grösse = fd.sizeLow;
+                e.Attribute = fd.attributes;
+            }
+        } else if (recurse && name != "." && name != "..") {
+            unterordner.push_back(name);
+        }
+        p.timers.PumpMessages();
+    } while (p.details.FindNext(h, &fd));
+    p.details.FindClose(h);
+}
+}  // namespace
+
+void DateienSuchen(Plattform& p, const std::string& ordnerIn, bool recurse, const std::string& filter,
+                   std::vector<DateiEintrag>& records) {
+    p.timers.PumpMessages();
+    std::string ordner = ordnerIn;
+    if (!ordner.empty() && ordner.back() == '\\') ordner.pop_back();
+
+    std::vector<std::string> unterordner;
+    Durchgang(p, ordner, filter, true, recurse, records, unterordner);
+    if (!recurse) return;
+    // The filter hid the subfolders: a second look with "*.*" finds them. A folder that
+    // matched the filter is noted in both passes and so walked twice.
+    if (filter != "*.*") Durchgang(p, ordner, "*.*", false, recurse, records, unterordner);
+    for (const auto& name : unterordner) {
+        p.timers.PumpMessages();
+        DateienSuchen(p, ordner + "\\" + name, recurse, filter, records);
+    }
+}
+
+std::string PfadErweitern(std::string& pfad, const std::string& windowsordner) {
+    pfad = Klein(pfad);
+    if (pfad.compare(0, 12, "%systemroot%") == 0) return windowsordner + pfad.substr(12);
+    if (pfad.compare(0, 11, "\\systemroot") == 0) return windowsordner + pfad.substr(11);
+    if (pfad.compare(0, 8, "%windir%") == 0) return windowsordner + pfad.substr(8);
+    return pfad;
+}
+
+void SpalteAnpassen(ListenFenster& liste, int spalte, int breite) {
+    if (liste.View() != 3) return;
+    if (spalte < 1 || spalte > liste.ColumnCount()) return;
+    liste.SendMessage(kLvmSetColumnWidth, spalte - 1, breite);
+}
+
+void SpaltenAnpassen(ListenFenster& liste, int breite) {
+    for (int spalte = 1; spalte <= liste.ColumnCount(); ++spalte) SpalteAnpassen(liste, spalte, breite);
+}
+
+}  // namespace kes

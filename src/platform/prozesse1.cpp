@@ -1,0 +1,171 @@
+#include "platform/prozesse1.h"
+
+#include <algorithm>
+
+#include "platform/allefunktionen.h"
+#include "platform/text.h"
+
+namespace kes {
+
+namespace {
+constexpr std::uint32_t kPfadPuffer = 500;
+
+template <std::size_t N>
+std::string BisNul(const std::array<char, N>& feld) {
+    const auto ende = std::find(feld.begin(), feld.end(), '\0');
+    return std::string(feld.begin(), ende);
+}
+
+std::string Trimmen(const std::string& s) {
+    const auto a = s.find_first_not_of(' ');
+    if (a == std::string::npos) return "";
+    return s.substr(a, s.find_last_not_of(' ') - a + 1);
+}
+
+// Replace with text comparison: every place, found without regard to case.
+std::string ErsetzenOhneFall(const std::string& text, const std::string& alt, const std::string& neu) {
+    const std::string klein = Klein(text), altKlein = Klein(alt);
+    std::string aus;
+    std::size_t von = 0;
+    for (auto pos = klein.find(altKlein); pos != std::string::npos; pos = klein.find(altKlein, von)) {
+        aus += text.substr(von, pos - von) + neu;
+        von = pos + alt.size();
+    }
+    return aus + text.substr(von);
+}
+
+class Schnappschuss {
+public:
+    Schnappschuss(ProcessApi& api, std::uint32_t flags, std::uint32_t pid)
+        : api_(api), h_(api.CreateSnapshot(flags, pid)) {}
+    ~Schnappschuss() {
+        if (h_ != kKeinHandle) api_.CloseHandle(h_);
+    }
+    Schnappschuss(const Schnappschuss&) = delete;
+    Schnappschuss& operator=(const Schnappschuss&) = delete;
+    ProzessHandle get() const { return h_; }
+
+private:
+    ProcessApi& api_;
+    ProzessHandle h_;
+};
+}  // namespace
+
+std::string SystemVerzeichnis(Plattform& p) {
+    char puffer[260] = {};
+    const std::uint32_t n = p.processes.SystemDirectory(puffer, sizeof puffer);
+    return std::string(puffer, std::min<std::uint32_t>(n, sizeof puffer));
+}
+
+std::string KurzerPfad(Plattform& p, const std::string& pfad) {
+    char puffer[260] = {};
+    const std::uint32_t n = p.processes.ShortPathName(pfad, puffer, sizeof puffer);
+    // A result that does not fit gives the size it would need: nothing usable came back.
+    if (n >= sizeof puffer) return "";
+    return std::string(puffer, n);
+}
+
+bool ProzessBeenden(Plattform& p, std::uint32_t processId) {
+    try {
+        const ProzessHandle h = p.processes.OpenProcess(kProcessTerminate, processId);
+        const bool beendet = h != kKeinHandle && p.processes.TerminateProcess(h, 0);
+        if (h != kKeinHandle) p.processes.CloseHandle(h);
+        if (beendet) return true;
+        const int antwort = p.dialogs.ShowMessage(
+            "Diese Anwendung kann nicht geschlossen werden. Sie wird vielleicht gerade geschlossen, oder bearbeitet "
+            "einen langwierigen Auftrag!\r\nSie können per Task-Manager (Prozeese) die Prozessstruktur "
+            "beenden(Rechte Maustaste)?",
+            "", kMbSystemModal | kMbYesNo);
+        if (antwort == kIdYes) p.shell.RunCommand("taskmgr.exe cpl,,2", kSwShowNormal);
+    } catch (...) {
+        // Any error ends the routine with false.
+    }
+    return false;
+}
+
+void Prozesse1::ProzesseZaehlen() {
+    Schnappschuss snap(p_.processes, kSnapAll, 0);
+    std::int32_t anzahl = 0;
+    ProzessDaten pe;
+    for (bool ok = p_.processes.ProcessFirst(snap.get(), &pe); ok; ok = p_.processes.ProcessNext(snap.get(), &pe)) {
+        p_.timers.PumpMessages();
+        ++anzahl;
+    }
+    ProzessAnzahl = anzahl - 1;
+}
+
+void Prozesse1::ProzesseHolen() {
+    ProzesseZaehlen();
+    Schnappschuss snap(p_.processes, kSnapAll, 0);
+    std::size_t i = 0;
+    ProzessDaten pe;
+    for (bool ok = p_.processes.ProcessFirst(snap.get(), &pe); ok; ok = p_.processes.ProcessNext(snap.get(), &pe)) {
+        p_.timers.PumpMessages();
+        Prozesse.resize(i + 1);
+        ProcessRecord& r = Prozesse[i];
+        r.Name = BisNul(pe.szExeFile);
+        r.ParentId = static_cast<std::int32_t>(pe.th32ParentProcessID);
+        r.ProcessId = static_cast<std::int32_t>(pe.th32ProcessID);
+        if (pe.cntThreads > 0) {
+            r.Alive = true;
+            r.ThreadCount = static_cast<std::int32_t>(pe.cntThreads);
+        }
+        ModuleHolen(pe.th32ProcessID, r.ModuleNames, r.ModulePaths, r.ModuleCount);
+        r.Path = ProzessPfad(pe.th32ProcessID, 0, r.Name);
+        ++i;
+    }
+    ProzessAnzahl = static_cast<std::int32_t>(i) - 1;
+}
+
+void Prozesse1::ModuleHolen(std::uint32_t processId, std::vector<std::string>& names, std::vector<std::string>& paths,
+                            std::int32_t& count) {
+    if (processId == 0) {
+        count = 0;
+        return;
+    }
+    names.clear();
+    paths.clear();
+    count = 0;
+    Schnappschuss snap(p_.processes, kSnapModule, processId);
+    ModulDaten me;
+    bool programmdatei = true;
+    for (bool ok = p_.processes.ModuleFirst(snap.get(), &me); ok; ok = p_.processes.ModuleNext(snap.get(), &me)) {
+        p_.timers.PumpMessages();
+        ++ModulZähler;
+        if (programmdatei) {
+            programmdatei = false;
+            continue;
+        }
+        ++count;
+        names.resize(count);
+        paths.resize(count);
+        names[count - 1] = BisNul(me.szModule);
+        paths[count - 1] = ProzessPfad(processId, me.hModule, names[count - 1]);
+    }
+    --ModulZähler;
+    --count;
+}
+
+std::string Prozesse1::ProzessPfad(std::uint32_t processId, std::uintptr_t module, const std::string& name) {
+    // Errors carry on at the next step throughout.
+    const ProzessHandle h = p_.processes.OpenProcess(kProcessQueryRead, processId);
+    std::string puffer(kPfadPuffer, ' ');
+    std::uint32_t n = 0;
+    if (h != kKeinHandle) n = p_.processes.ModuleFileName(h, module, puffer.data(), kPfadPuffer);
+    std::string text = Trimmen(Gross(puffer.substr(0, std::min(n, kPfadPuffer))));
+
+    const std::string system = SystemVerzeichnis(p_);
+    if (text.find("\\SYSTEMROOT\\") != std::string::npos)
+        text = ErsetzenOhneFall(text, "\\SYSTEMROOT\\System32", system);
+    if (!text.empty()) {
+        // A prefix such as "\??\" goes; a text with no drive, or one that starts with ":\",
+        // stays as it is, since cutting there fails and is passed over.
+        const auto pos = text.find(":\\");
+        if (pos != std::string::npos && pos != 1 && pos != 0) text = text.substr(pos - 1);
+    }
+    if (text.empty() && DateiVorhanden(p_, system + "\\" + name)) text = system + "\\" + name;
+    if (h != kKeinHandle) p_.processes.CloseHandle(h);
+    return text;
+}
+
+}  // namespace kes

@@ -1,0 +1,63 @@
+// The module Prozesse1: the table of running processes with their loaded modules and
+// paths, taken from tool-help snapshots, and the end of a process. The process watcher,
+// the first-run baseline and the kill action of the warning work on its table.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/seam/plattform.h"
+
+namespace kes {
+
+struct ProcessRecord {
+    std::string Name;  // the snapshot's file name
+    std::string Path;  // worked out by ProzessPfad; may be empty
+    std::int32_t ProcessId = 0;
+    std::int32_t ParentId = 0;
+    bool Alive = false;
+    std::int32_t ThreadCount = 0;
+    std::vector<std::string> ModuleNames;
+    std::vector<std::string> ModulePaths;
+    // One below the number of stored modules: readers go from 1 to ModuleCount, so the
+    // first stored module is never shown, and -1 means no modules.
+    std::int32_t ModuleCount = 0;
+};
+
+// The system folder as GetSystemDirectoryA gives it.
+std::string SystemVerzeichnis(Plattform& p);
+// The short form of a path (GetShortPathNameA, 260 characters); empty when it is missing.
+std::string KurzerPfad(Plattform& p, const std::string& pfad);
+// Ends the process. When the system refuses, asks whether to open the task manager's
+// process page, and opens it on yes. True only when the process was ended.
+bool ProzessBeenden(Plattform& p, std::uint32_t processId);
+
+class Prozesse1 {
+public:
+    explicit Prozesse1(Plattform& p) : p_(p) {}
+
+    std::vector<ProcessRecord> Prozesse;  // the process table
+    std::int32_t ProzessAnzahl = -1;      // the last index of the table
+    std::int32_t ModulZähler = 0;         // modules seen since it was last set to 0
+
+    // Sets ProzessAnzahl to the last index of a fresh snapshot.
+    void ProzesseZaehlen();
+    // Fills the table from a second snapshot; entries beyond the new count are cut, the
+    // others overwritten field by field.
+    void ProzesseHolen();
+    // The modules of one process, the program file passed over. count ends one below the
+    // number stored: -1 for a process with only its program file or a failed walk, and 0
+    // for process 0, which is not walked.
+    void ModuleHolen(std::uint32_t processId, std::vector<std::string>& names, std::vector<std::string>& paths,
+                     std::int32_t& count);
+    // The module's file in upper case, "\SystemRoot\System32" put as the system folder and
+    // any prefix before the drive dropped; when the process cannot be asked, the system
+    // folder's file of that name if there is one.
+    std::string ProzessPfad(std::uint32_t processId, std::uintptr_t module, const std::string& name);
+
+private:
+    Plattform& p_;
+};
+
+}  // namespace kes

@@ -1,0 +1,167 @@
+#include "platform/registry.h"
+
+#include <cstring>
+
+#include "core/steuerelemente.h"
+#include "platform/hive_ocx.h"
+
+namespace kes {
+
+namespace {
+constexpr std::uint32_t kNamePuffer = 2000;
+constexpr std::uint32_t kDienstGrenze = 3000;
+constexpr std::uint32_t kListenPuffer = 255;
+
+std::string BisNul(const char* puffer, std::size_t länge) {
+    const std::string s(puffer, länge);
+    return s.substr(0, s.find('\0'));
+}
+}  // namespace
+
+std::string RootName(RegHandle root) {
+    switch (root) {
+        case kHkeyClassesRoot:
+            return "HKEY_CLASSES_ROOT";
+        case kHkeyCurrentUser:
+            return "HKEY_CURRENT_USER";
+        case kHkeyLocalMachine:
+            return "HKEY_LOCAL_MACHINE";
+        case kHkeyUsers:
+            return "HKEY_USERS";
+        case kHkeyPerformanceData:
+            return "HKEY_PERFORMANCE_DATA";
+        case kHkeyCurrentConfig:
+            return "HKEY_CURRENT_CONFIG";
+        case kHkeyDynData:
+            return "HKEY_DYN_DATA";
+        default:
+            return "";
+    }
+}
+
+int HiveVonHandle(RegHandle root) {
+    if (root < kHkeyClassesRoot || root > kHkeyDynData) return -1;
+    return static_cast<int>(root - kHkeyClassesRoot);
+}
+
+void Registry::OpenKey(RegHandle root, const std::string& key, RegHandle& handle) {
+    p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &handle);
+}
+
+bool Registry::CloseKey(RegHandle handle) {
+    return p_.registry.CloseKey(handle) == kErrorSuccess;
+}
+
+std::vector<std::string> Registry::EnumSubkeys(RegHandle handle) {
+    std::vector<std::string> namen;
+    std::vector<char> puffer(kNamePuffer);
+    for (std::uint32_t i = 0;; ++i) {
+        p_.timers.PumpMessages();
+        std::fill(puffer.begin(), puffer.end(), '\0');
+        std::uint32_t grösse = kNamePuffer;
+        p_.timers.PumpMessages();
+        const long rc = p_.registry.EnumKeyEx(handle, i, puffer.data(), &grösse);
+        p_.timers.PumpMessages();
+        // Stored whatever the call returned: the failing call leaves the last entry.
+        namen.emplace_back(puffer.data(), std::min(grösse, kNamePuffer));
+        if (kategorie_ == "Dienste" && i + 1 > kDienstGrenze) return {};
+        if (rc == kErrorNoMoreItems) return namen;
+        // Only a refused handle fails here; its walk would never end.
+        if (rc == kErrorInvalidHandle) return {};
+    }
+}
+
+std::vector<WertEintrag> Registry::EnumValues(RegHandle handle) {
+    std::vector<WertEintrag> werte;
+    std::vector<char> puffer(kNamePuffer);
+    std::uint32_t typ = 0;  // kept across rounds: the failing call does not touch it
+    for (std::uint32_t i = 0;; ++i) {
+        p_.timers.PumpMessages();
+        std::fill(puffer.begin(), puffer.end(), '\0');
+        std::uint32_t grösse = kNamePuffer, datenGrösse = kNamePuffer;
+        const long rc = p_.registry.EnumValue(handle, i, puffer.data(), &grösse, &typ, nullptr, &datenGrösse);
+        werte.push_back({std::to_string(typ), std::string(puffer.data(), std::min(grösse, kNamePuffer))});
+        if (rc == kErrorNoMoreItems) return werte;
+        if (rc == kErrorInvalidHandle) return {};
+    }
+}
+
+std::vector<std::string> Registry::GetSubkeys(RegHandle root, const std::string& key) {
+    p_.timers.PumpMessages();
+    RegHandle h = 0;
+    p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &h);
+    auto namen = EnumSubkeys(h);
+    CloseKey(h);
+    return namen;
+}
+
+std::vector<std::string> Registry::GetValueNames(RegHandle root, const std::string& key) {
+    RegHandle h = 0;
+    OpenKey(root, key, h);
+    const auto werte = EnumValues(h);
+    CloseKey(h);
+    std::vector<std::string> namen;
+    namen.reserve(werte.size());
+    for (const auto& w : werte) namen.push_back(w.Name);
+    return namen;
+}
+
+std::vector<WertDaten> Registry::GetValueList(RegHandle root, const std::string& key) {
+    std::vector<WertDaten> liste;
+    RegHandle h = 0;
+    if (p_.registry.OpenKeyEx(root, key, kKeyQueryValue, &h) != kErrorSuccess) return liste;
+
+    HiveOCX hive(p_.registry);
+    // The enumeration is told of 256 bytes while it has 255 to spare: the buffer really
+    // holds 256, so a value of exactly 256 bytes passes here and fails in the query below.
+    std::uint8_t enumDaten[kListenPuffer + 1];
+    for (std::uint32_t i = 0;; ++i) {
+        char name[kListenPuffer];
+        std::memset(name, ' ', sizeof name);
+        std::uint32_t nameGrösse = kListenPuffer, typ = 0, datenGrösse = kListenPuffer + 1;
+        if (p_.registry.EnumValue(h, i, name, &nameGrösse, &typ, enumDaten, &datenGrösse) != kErrorSuccess) break;
+
+        liste.assign(i + 1, WertDaten{});
+        const std::string wertName = BisNul(name, sizeof name);
+
+        std::uint8_t daten[kListenPuffer];
+        std::memset(daten, ' ', sizeof daten);
+        std::uint32_t grösse = kListenPuffer;
+        typ = kRegSz;
+        std::string text;
+        if (p_.registry.QueryValueEx(h, wertName.c_str(), &typ, daten, &grösse) == kErrorSuccess) {
+            text.assign(reinterpret_cast<const char*>(daten), std::min(grösse, kListenPuffer));
+            while (!text.empty() && text.back() == '\0') text.pop_back();
+        }
+        liste[i] = {wertName, text};
+
+        if (kategorie_ == "AutostartRegistry" && listView33_ &&
+            (root == kHkeyLocalMachine || root == kHkeyCurrentUser || root == kHkeyUsers)) {
+            std::string pfad = key, wert = wertName;
+            ListItem& zeile = listView33_->Add(RootName(root));
+            zeile.SetSubItem(1, key);
+            zeile.SetSubItem(2, wertName);
+            zeile.SetSubItem(3, text);
+            zeile.SetSubItem(4, hive.ReadValueText(HiveVonHandle(root), pfad, wert));
+        }
+    }
+    p_.registry.CloseKey(h);
+    return liste;
+}
+
+std::vector<std::string> ListSubkeys(Plattform& p, RegHandle root, const std::string& key) {
+    std::vector<std::string> namen(1);
+    RegHandle h = 0;
+    if (p.registry.OpenKeyEx(root, key, kKeyEnumerateSubKeys, &h) != kErrorSuccess) return namen;
+    for (std::uint32_t i = 0;; ++i) {
+        char puffer[kListenPuffer];
+        std::memset(puffer, ' ', sizeof puffer);
+        if (p.registry.EnumKey(h, i, puffer, sizeof puffer) != kErrorSuccess) break;
+        if (namen.size() < i + 1) namen.resize(i + 1);
+        namen[i] = BisNul(puffer, sizeof puffer);
+    }
+    p.registry.CloseKey(h);
+    return namen;
+}
+
+}  // namespace kes

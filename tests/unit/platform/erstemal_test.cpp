@@ -1,0 +1,53 @@
+// The first process baseline: one line per running process, with the path found for it.
+#include "core/erstemal.h"
+
+#include "programm_test_basis.h"
+
+namespace kes::test {
+namespace {
+
+class ErsterLauf : public ProgrammTest {
+protected:
+    void SetUp() override { Pfade(); }
+    void Prozess(const std::string& name, std::uint32_t pid, const std::string& pfad, bool verweigert = false) {
+        fake::FakeProzess p;
+        p.name = name;
+        p.pid = pid;
+        p.pfad = pfad;
+        p.öffnenVerweigert = verweigert;
+        fp.processes.prozesse.push_back(p);
+    }
+    std::string Baseline() { return fp.files.Content(ordner + "daten\\prozesse.txt"); }
+};
+
+TEST_F(ErsterLauf, WritesEveryProcessButTheSystemsOwn_WithThePathsFound) {
+    fp.files.Put(ordner + "daten\\prozesse.txt", "alt.exe#C:\\ALT.EXE\r\n");
+    fp.files.Put("C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe", "MZ");
+    fp.files.Put("C:\\WINDOWS\\explorer.exe", "MZ");
+    Prozess("[System Process]", 0, "");
+    Prozess("System", 4, "", true);
+    Prozess("notepad.exe", 100, "C:\\WINDOWS\\system32\\notepad.exe");
+    Prozess("wmiprvse.exe", 101, "", true);
+    Prozess("explorer.exe", 102, "", true);
+    Prozess("unbekannt.exe", 103, "", true);
+    Prozess("system", 104, "", true);
+
+    ErstemalAnzeigen(prg);
+
+    EXPECT_EQ(Baseline(),
+              "notepad.exe#C:\\WINDOWS\\SYSTEM32\\NOTEPAD.EXE\r\n"
+              "wmiprvse.exe#C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe\r\n"
+              "explorer.exe#C:\\WINDOWS\\explorer.exe\r\n"
+              "unbekannt.exe#\r\n"
+              "system#\r\n");
+}
+
+TEST_F(ErsterLauf, NoProcessesAtAll_LeavesAnEmptyFile) {
+    fp.files.Put(ordner + "daten\\prozesse.txt", "alt.exe#C:\\ALT.EXE\r\n");
+    ErstemalAnzeigen(prg);
+    EXPECT_TRUE(fp.files.Exists(ordner + "daten\\prozesse.txt"));
+    EXPECT_EQ(Baseline(), "");
+}
+
+}  // namespace
+}  // namespace kes::test

@@ -1,0 +1,148 @@
+// The process table from a scripted snapshot: names, modules and their count, paths as
+// the system reports them, and ending a process.
+#include "platform/prozesse1.h"
+
+#include <gtest/gtest.h>
+
+#include "fake_plattform.h"
+
+namespace kes::test {
+namespace {
+
+using fake::FakeModul;
+using fake::FakeProzess;
+
+class ProzessTabelle : public ::testing::Test {
+protected:
+    fake::FakePlattform fp;
+    Prozesse1 tabelle{fp.plattform};
+
+    void SetUp() override { fp.files.Put("C:\\WINDOWS\\system32\\smss.exe", "MZ"); }
+
+    FakeProzess& Prozess(const std::string& name, std::uint32_t pid, const std::string& pfad) {
+        FakeProzess p;
+        p.name = name;
+        p.pid = pid;
+        p.eltern = 4;
+        p.threads = 3;
+        p.pfad = pfad;
+        fp.processes.prozesse.push_back(p);
+        return fp.processes.prozesse.back();
+    }
+    std::string Pfad(const std::string& gemeldet) {
+        const std::uint32_t pid = 7000 + static_cast<std::uint32_t>(fp.processes.prozesse.size());
+        Prozess("x.exe", pid, gemeldet);
+        return tabelle.ProzessPfad(pid, 0, "x.exe");
+    }
+};
+
+TEST_F(ProzessTabelle, Snapshot_FillsTheTableInSnapshotOrder) {
+    Prozess("[System Process]", 0, "").threads = 1;
+    Prozess("notepad.exe", 1200, "C:\\WINDOWS\\system32\\notepad.exe").threads = 2;
+    Prozess("tot.exe", 1300, "C:\\tot.exe").threads = 0;
+    tabelle.ProzesseHolen();
+
+    ASSERT_EQ(tabelle.Prozesse.size(), 3u);
+    EXPECT_EQ(tabelle.ProzessAnzahl, 2);
+    const ProcessRecord& np = tabelle.Prozesse[1];
+    EXPECT_EQ(np.Name, "notepad.exe");
+    EXPECT_EQ(np.ProcessId, 1200);
+    EXPECT_EQ(np.ParentId, 4);
+    EXPECT_TRUE(np.Alive);
+    EXPECT_EQ(np.ThreadCount, 2);
+    EXPECT_EQ(np.Path, "C:\\WINDOWS\\SYSTEM32\\NOTEPAD.EXE");
+    EXPECT_FALSE(tabelle.Prozesse[2].Alive) << "no threads, no life";
+    EXPECT_EQ(tabelle.Prozesse[0].ModuleCount, 0) << "process 0 is not walked";
+    EXPECT_EQ(fp.processes.OffeneHandles(), 0);
+    EXPECT_GT(fp.timers.pumpen, 0) << "the walk lets window messages run";
+}
+
+TEST_F(ProzessTabelle, SecondFill_CutsTheTableToTheNewSnapshot) {
+    Prozess("a.exe", 10, "C:\\a.exe");
+    Prozess("b.exe", 11, "C:\\b.exe");
+    tabelle.ProzesseHolen();
+    fp.processes.prozesse.pop_back();
+    tabelle.ProzesseHolen();
+    ASSERT_EQ(tabelle.Prozesse.size(), 1u);
+    EXPECT_EQ(tabelle.ProzessAnzahl, 0);
+}
+
+TEST_F(ProzessTabelle, NameFillingTheWholeField_IsKeptWhole) {
+    Prozess(std::string(260, 'n'), 10, "");
+    tabelle.ProzesseHolen();
+    EXPECT_EQ(tabelle.Prozesse[0].Name, std::string(260, 'n'));
+}
+
+TEST_F(ProzessTabelle, Modules_FirstIsPassedOver_AndTheCountIsOneBelowTheStored) {
+    auto& p = Prozess("explorer.exe", 1500, "C:\\WINDOWS\\Explorer.EXE");
+    p.module = {{"ntdll.dll", "C:\\WINDOWS\\system32\\ntdll.dll"},
+                {"kernel32.dll", "C:\\WINDOWS\\system32\\kernel32.dll"},
+                {"shell32.dll", "C:\\WINDOWS\\system32\\shell32.dll"}};
+    tabelle.ProzesseHolen();
+    const ProcessRecord& r = tabelle.Prozesse[0];
+    EXPECT_EQ(r.ModuleNames, (std::vector<std::string>{"ntdll.dll", "kernel32.dll", "shell32.dll"}));
+    EXPECT_EQ(r.ModulePaths[1], "C:\\WINDOWS\\SYSTEM32\\KERNEL32.DLL");
+    EXPECT_EQ(r.ModuleCount, 2);
+    EXPECT_EQ(tabelle.ModulZähler, 3) << "four modules seen, less one";
+}
+
+TEST_F(ProzessTabelle, FailedModuleWalkOrProgramFileOnly_GiveCountMinusOne) {
+    Prozess("geschuetzt.exe", 20, "C:\\g.exe").modulWalkVerweigert = true;
+    Prozess("allein.exe", 21, "C:\\allein.exe");
+    tabelle.ProzesseHolen();
+    EXPECT_EQ(tabelle.Prozesse[0].ModuleCount, -1);
+    EXPECT_TRUE(tabelle.Prozesse[0].ModuleNames.empty());
+    EXPECT_EQ(tabelle.Prozesse[1].ModuleCount, -1);
+    EXPECT_TRUE(tabelle.Prozesse[1].ModuleNames.empty());
+}
+
+TEST_F(ProzessTabelle, ProzessPfad_NormalisesTheFormsTheSystemReports) {
+    EXPECT_EQ(Pfad("\\SystemRoot\\System32\\smss.exe"), "C:\\WINDOWS\\system32\\SMSS.EXE");
+    EXPECT_EQ(Pfad("\\??\\C:\\WINDOWS\\system32\\csrss.exe"), "C:\\WINDOWS\\SYSTEM32\\CSRSS.EXE");
+    EXPECT_EQ(Pfad("  c:\\programme\\tool.exe  "), "C:\\PROGRAMME\\TOOL.EXE");
+    EXPECT_EQ(Pfad("ohne laufwerk.exe"), "OHNE LAUFWERK.EXE") << "no drive, nothing to cut";
+}
+
+TEST_F(ProzessTabelle, ProzessPfad_ProcessThatRefuses_FallsBackToTheSystemFolder) {
+    Prozess("smss.exe", 30, "").öffnenVerweigert = true;
+    Prozess("fremd.exe", 31, "").öffnenVerweigert = true;
+    EXPECT_EQ(tabelle.ProzessPfad(30, 0, "smss.exe"), "C:\\WINDOWS\\system32\\smss.exe");
+    EXPECT_EQ(tabelle.ProzessPfad(31, 0, "fremd.exe"), "");
+    EXPECT_EQ(fp.processes.OffeneHandles(), 0);
+}
+
+TEST_F(ProzessTabelle, ProzessBeenden_EndedProcess_IsTrueWithoutQuestion) {
+    Prozess("weg.exe", 40, "C:\\weg.exe");
+    EXPECT_TRUE(ProzessBeenden(fp.plattform, 40));
+    EXPECT_EQ(fp.processes.beendet, (std::vector<std::uint32_t>{40}));
+    EXPECT_TRUE(fp.dialogs.meldungen.empty());
+}
+
+TEST_F(ProzessTabelle, ProzessBeenden_Refused_AsksAndOpensTheTaskManagerOnYes) {
+    Prozess("zaeh.exe", 41, "C:\\zaeh.exe").beendenVerweigert = true;
+    fp.dialogs.antworten = {kIdYes, kIdNo};
+    EXPECT_FALSE(ProzessBeenden(fp.plattform, 41));
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].flags, 4100);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text,
+              "Diese Anwendung kann nicht geschlossen werden. Sie wird vielleicht gerade geschlossen, oder "
+              "bearbeitet einen langwierigen Auftrag!\r\nSie können per Task-Manager (Prozeese) die "
+              "Prozessstruktur beenden(Rechte Maustaste)?");
+    ASSERT_EQ(fp.shell.kommandos.size(), 1u);
+    EXPECT_EQ(fp.shell.kommandos[0].kommando, "taskmgr.exe cpl,,2");
+    EXPECT_EQ(fp.shell.kommandos[0].show, kSwShowNormal);
+
+    EXPECT_FALSE(ProzessBeenden(fp.plattform, 999)) << "a process that is gone";
+    EXPECT_EQ(fp.shell.kommandos.size(), 1u) << "No opens nothing";
+}
+
+TEST_F(ProzessTabelle, KurzerPfadAndSystemVerzeichnis) {
+    fp.files.Put("C:\\Programme\\Kestrella\\Kestrella.exe", "MZ");
+    EXPECT_EQ(KurzerPfad(fp.plattform, "C:\\Programme\\Kestrella\\Kestrella.exe"),
+              "C:\\PROGRA~1\\KESTRE~1\\KESTRE~1.EXE");
+    EXPECT_EQ(KurzerPfad(fp.plattform, "C:\\fehlt.exe"), "");
+    EXPECT_EQ(SystemVerzeichnis(fp.plattform), "C:\\WINDOWS\\system32");
+}
+
+}  // namespace
+}  // namespace kes::test
