@@ -1,5 +1,8 @@
 #include "assistant/form2.h"
 
+#include "core/programm.h"
+#include "platform/allefunktionen.h"
+
 namespace kes {
 
 Form2Fenster::Form2Fenster(Programm& prg) : prg_(prg) {
@@ -9,6 +12,7 @@ Form2Fenster::Form2Fenster(Programm& prg) : prg_(prg) {
         "als Ausgangspunkt übernimmt, ist in dieser Version noch nicht enthalten.";
     Width = 420;
     Height = 200;
+    FensterMitte(prg.p, *this);
 }
 
 }  // namespace kes

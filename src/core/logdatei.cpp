@@ -34,3 +34,21 @@ void LogVorbereiten(Programm& prg) {
 }
 
 }  // namespace kes
+
+namespace kes {
+
+void AlarmFenster::Command2_Click(int index) {
+    const std::string pfad = prg_.Programmordner + "kestrella.log";
+    if (index == 0) {
+        // No question: the text goes, and the file with it, errors passed over.
+        Text2.Text.clear();
+        prg_.p.files.Delete(pfad);
+    } else if (index == 1) {
+        if (DateiVorhanden(prg_.p, pfad))
+            prg_.p.shell.RunCommand("notepad.exe " + pfad, kSwShowNormal);
+        else
+            prg_.p.dialogs.ShowMessage("Die Log-Datei ist noch leer!", "Kestrella-Info", kMbOk);
+    }
+}
+
+}  // namespace kes

@@ -33,7 +33,10 @@ AlarmFenster& Programm::Alarm() {
 }
 
 Form1Fenster& Programm::Form1() {
-    if (!form1_) form1_ = std::make_unique<Form1Fenster>(*this);
+    if (!form1_) {
+        form1_ = std::make_unique<Form1Fenster>(*this);
+        form1_->Form_Load();
+    }
     return *form1_;
 }
 

@@ -20,6 +20,11 @@ class Form2Fenster;
 class Form3Fenster;
 class Fenster;
 
+// Unload reasons: a session that ends, the task manager, and every other close.
+inline constexpr int kEntladenNormal = 0;
+inline constexpr int kEntladenSitzungsende = 2;
+inline constexpr int kEntladenTaskmanager = 3;
+
 // Timer ids of the window timers; the platform delivers ticks by these.
 enum TimerId : int {
     kTimerAlarm1 = 1,   // Timer1 of Alarm: the watch cycle
@@ -49,6 +54,8 @@ public:
     std::array<std::string, 21> StartSeiten;
     bool AnzeigeLöschen = false;
     bool Zurücksetzen = false;
+    // The tray record, reused for every call of the notification area.
+    TrayRecord Tray;
 
     // The windows. Touching one loads it.
     StartFenster& Start();
@@ -62,12 +69,20 @@ public:
     bool Form1Geladen() const { return form1_ != nullptr; }
     bool Form2Geladen() const { return form2_ != nullptr; }
     bool Form3Geladen() const { return form3_ != nullptr; }
+    // The loaded window or null, without loading it: for the views.
+    StartFenster* StartZeiger() const { return start_.get(); }
+    AlarmFenster* AlarmZeiger() const { return alarm_.get(); }
+    Form1Fenster* Form1Zeiger() const { return form1_.get(); }
+    Form2Fenster* Form2Zeiger() const { return form2_.get(); }
+    Form3Fenster* Form3Zeiger() const { return form3_.get(); }
 
     // Unload: the window is gone for the logic at once; its memory is freed by Aufräumen,
     // after the event that unloaded it, since that event may still be running on it.
     void Form1Entladen();
     void Form2Entladen();
     void Form3Entladen();
+    // Every way out of the program passes here; grund is the platform's unload reason.
+    void AlarmEntladen(int grund);
 
     // Runs after every event the platform delivers.
     void Aufräumen();

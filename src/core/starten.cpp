@@ -24,7 +24,7 @@ bool Main(Programm& prg) {
         return true;
     }
     if (prg.p.system.PreviousInstance()) {
-        prg.p.dialogs.MessageBox("Kestrella ist bereits aktiv!.", "", kMbOk | kMbSystemModal);
+        prg.p.dialogs.ShowMessage("Kestrella ist bereits aktiv!.", "", kMbOk | kMbSystemModal);
         prg.Beenden = true;
         return false;
     }

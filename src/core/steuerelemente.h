@@ -11,6 +11,9 @@
 
 namespace kes {
 
+// The system's colour of window text, as a colour value.
+inline constexpr long kSystemFensterText = 0x80000008L;
+
 struct Label {
     std::string Caption;
     bool Visible = true;

@@ -1,6 +1,7 @@
 #include "panel/alarm.h"
 
 #include "core/programm.h"
+#include "platform/allefunktionen.h"
 
 namespace kes {
 
@@ -44,11 +45,13 @@ constexpr const char* kBoxTexte[32] = {
 
 AlarmFenster::AlarmFenster(Programm& prg) : Timer1(prg.p.timers, kTimerAlarm1, 5000), prg_(prg) {
     for (std::size_t i = 0; i < Box1.size(); ++i) Box1[i].Caption = kBoxTexte[i];
+    ListView1.Columns = {"Wert"};
     AufAb1.Zahlen = true;
     AufAb1.Max = 30;
     AufAb1.TextValue = [this](std::int32_t& zahl) { AufAb1_TextValue(zahl); };
     Width = 640;
     Height = 480;
+    FensterMitte(prg.p, *this);
 }
 
 bool AlarmFenster::Später(const std::string& schlüssel) const {

@@ -23,8 +23,27 @@ public:
     AufAb AufAb1;
     Timer Timer1;
     ListBox List8;  // the deferred list, in memory only
+    // Baselines and exception lists.
+    ListView ListView1;   // known autostart registry entries
+    ListView ListView2;   // known dial-up entries: name, number
+    ListView ListView4;   // files of the system folders: path, length
+    ListView ListView12;  // known trusted sites
+    ListBox List3;        // known autostart folder entries
+    ListBox List4;        // known favourites
+    ListBox List6;        // accepted ActiveX objects (this run only)
+    ListBox List9;        // known URL search hooks
+    ListView ListView33;  // the autostart registry rows of the current listing
     TextBox Text2;  // the log's master text
     std::array<Label, 4> Label2;
+    std::array<Label, 10> Label1;        // the sidebar entries
+    std::array<PictureBox, 20> Frame1;   // the pages
+
+    // The log buttons of the page "Aktuelle Einstellungen": 0 "Log-löschen", 1 "Log-öffnen".
+    void Command2_Click(int index);
+
+    // The query-unload handler: every way out of the program. True when the close was
+    // cancelled and the panel is shown instead.
+    bool Form_QueryUnload(int grund);
 
     // Load handler and watch cycle.
     void Form_Load();
@@ -79,6 +98,11 @@ public:
     void TesteToolBar();
     void TesteToolBar1();
     void TesteHTafile();
+
+    // The first row of ListView33 that is neither known nor deferred, or -1.
+    int AutostartUnbekannt() const;
+    // Raises the warning for that row; the user hives also search the system folders.
+    void AutostartWarnen(int zeile, bool benutzerHives);
 
     // State of TesteOnline: this run has stopped the messenger service.
     bool NachrichtendienstGestoppt = false;

@@ -1,0 +1,75 @@
+// The one way out of the program, the query-unload handler of Alarm: a session that ends
+// goes without a question, every other close asks, and a reset deletes the stored state and
+// starts the program anew, which brings the assistant back.
+#include "core/programm.h"
+#include "core/start.h"
+#include "panel/alarm.h"
+#include "platform/allefunktionen.h"
+#include "warning/form3.h"
+
+namespace kes {
+
+namespace {
+// The files a reset deletes, in this order. "daten\kestrella.log" never exists: the log
+// beside the program survives a reset, as intended.
+constexpr const char* kZurücksetzen[] = {
+    "daten\\toolbar.ini",      "daten\\prozesse.txt",      "daten\\dienste.ini",        "daten\\dienstefirmen.txt",
+    "daten\\0190.txt",         "daten\\AutostartREG.txt",  "daten\\favoriten.txt",      "daten\\shellservice.ini",
+    "daten\\taskscheduler.ini", "daten\\URLSearchHook.txt", "daten\\kestrella.log",      "kestrella.dat",
+    "daten\\Firma.txt",
+};
+
+void Schluss(Programm& prg) {
+    prg.p.tray.Notify(kNimDelete, prg.Tray);
+    prg.Form3Entladen();
+    prg.Form1Entladen();
+    prg.Beenden = true;
+}
+}  // namespace
+
+bool AlarmFenster::Form_QueryUnload(int grund) {
+    prg_.p.timers.PumpMessages();
+    if (grund == kEntladenSitzungsende || grund == kEntladenTaskmanager) {
+        Schluss(prg_);
+        return false;
+    }
+    if (!prg_.Zurücksetzen) {
+        if (prg_.p.dialogs.ShowMessage("Wollen sie die Überwachung beenden?", "Kestrella-Info!", kMbYesNo) == kIdYes) {
+            prg_.p.timers.PumpMessages();
+            Schluss(prg_);
+            return false;
+        }
+        Show();
+        return true;
+    }
+    // Once asked for, the reset stays wanted: every later close asks this question again.
+    if (prg_.p.dialogs.ShowMessage(
+            "Wollen sie alle Einstellungen und Werte zurücksetzen ?\r\nDer Kestrella wird dann neugestartet.",
+            "Achtung!!", kMbYesNo) != kIdYes) {
+        Show();
+        return true;
+    }
+    for (const char* datei : kZurücksetzen) {
+        const std::string pfad = prg_.Programmordner + datei;
+        if (!DateiVorhanden(prg_.p, pfad)) continue;
+        const long fehler = prg_.p.files.Delete(pfad);
+        if (fehler != 0) {
+            // The reset stops at the first file that will not go, and says which.
+            prg_.p.dialogs.ShowMessage("Datei :" + pfad + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " +
+                                           std::to_string(fehler),
+                                       "", kMbOk);
+            Show();
+            return true;
+        }
+    }
+    prg_.p.tray.Notify(kNimDelete, prg_.Tray);
+    prg_.p.timers.PumpMessages();
+    Schluss(prg_);
+    prg_.p.shell.RunCommand(prg_.Programmordner + "kestrella.exe /s", 2);
+    prg_.p.timers.PumpMessages();
+    return false;
+}
+
+void Programm::AlarmEntladen(int grund) { Alarm().Form_QueryUnload(grund); }
+
+}  // namespace kes

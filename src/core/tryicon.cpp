@@ -1,0 +1,21 @@
+#include "core/tryicon.h"
+
+#include "core/programm.h"
+
+namespace kes {
+
+void Sprechblase(Programm& prg, const std::string& titel, const std::string& text, const std::string& tip, int, int,
+                 const std::string& icon) {
+    prg.p.tray.Notify(kNimDelete, prg.Tray);
+    TrayRecord r;
+    r.szInfoTitle = titel;
+    r.szInfo = text;
+    r.szTip = tip;
+    r.icon = icon;
+    r.dwInfoFlags = 2;
+    r.uTimeout = 1;
+    prg.Tray = r;
+    prg.p.tray.Notify(kNimAdd, prg.Tray);
+}
+
+}  // namespace kes

@@ -1,0 +1,168 @@
+#include "platform/win32/system_win32.h"
+
+#include <mmsystem.h>
+#include <ras.h>
+#include <shlobj.h>
+
+#include <vector>
+
+namespace kes::win32 {
+
+bool Win32Shell::RunCommand(const std::string& commandLine, int show) {
+    STARTUPINFOA si{};
+    si.cb = sizeof si;
+    si.dwFlags = STARTF_USESHOWWINDOW;
+    si.wShowWindow = static_cast<WORD>(show);
+    PROCESS_INFORMATION pi{};
+    std::vector<char> zeile(commandLine.begin(), commandLine.end());
+    zeile.push_back('\0');
+    if (!::CreateProcessA(nullptr, zeile.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi)) return false;
+    ::CloseHandle(pi.hThread);
+    ::CloseHandle(pi.hProcess);
+    return true;
+}
+
+long Win32Shell::OpenWithShell(const std::string& verb, const std::string& file, const std::string& params, int show) {
+    const HINSTANCE r = ::ShellExecuteA(nullptr, verb.empty() ? nullptr : verb.c_str(), file.c_str(),
+                                        params.empty() ? nullptr : params.c_str(), nullptr, show);
+    return static_cast<long>(reinterpret_cast<INT_PTR>(r));
+}
+
+std::optional<std::string> Win32Shell::SpecialFolder(int csidl) {
+    LPITEMIDLIST liste = nullptr;
+    if (::SHGetSpecialFolderLocation(nullptr, csidl, &liste) != S_OK || !liste) return std::nullopt;
+    char puffer[MAX_PATH * 2] = {};
+    const BOOL ok = ::SHGetPathFromIDListA(liste, puffer);
+    ::CoTaskMemFree(liste);
+    if (!ok) return std::string();
+    return std::string(puffer);
+}
+
+int Win32Dialogs::ShowMessage(const std::string& text, const std::string& title, int flags) {
+    // The program's default title is its own name.
+    return ::MessageBoxA(nullptr, text.c_str(), title.empty() ? "Kestrella" : title.c_str(),
+                         static_cast<UINT>(flags) | MB_SETFOREGROUND);
+}
+
+bool Win32Sound::PlayResource(const std::string& name, unsigned flags) {
+    const HRSRC r = ::FindResourceA(nullptr, name.c_str(), "WAVE");
+    if (!r) return false;
+    const HGLOBAL g = ::LoadResource(nullptr, r);
+    const void* daten = g ? ::LockResource(g) : nullptr;
+    if (!daten) return false;
+    // Resource memory lives as long as the program, so an asynchronous play is safe.
+    return ::sndPlaySoundA(static_cast<LPCSTR>(daten), SND_MEMORY | SND_ASYNC | SND_NODEFAULT | flags) != FALSE;
+}
+
+namespace {
+constexpr char kTimerKlasse[] = "KestrellaZeitgeber";
+}
+
+Win32Timers::Win32Timers() {
+    WNDCLASSA wc{};
+    wc.lpfnWndProc = &Win32Timers::Proc;
+    wc.hInstance = ::GetModuleHandleA(nullptr);
+    wc.lpszClassName = kTimerKlasse;
+    ::RegisterClassA(&wc);
+    fenster_.Reset(::CreateWindowExA(0, kTimerKlasse, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, wc.hInstance, nullptr));
+    ::SetWindowLongPtrA(fenster_.Get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+Win32Timers::~Win32Timers() { ::SetWindowLongPtrA(fenster_.Get(), GWLP_USERDATA, 0); }
+
+LRESULT CALLBACK Win32Timers::Proc(HWND h, UINT msg, WPARAM wp, LPARAM lp) {
+    if (msg == WM_TIMER) {
+        auto* self = reinterpret_cast<Win32Timers*>(::GetWindowLongPtrA(h, GWLP_USERDATA));
+        // Nothing may leave a window procedure; the handler catches its own errors.
+        if (self && self->handler_) {
+            try {
+                self->handler_(static_cast<int>(wp));
+            } catch (...) {
+            }
+        }
+        return 0;
+    }
+    return ::DefWindowProcA(h, msg, wp, lp);
+}
+
+void Win32Timers::Set(int id, int intervalMs) {
+    if (intervalMs <= 0) {
+        Kill(id);
+        return;
+    }
+    // Setting an existing timer again restarts its interval, as the logic expects.
+    ::SetTimer(fenster_.Get(), static_cast<UINT_PTR>(id), static_cast<UINT>(intervalMs), nullptr);
+}
+
+void Win32Timers::Kill(int id) { ::KillTimer(fenster_.Get(), static_cast<UINT_PTR>(id)); }
+
+void Win32Timers::PumpMessages() {
+    MSG m;
+    while (::PeekMessageA(&m, nullptr, 0, 0, PM_REMOVE)) {
+        if (m.message == WM_QUIT) {
+            ::PostQuitMessage(static_cast<int>(m.wParam));
+            break;
+        }
+        ::TranslateMessage(&m);
+        ::DispatchMessageA(&m);
+        if (nachNachricht) nachNachricht();
+    }
+}
+
+Win32System::Win32System() {
+    instanz_.Reset(::CreateMutexA(nullptr, FALSE, "Halvenik-Kestrella-Instanz"));
+    vorherige_ = ::GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
+std::string Win32System::ExecutablePath() {
+    char puffer[MAX_PATH * 2] = {};
+    const DWORD n = ::GetModuleFileNameA(nullptr, puffer, sizeof puffer);
+    return std::string(puffer, n);
+}
+
+std::string Win32System::CommandLine() {
+    // Everything behind the program's name, which may stand in quotes.
+    const char* z = ::GetCommandLineA();
+    if (*z == '"') {
+        ++z;
+        while (*z && *z != '"') ++z;
+        if (*z) ++z;
+    } else {
+        while (*z && *z != ' ' && *z != '\t') ++z;
+    }
+    while (*z == ' ' || *z == '\t') ++z;
+    return z;
+}
+
+std::string Win32System::ShortDate() {
+    char puffer[128] = {};
+    ::GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, puffer, sizeof puffer);
+    return puffer;
+}
+
+std::string Win32System::ShortTime() {
+    char puffer[128] = {};
+    ::GetTimeFormatA(LOCALE_USER_DEFAULT, 0, nullptr, nullptr, puffer, sizeof puffer);
+    return puffer;
+}
+
+Zahlenformat Win32System::NumberFormat() {
+    char dezimal[8] = {}, tausend[8] = {};
+    ::GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, dezimal, sizeof dezimal);
+    ::GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, tausend, sizeof tausend);
+    return Zahlenformat{dezimal[0] ? dezimal[0] : '.', tausend[0] ? tausend[0] : ','};
+}
+
+int Win32Dialup::ConnectionCount() {
+    // The platform's own record size; the count is all that matters, not the return code.
+    std::vector<RASCONNA> puffer(256);
+    puffer[0].dwSize = sizeof(RASCONNA);
+    DWORD grösse = static_cast<DWORD>(puffer.size() * sizeof(RASCONNA));
+    DWORD anzahl = 0;
+    ::RasEnumConnectionsA(puffer.data(), &grösse, &anzahl);
+    return static_cast<int>(anzahl);
+}
+
+long Win32Dialup::DeleteEntry(const std::string& name) { return static_cast<long>(::RasDeleteEntryA(nullptr, name.c_str())); }
+
+}  // namespace kes::win32

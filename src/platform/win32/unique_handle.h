@@ -1,0 +1,88 @@
+// One move-only owner for every kind of Win32 handle; the traits name the empty value and
+// how to close. Close happens in the destructor; Detach gives the handle up.
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+namespace kes::win32 {
+
+template <typename Traits>
+class UniqueHandle {
+public:
+    using Type = typename Traits::Type;
+    UniqueHandle() = default;
+    explicit UniqueHandle(Type h) : h_(h) {}
+    ~UniqueHandle() { Reset(); }
+    UniqueHandle(UniqueHandle&& o) noexcept : h_(o.Detach()) {}
+    UniqueHandle& operator=(UniqueHandle&& o) noexcept {
+        if (this != &o) Reset(o.Detach());
+        return *this;
+    }
+    UniqueHandle(const UniqueHandle&) = delete;
+    UniqueHandle& operator=(const UniqueHandle&) = delete;
+
+    Type Get() const { return h_; }
+    explicit operator bool() const { return h_ != Traits::Empty(); }
+    Type Detach() { return std::exchange(h_, Traits::Empty()); }
+    void Reset(Type h = Traits::Empty()) {
+        if (h_ != Traits::Empty()) Traits::Close(h_);
+        h_ = h;
+    }
+
+private:
+    Type h_ = Traits::Empty();
+};
+
+struct KernelTraits {  // files, processes, snapshots, mutexes
+    using Type = HANDLE;
+    static Type Empty() { return INVALID_HANDLE_VALUE; }
+    static void Close(Type h) { ::CloseHandle(h); }
+};
+struct NullKernelTraits {  // handles whose failure value is NULL (mutexes, processes)
+    using Type = HANDLE;
+    static Type Empty() { return nullptr; }
+    static void Close(Type h) { ::CloseHandle(h); }
+};
+struct FindTraits {
+    using Type = HANDLE;
+    static Type Empty() { return INVALID_HANDLE_VALUE; }
+    static void Close(Type h) { ::FindClose(h); }
+};
+struct KeyTraits {
+    using Type = HKEY;
+    static Type Empty() { return nullptr; }
+    static void Close(Type h) { ::RegCloseKey(h); }
+};
+struct MenuTraits {
+    using Type = HMENU;
+    static Type Empty() { return nullptr; }
+    static void Close(Type h) { ::DestroyMenu(h); }
+};
+struct IconTraits {
+    using Type = HICON;
+    static Type Empty() { return nullptr; }
+    static void Close(Type h) { ::DestroyIcon(h); }
+};
+struct GdiTraits {
+    using Type = HGDIOBJ;
+    static Type Empty() { return nullptr; }
+    static void Close(Type h) { ::DeleteObject(h); }
+};
+struct WindowTraits {
+    using Type = HWND;
+    static Type Empty() { return nullptr; }
+    static void Close(Type h) { ::DestroyWindow(h); }
+};
+
+using UniqueFile = UniqueHandle<KernelTraits>;
+using UniqueKernel = UniqueHandle<NullKernelTraits>;
+using UniqueFind = UniqueHandle<FindTraits>;
+using UniqueKey = UniqueHandle<KeyTraits>;
+using UniqueMenu = UniqueHandle<MenuTraits>;
+using UniqueIcon = UniqueHandle<IconTraits>;
+using UniqueGdi = UniqueHandle<GdiTraits>;
+using UniqueWindow = UniqueHandle<WindowTraits>;
+
+}  // namespace kes::win32

@@ -1,0 +1,167 @@
+#include "ui/win32/form3_ansicht.h"
+
+#include <commctrl.h>
+
+#include "core/programm.h"
+
+namespace kes::ui {
+
+namespace {
+enum : int { kIdImage = 100, kIdCheck = 200, kIdLv1 = 300, kIdLv2, kIdLv3, kIdLv4 };
+constexpr int kRand = 10;
+constexpr int kKnopfBreite = 100;
+constexpr int kKnopfHöhe = 30;
+// Order of the buttons in the bar, left to right: the actions, then "Später" and the switch.
+constexpr int kReihe[] = {1, 2, 3, 4, 5, 8, 9, 6};
+}  // namespace
+
+Form3Ansicht::Form3Ansicht(Programm& prg, Form3Fenster& modell)
+    : FensterAnsicht(modell, "KestrellaWarnung", WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN),
+      prg_(prg),
+      f_(modell) {
+    RECT r;
+    ::GetClientRect(h_, &r);
+    const int breite = r.right - 2 * kRand;
+
+    symbol_ = Kind(h_, "STATIC", "", WS_VISIBLE | SS_ICON, 0, kRand, kRand, 32, 32);
+    ::SendMessageA(symbol_, STM_SETICON, reinterpret_cast<WPARAM>(ProgrammIcon("SCAN", 32)), 0);
+    for (int i = 0; i < 3; ++i)
+        label1_[i] = Kind(h_, "STATIC", "", WS_VISIBLE | SS_NOPREFIX | SS_LEFTNOWORDWRAP, 10 + i, 0, 0, 10, 10);
+    ::SendMessageA(label1_[0], WM_SETFONT, reinterpret_cast<WPARAM>(Fettschrift()), FALSE);
+    lv2_.Anlegen(h_, kIdLv2, kRand, 0, breite, 10, false);
+    lv1_.Anlegen(h_, kIdLv1, kRand, 0, breite, 10);
+    for (int i = 0; i < 8; ++i)
+        check1_[i] = Kind(h_, "BUTTON", f_.Check1[i].Caption, WS_VISIBLE | BS_CHECKBOX, kIdCheck + i, 0, 0, 10, 10);
+    lv4_.Anlegen(h_, kIdLv4, kRand, 0, breite, 10);
+    modulName_ = Kind(h_, "STATIC", "", WS_VISIBLE | SS_NOPREFIX, 20, 0, 0, 10, 10);
+    modulPfad_ = Kind(h_, "STATIC", "", WS_VISIBLE | SS_NOPREFIX | SS_PATHELLIPSIS, 21, 0, 0, 10, 10);
+    lv3_.Anlegen(h_, kIdLv3, kRand, 0, breite, 10);
+    for (int i = 1; i <= 9; ++i) {
+        const DWORD stil = WS_TABSTOP | (i == 7 ? BS_ICON : BS_PUSHBUTTON);
+        image_[i] = Kind(h_, "BUTTON", "", stil, kIdImage + i, 0, 0, 10, 10);
+    }
+    ::SendMessageA(image_[7], BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(ProgrammIcon("AUS", 16)));
+    tipps_ = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0, h_,
+                               nullptr, ::GetModuleHandleA(nullptr), nullptr);
+    for (int i = 1; i <= 9; ++i) {
+        TTTOOLINFOA ti{};
+        ti.cbSize = sizeof ti;
+        ti.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+        ti.hwnd = h_;
+        ti.uId = reinterpret_cast<UINT_PTR>(image_[i]);
+        ti.lpszText = const_cast<char*>("");
+        ::SendMessageA(tipps_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&ti));
+    }
+    Abgleichen();
+}
+
+void Form3Ansicht::Anordnen() {
+    RECT r;
+    ::GetClientRect(h_, &r);
+    const int breite = r.right - 2 * kRand;
+    int y = 0;
+    auto pane = [&](int i) {
+        const bool sichtbar = f_.Picture3[i].Visible;
+        const int oben = y;
+        if (sichtbar) y += f_.Picture3[i].Height;
+        return std::pair<bool, int>{sichtbar, oben};
+    };
+
+    auto [p0, y0] = pane(0);
+    Sichtbar(symbol_, p0);
+    for (int i = 0; i < 3; ++i) {
+        Platz(label1_[i], kRand + 44, y0 + kRand + i * 20 + (i ? 2 : 0), breite - 44, 18);
+        Sichtbar(label1_[i], p0 && f_.Label1[i].Visible);
+    }
+    Platz(lv2_.Fenster(), kRand, y0 + 76, breite, 40);
+    if (!p0) Sichtbar(lv2_.Fenster(), false);
+
+    auto [p1, y1] = pane(1);
+    Platz(lv1_.Fenster(), kRand, y1 + 4, breite, f_.Picture3[1].Height - 8);
+    if (!p1) Sichtbar(lv1_.Fenster(), false);
+
+    auto [p2, y2] = pane(2);
+    for (int i = 0; i < 8; ++i) {
+        Platz(check1_[i], kRand + (i % 4) * (breite / 4), y2 + 8 + (i / 4) * 26, breite / 4 - 4, 22);
+        Sichtbar(check1_[i], p2 && f_.Check1[i].Visible);
+    }
+
+    auto [p3, y3] = pane(3);
+    Platz(lv4_.Fenster(), kRand, y3 + 4, breite, f_.Picture3[3].Height - 8);
+    if (!p3) Sichtbar(lv4_.Fenster(), false);
+
+    auto [p4, y4] = pane(4);
+    Platz(modulName_, kRand, y4 + 4, breite, 18);
+    Platz(modulPfad_, kRand, y4 + 24, breite, 18);
+    Sichtbar(modulName_, p4);
+    Sichtbar(modulPfad_, p4);
+    Platz(lv3_.Fenster(), kRand, y4 + 46, breite, f_.Picture3[4].Height - 50);
+    if (!p4) Sichtbar(lv3_.Fenster(), false);
+
+    // The bar: visible action buttons from the left, the switch-off button at the right.
+    int x = kRand;
+    const int knopfY = y + (f_.Picture2.Height - kKnopfHöhe) / 2;
+    for (int i : kReihe) {
+        if (!f_.Image[i].Visible) continue;
+        Platz(image_[i], x, knopfY, kKnopfBreite, kKnopfHöhe);
+        x += kKnopfBreite + 6;
+    }
+    Platz(image_[7], r.right - kRand - kKnopfHöhe, knopfY, kKnopfHöhe, kKnopfHöhe);
+}
+
+void Form3Ansicht::Abgleichen() {
+    // The client area follows the model's outer size; the layout follows the client area.
+    FensterAnsicht::Abgleichen();
+    for (int i = 0; i < 3; ++i) TextSetzen(label1_[i], f_.Label1[i].Caption);
+    if (f_.Picture3[0].Visible) lv2_.Abgleichen(f_.ListView2);
+    if (f_.Picture3[1].Visible) lv1_.Abgleichen(f_.ListView1);
+    if (f_.Picture3[3].Visible) lv4_.Abgleichen(f_.ListView4);
+    if (f_.Picture3[4].Visible) lv3_.Abgleichen(f_.ListView3);
+    for (int i = 0; i < 8; ++i) {
+        TextSetzen(check1_[i], f_.Check1[i].Caption);
+        ::SendMessageA(check1_[i], BM_SETCHECK, f_.Check1[i].Value ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
+    TextSetzen(modulName_, f_.lblModName.Caption);
+    TextSetzen(modulPfad_, f_.txtMdlLPath.Text);
+    for (int i = 1; i <= 9; ++i) {
+        const int k = Form3Fenster::LabelVon(i);
+        TextSetzen(image_[i], k >= 0 ? f_.Label3[k].Caption : f_.Image[i].ToolTipText);
+        Sichtbar(image_[i], f_.Image[i].Visible);
+        if (tippTexte_[i] != f_.Image[i].ToolTipText) {
+            tippTexte_[i] = f_.Image[i].ToolTipText;
+            TTTOOLINFOA ti{};
+            ti.cbSize = sizeof ti;
+            ti.uFlags = TTF_IDISHWND;
+            ti.hwnd = h_;
+            ti.uId = reinterpret_cast<UINT_PTR>(image_[i]);
+            ti.lpszText = const_cast<char*>(tippTexte_[i].c_str());
+            ::SendMessageA(tipps_, TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&ti));
+        }
+    }
+    Anordnen();
+}
+
+bool Form3Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM, LRESULT& ergebnis) {
+    switch (msg) {
+        case WM_COMMAND: {
+            const int id = LOWORD(wp);
+            if (id > kIdImage && id <= kIdImage + 9 && HIWORD(wp) == BN_CLICKED) {
+                f_.Image_Click(id - kIdImage);
+                return true;
+            }
+            return false;
+        }
+        case WM_ACTIVATE:
+            if (LOWORD(wp) != WA_INACTIVE) f_.Form_Activate();
+            return false;
+        case WM_CLOSE:
+            // The close box is no action: the window goes, nothing is written.
+            prg_.Form3Entladen();
+            ergebnis = 0;
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace kes::ui

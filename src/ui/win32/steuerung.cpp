@@ -1,0 +1,100 @@
+#include "ui/win32/steuerung.h"
+
+#include <commctrl.h>
+
+namespace kes::ui {
+
+HFONT Dialogschrift() {
+    static HFONT f = [] {
+        NONCLIENTMETRICSA m{};
+        m.cbSize = sizeof m;
+        if (::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof m, &m, 0)) return ::CreateFontIndirectA(&m.lfMessageFont);
+        return static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
+    }();
+    return f;
+}
+
+HFONT Fettschrift() {
+    static HFONT f = [] {
+        LOGFONTA lf{};
+        ::GetObjectA(Dialogschrift(), sizeof lf, &lf);
+        lf.lfWeight = FW_BOLD;
+        lf.lfHeight = lf.lfHeight < 0 ? lf.lfHeight - 2 : lf.lfHeight + 2;
+        return ::CreateFontIndirectA(&lf);
+    }();
+    return f;
+}
+
+HWND Kind(HWND eltern, const char* klasse, const std::string& text, DWORD stil, int id, int x, int y, int b, int h) {
+    HWND w = ::CreateWindowExA(0, klasse, text.c_str(), WS_CHILD | stil, x, y, b, h, eltern,
+                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ::GetModuleHandleA(nullptr), nullptr);
+    ::SendMessageA(w, WM_SETFONT, reinterpret_cast<WPARAM>(Dialogschrift()), FALSE);
+    return w;
+}
+
+void TextSetzen(HWND h, const std::string& text) {
+    char alt[1024] = {};
+    ::GetWindowTextA(h, alt, sizeof alt);
+    if (text != alt) ::SetWindowTextA(h, text.c_str());
+}
+
+void Sichtbar(HWND h, bool ja) {
+    if ((::GetWindowLongA(h, GWL_STYLE) & WS_VISIBLE) != 0 != ja) ::ShowWindow(h, ja ? SW_SHOWNA : SW_HIDE);
+}
+
+void Platz(HWND h, int x, int y, int b, int hoch) {
+    ::SetWindowPos(h, nullptr, x, y, b, hoch, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ListenAnsicht::Anlegen(HWND eltern, int id, int x, int y, int b, int h, bool kopf) {
+    h_ = Kind(eltern, WC_LISTVIEWA, "", WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
+                                           LVS_SHOWSELALWAYS | (kopf ? 0 : LVS_NOCOLUMNHEADER),
+              id, x, y, b, h);
+    ::SendMessageA(h_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+}
+
+void ListenAnsicht::Abgleichen(const ListView& modell) {
+    Sichtbar(h_, modell.Visible);
+    if (modell.Columns != spalten_) {
+        while (::SendMessageA(h_, LVM_DELETECOLUMN, 0, 0)) {
+        }
+        RECT r;
+        ::GetClientRect(h_, &r);
+        const int n = static_cast<int>(modell.Columns.size());
+        for (int i = 0; i < n; ++i) {
+            LVCOLUMNA c{};
+            c.mask = LVCF_TEXT | LVCF_WIDTH;
+            c.pszText = const_cast<char*>(modell.Columns[i].c_str());
+            c.cx = n ? (r.right - 4) / n : 100;
+            ::SendMessageA(h_, LVM_INSERTCOLUMNA, i, reinterpret_cast<LPARAM>(&c));
+        }
+        spalten_ = modell.Columns;
+        zeilen_.clear();
+        ::SendMessageA(h_, LVM_DELETEALLITEMS, 0, 0);
+    }
+    const bool gleich = zeilen_.size() == modell.Items.size() &&
+                        std::equal(zeilen_.begin(), zeilen_.end(), modell.Items.begin(), [](const ListItem& a, const ListItem& b) {
+                            return a.Text == b.Text && a.SubItems == b.SubItems;
+                        });
+    if (gleich) return;
+    ::SendMessageA(h_, WM_SETREDRAW, FALSE, 0);
+    ::SendMessageA(h_, LVM_DELETEALLITEMS, 0, 0);
+    for (std::size_t i = 0; i < modell.Items.size(); ++i) {
+        const ListItem& z = modell.Items[i];
+        LVITEMA it{};
+        it.mask = LVIF_TEXT;
+        it.iItem = static_cast<int>(i);
+        it.pszText = const_cast<char*>(z.Text.c_str());
+        ::SendMessageA(h_, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&it));
+        for (std::size_t s = 0; s < z.SubItems.size(); ++s) {
+            LVITEMA sub{};
+            sub.iSubItem = static_cast<int>(s + 1);
+            sub.pszText = const_cast<char*>(z.SubItems[s].c_str());
+            ::SendMessageA(h_, LVM_SETITEMTEXTA, i, reinterpret_cast<LPARAM>(&sub));
+        }
+    }
+    ::SendMessageA(h_, WM_SETREDRAW, TRUE, 0);
+    zeilen_ = modell.Items;
+}
+
+}  // namespace kes::ui

@@ -1,0 +1,35 @@
+// Small pieces every view uses: child controls with the dialog font, setting a text or a
+// visibility only when it changed, and filling a list view from its model.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "core/steuerelemente.h"
+
+namespace kes::ui {
+
+HFONT Dialogschrift();
+HFONT Fettschrift();
+
+HWND Kind(HWND eltern, const char* klasse, const std::string& text, DWORD stil, int id, int x, int y, int b, int h);
+void TextSetzen(HWND h, const std::string& text);
+void Sichtbar(HWND h, bool ja);
+void Platz(HWND h, int x, int y, int b, int hoch);
+
+// A list view and the model it last showed; Abgleichen redraws only on a change.
+class ListenAnsicht {
+public:
+    void Anlegen(HWND eltern, int id, int x, int y, int b, int h, bool kopf = true);
+    void Abgleichen(const ListView& modell);
+    HWND Fenster() const { return h_; }
+
+private:
+    HWND h_ = nullptr;
+    std::vector<std::string> spalten_;
+    std::vector<ListItem> zeilen_;
+};
+
+}  // namespace kes::ui

@@ -1,0 +1,36 @@
+# Shared steps of run.sh and test.sh: install what the build needs (Debian), then build.
+# The native tree holds the portable logic and its tests; the Windows tree the program.
+
+kes_install() {
+  local need=()
+  command -v x86_64-w64-mingw32-g++-posix >/dev/null || need+=(g++-mingw-w64-x86-64)
+  command -v wine >/dev/null || need+=(wine64 wine)
+  command -v Xvfb >/dev/null || need+=(xvfb)
+  command -v cmake >/dev/null || need+=(cmake)
+  command -v g++ >/dev/null || need+=(g++)
+  [ -f /usr/src/googletest/CMakeLists.txt ] || need+=(googletest)
+  [ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
+  command -v python3 >/dev/null || need+=(python3)
+  command -v import >/dev/null || need+=(imagemagick)
+  if [ ${#need[@]} -gt 0 ]; then
+    local sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo=sudo
+    echo "Installing: ${need[*]}"
+    $sudo apt-get update -q
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends "${need[@]}"
+  fi
+}
+
+kes_build_native() {
+  cmake -S . -B build-native -DCMAKE_BUILD_TYPE=Debug >/dev/null
+  cmake --build build-native -j2
+}
+
+kes_build_win() {
+  cmake -S . -B build-win -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake -DCMAKE_BUILD_TYPE=Release >/dev/null
+  cmake --build build-win -j2
+  # The program folder as delivered: the program, daten\ beside it, and the settings tool.
+  mkdir -p build-win/program/daten
+  cp build-win/Kestrella.exe build-win/kestrella-dat.exe build-win/program/
+  cp -r daten/. build-win/program/daten/ 2>/dev/null || true
+}
