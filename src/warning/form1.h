@@ -1,5 +1,8 @@
-// The delete question Form1, a modal window that asks before a delete.
+// The delete question Form1: asked before the warning window deletes anything, unless the
+// user has told it not to ask again.
 #pragma once
+
+#include <array>
 
 #include "core/fenster.h"
 #include "core/steuerelemente.h"
@@ -10,10 +13,20 @@ class Programm;
 
 class Form1Fenster : public Fenster {
 public:
-    explicit Form1Fenster(Programm& prg) : prg_(prg) {}
+    explicit Form1Fenster(Programm& prg);
+
+    Label Label1;
+    CheckBox Check1;
+    std::array<Label, 2> Command1;  // the two buttons, by their captions
+
+    void Form_Load();
+    // The box alone decides the delete-question flag, at once.
+    void Check1_Click();
+    // 0 "Ja löschen", 1 "Nein": the answer goes to löschen, then the question goes.
+    void Command1_Click(int index);
 
 private:
-    [[maybe_unused]] Programm& prg_;
+    Programm& prg_;
 };
 
 }  // namespace kes

@@ -32,8 +32,8 @@ Form3Fenster::Form3Fenster(Programm& prg) : Timer1(prg.p.timers, kTimerForm3_1, 
     ListView1.Columns = {"Eigenschaft", "Wert"};
     ListView2.Columns = {"Eintrag"};
     ListView3.Columns = {"Modul", "Pfad"};
-    static const char* kAttribute[] = {"Archiv", "Schreibgeschützt", "System", "Versteckt",
-                                       "Komprimiert", "Ordner", "Normal", "Temp"};
+    static const char* kAttribute[] = {"Archiv", "Komprimiert", "Ordner",    "Versteckt",
+                                       "Normal", "Read Only",   "System", "Temp"};
     for (int i = 0; i < 8; ++i) Check1[i].Caption = kAttribute[i];
     Check1[3].Visible = true;
 }
@@ -129,6 +129,19 @@ void Form3Fenster::Image7_Click() {
     prg_.Start().NichtAktiviert();
     ÜberwachungAus = true;
     prg_.Form3Entladen();
+}
+
+}  // namespace kes
+
+namespace kes {
+
+void Form3Fenster::Image_Click(int n) {
+    switch (n) {
+        case 1: Image1_Click(); break;
+        case 3: Image3_Click(); break;
+        case 7: Image7_Click(); break;
+        default: break;  // the other actions arrive with their categories
+    }
 }
 
 }  // namespace kes

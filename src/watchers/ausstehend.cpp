@@ -10,7 +10,6 @@ void AlarmFenster::LadeFavoriten() {}
 void AlarmFenster::LadeStartPage() {}
 void AlarmFenster::LadeDFÜ() {}
 void AlarmFenster::LadeAutostart() {}
-void AlarmFenster::LadeAutostartregistry() {}
 void AlarmFenster::LadeWindowsausnahme() {}
 void AlarmFenster::LadeWindows() {}
 void AlarmFenster::LadeWindowsSys32() {}
@@ -28,8 +27,6 @@ void AlarmFenster::TesteFavoriten() {}
 void AlarmFenster::TesteStartPage() {}
 void AlarmFenster::TesteDFÜ() {}
 void AlarmFenster::TesteAutostartOrdner() {}
-void AlarmFenster::TesteAutostartHkeyUser() {}
-void AlarmFenster::TesteAutostartRegistry() {}
 void AlarmFenster::TesteWindowsGelöscht() {}
 void AlarmFenster::TesteWindowsErstellt() {}
 void AlarmFenster::TesteWindowsSystem32Gelöscht() {}

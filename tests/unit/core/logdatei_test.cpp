@@ -43,3 +43,37 @@ TEST_F(Log, AtStart_OldLogIsLoadedOrDeletedWithBoxThree) {
 
 }  // namespace
 }  // namespace kes::test
+
+namespace kes::test {
+namespace {
+
+class LogKnoepfe : public ProgrammTest {
+protected:
+    void SetUp() override { Pfade(); }
+};
+
+TEST_F(LogKnoepfe, DeleteThenAnEntry_LeavesAFileWithThatEntryAlone) {
+    AlarmFenster& a = prg.Alarm();
+    a.Box1[2].setValue(1);
+    LogEintrag(prg, "Erster", {}, "< 1 >");
+    a.Command2_Click(0);
+    EXPECT_FALSE(fp.files.Exists(ordner + "Kestrella.log"));
+    LogEintrag(prg, "Zweiter", {}, "< 2 >");
+    const std::string inhalt = fp.files.Content(ordner + "Kestrella.log");
+    EXPECT_EQ(inhalt.find("Erster"), std::string::npos);
+    EXPECT_NE(inhalt.find("Zweiter"), std::string::npos);
+}
+
+TEST_F(LogKnoepfe, OpenWithoutAFile_SaysTheLogIsEmpty) {
+    prg.Alarm().Command2_Click(1);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "Die Log-Datei ist noch leer!");
+    EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Kestrella-Info");
+    fp.files.Put(ordner + "Kestrella.log", "x");
+    prg.Alarm().Command2_Click(1);
+    ASSERT_EQ(fp.shell.kommandos.size(), 1u);
+    EXPECT_EQ(fp.shell.kommandos[0].kommando, "notepad.exe C:\\Programme\\Kestrella\\kestrella.log");
+}
+
+}  // namespace
+}  // namespace kes::test

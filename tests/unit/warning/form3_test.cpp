@@ -88,3 +88,28 @@ TEST_F(Warnfenster, BlinkTimerTogglesTheHiddenBox) {
 
 }  // namespace
 }  // namespace kes::test
+
+namespace kes::test {
+namespace {
+
+class HostsAnnehmen : public ProgrammTest {
+protected:
+    void SetUp() override { Pfade(); }
+};
+
+TEST_F(HostsAnnehmen, HostsFile_TakesTheNewSizeSavesItAndWritesNoLog) {
+    prg.Alarm().Box1[2].setValue(1);
+    fp.files.Put(hostsPfad, "127.0.0.1 localhost\r\n");
+    prg.Hostsgrösse = 3;
+    prg.Kategorie = "HostsDatei";
+    prg.Beschäftigt = true;
+    prg.Form3().Image_Click(1);
+    EXPECT_EQ(prg.Hostsgrösse, 21);
+    EXPECT_EQ(std::get<std::int32_t>(GespeicherteEinstellungen().ReadProperty("hostsgrösse", std::int32_t{0})), 21);
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_FALSE(prg.Beschäftigt);
+    EXPECT_FALSE(fp.files.Exists(ordner + "Kestrella.log"));
+}
+
+}  // namespace
+}  // namespace kes::test

@@ -1,0 +1,32 @@
+#include "warning/form1.h"
+
+#include "core/programm.h"
+#include "platform/allefunktionen.h"
+#include "warning/form3.h"
+
+namespace kes {
+
+Form1Fenster::Form1Fenster(Programm& prg) : prg_(prg) {
+    Caption = "Achtung!";
+    Label1.Caption = "Sind sie sich sich das der Eintrag gelöscht werden soll ?";
+    Check1.Caption = "keine Nachfrage mehr beim löschen anzeigen";
+    Command1[0].Caption = "Ja löschen";
+    Command1[1].Caption = "Nein";
+    Width = 400;
+    Height = 160;
+}
+
+void Form1Fenster::Form_Load() {
+    ImmerOben(*this, true);
+    FensterMitte(prg_.p, *this);
+}
+
+void Form1Fenster::Check1_Click() { prg_.AnzeigeLöschen = Check1.Value == 1; }
+
+void Form1Fenster::Command1_Click(int index) {
+    const bool ja = index == 0;
+    prg_.Form1Entladen();
+    if (prg_.Form3Geladen()) prg_.Form3().löschen(ja);
+}
+
+}  // namespace kes
