@@ -9,8 +9,8 @@
 namespace kes {
 
 namespace {
-constexpr int kPaneHöhe[5] = {64, 236, 72, 84, 180};
-constexpr int kLeisteHöhe = 96;
+constexpr int kPaneHöhe[5] = {126, 236, 72, 84, 180};
+constexpr int kLeisteHöhe = 56;
 }  // namespace
 
 Form3Fenster::Form3Fenster(Programm& prg) : Timer1(prg.p.timers, kTimerForm3_1, 500), prg_(prg) {

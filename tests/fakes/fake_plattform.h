@@ -51,7 +51,7 @@ public:
 struct FakePlattform {
     FakeRegistry registry;
     FakeFiles files;
-    FakeShell shell;
+    FakeShell shell{registry};
     FakeDialogs dialogs;
     FakeSound sound;
     FakeTimers timers;

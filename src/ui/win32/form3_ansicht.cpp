@@ -1,8 +1,10 @@
 #include "ui/win32/form3_ansicht.h"
 
 #include <commctrl.h>
+#include <shellapi.h>
 
 #include "core/programm.h"
+#include "ui/win32/menue.h"
 
 namespace kes::ui {
 
@@ -73,7 +75,7 @@ void Form3Ansicht::Anordnen() {
         Platz(label1_[i], kRand + 44, y0 + kRand + i * 20 + (i ? 2 : 0), breite - 44, 18);
         Sichtbar(label1_[i], p0 && f_.Label1[i].Visible);
     }
-    Platz(lv2_.Fenster(), kRand, y0 + 76, breite, 40);
+    Platz(lv2_.Fenster(), kRand, y0 + 74, breite, 46);
     if (!p0) Sichtbar(lv2_.Fenster(), false);
 
     auto [p1, y1] = pane(1);
@@ -109,6 +111,28 @@ void Form3Ansicht::Anordnen() {
     Platz(image_[7], r.right - kRand - kKnopfHöhe, knopfY, kKnopfHöhe, kKnopfHöhe);
 }
 
+void Form3Ansicht::MenüZeigen() {
+    const PopupWunsch w = f_.Popup;
+    f_.Popup = PopupWunsch{};
+    std::vector<MenuItem> einträge;
+    auto übernehmen = [&](const auto& menü) {
+        for (const auto& e : menü) {
+            MenuItem m = e;
+            m.Visible = e.Visible && e.Enabled;  // a greyed entry cannot be chosen
+            einträge.push_back(m);
+        }
+    };
+    if (w.Menü == "Prozesse") übernehmen(f_.Prozesse1);
+    if (w.Menü == "regedit") übernehmen(f_.regedit1);
+    if (w.Menü == "killprozess") übernehmen(f_.killprozess1);
+    if (w.Menü == "dienst") übernehmen(f_.dienst1);
+    if (einträge.empty()) return;
+    const int wahl = PopupZeigen(h_, einträge, w.Standard);
+    if (wahl < 0) return;  // dismissed: the warning stays as it was
+    if (w.Menü == "Prozesse") f_.Prozesse1_Click(wahl);
+    if (w.Menü == "regedit") f_.regedit1_Click(wahl);
+}
+
 void Form3Ansicht::Abgleichen() {
     // The client area follows the model's outer size; the layout follows the client area.
     FensterAnsicht::Abgleichen();
@@ -117,7 +141,18 @@ void Form3Ansicht::Abgleichen() {
     if (f_.Picture3[1].Visible) lv1_.Abgleichen(f_.ListView1);
     if (f_.Picture3[3].Visible) lv4_.Abgleichen(f_.ListView4);
     if (f_.Picture3[4].Visible) lv3_.Abgleichen(f_.ListView3);
+    if (f_.picProcIcon.SystemIcon != symbolIndex_) {
+        // The file's own icon from the shell's image list, in place of the program's.
+        symbolIndex_ = f_.picProcIcon.SystemIcon;
+        SHFILEINFOA info{};
+        const auto liste = reinterpret_cast<HIMAGELIST>(
+            ::SHGetFileInfoA("C:\\", 0, &info, sizeof info, SHGFI_SYSICONINDEX | SHGFI_LARGEICON));
+        dateiSymbol_.Reset(liste && symbolIndex_ >= 0 ? ::ImageList_GetIcon(liste, symbolIndex_, ILD_NORMAL) : nullptr);
+        HICON icon = dateiSymbol_ ? dateiSymbol_.Get() : ProgrammIcon("SCAN", 32);
+        ::SendMessageA(symbol_, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+    }
     for (int i = 0; i < 8; ++i) {
+        ::EnableWindow(check1_[i], f_.Check1[i].Enabled ? TRUE : FALSE);
         TextSetzen(check1_[i], f_.Check1[i].Caption);
         ::SendMessageA(check1_[i], BM_SETCHECK, f_.Check1[i].Value ? BST_CHECKED : BST_UNCHECKED, 0);
     }
@@ -139,9 +174,10 @@ void Form3Ansicht::Abgleichen() {
         }
     }
     Anordnen();
+    if (!f_.Popup.Menü.empty()) MenüZeigen();
 }
 
-bool Form3Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM, LRESULT& ergebnis) {
+bool Form3Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) {
     switch (msg) {
         case WM_COMMAND: {
             const int id = LOWORD(wp);
@@ -149,6 +185,16 @@ bool Form3Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM, LRESULT& ergebnis) {
                 f_.Image_Click(id - kIdImage);
                 return true;
             }
+            return false;
+        }
+        case WM_NOTIFY: {
+            const auto* kopf = reinterpret_cast<const NMHDR*>(lp);
+            if (kopf->code != NM_CLICK && kopf->code != NM_RCLICK) return false;
+            const int zeile = reinterpret_cast<const NMITEMACTIVATE*>(lp)->iItem + 1;
+            if (zeile < 1) return false;
+            if (kopf->idFrom == kIdLv2) f_.ListView2_ItemClick(zeile);
+            if (kopf->idFrom == kIdLv3) f_.ListView3_ItemClick(zeile);
+            if (kopf->idFrom == kIdLv4) f_.ListView4_ItemClick(zeile);
             return false;
         }
         case WM_ACTIVATE:

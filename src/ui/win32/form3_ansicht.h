@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "platform/win32/unique_handle.h"
 #include "ui/win32/fenster_ansicht.h"
 #include "ui/win32/steuerung.h"
 #include "warning/form3.h"
@@ -22,6 +23,7 @@ public:
 private:
     bool Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) override;
     void Anordnen();
+    void MenüZeigen();
 
     Programm& prg_;
     Form3Fenster& f_;
@@ -32,6 +34,8 @@ private:
     std::array<HWND, 10> image_{};
     HWND modulName_ = nullptr, modulPfad_ = nullptr;
     HWND tipps_ = nullptr;
+    int symbolIndex_ = -1;
+    win32::UniqueIcon dateiSymbol_;
     std::array<std::string, 10> tippTexte_;
 };
 
