@@ -2,6 +2,7 @@
 
 #include "core/einstellungen.h"
 #include "core/programm.h"
+#include "core/tryicon.h"
 #include "panel/alarm.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
@@ -36,7 +37,6 @@ void StartFenster::Timer2_Timer() {
 
 void StartFenster::SymbolSetzen(const std::string& tip, const std::string& text, const std::string& titel, int art,
                                 const std::string& icon) {
-    prg_.p.tray.Notify(kNimDelete, prg_.Tray);
     TrayRecord r;
     r.szTip = tip;
     r.szInfo = text;
@@ -44,8 +44,7 @@ void StartFenster::SymbolSetzen(const std::string& tip, const std::string& text,
     r.dwInfoFlags = static_cast<std::uint32_t>(art);
     r.uTimeout = 1000;
     r.icon = icon;
-    prg_.Tray = r;
-    prg_.p.tray.Notify(kNimAdd, prg_.Tray);
+    SymbolErsetzen(prg_, r);
 }
 
 void StartFenster::Aktiviert() {

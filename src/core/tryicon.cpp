@@ -4,9 +4,14 @@
 
 namespace kes {
 
+void SymbolErsetzen(Programm& prg, const TrayRecord& record) {
+    prg.p.tray.Notify(kNimDelete, prg.Tray);
+    prg.Tray = record;
+    prg.p.tray.Notify(kNimAdd, prg.Tray);
+}
+
 void Sprechblase(Programm& prg, const std::string& titel, const std::string& text, const std::string& tip, int, int,
                  const std::string& icon) {
-    prg.p.tray.Notify(kNimDelete, prg.Tray);
     TrayRecord r;
     r.szInfoTitle = titel;
     r.szInfo = text;
@@ -14,8 +19,7 @@ void Sprechblase(Programm& prg, const std::string& titel, const std::string& tex
     r.icon = icon;
     r.dwInfoFlags = 2;
     r.uTimeout = 1;
-    prg.Tray = r;
-    prg.p.tray.Notify(kNimAdd, prg.Tray);
+    SymbolErsetzen(prg, r);
 }
 
 }  // namespace kes

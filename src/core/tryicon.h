@@ -6,6 +6,11 @@
 namespace kes {
 
 class Programm;
+struct TrayRecord;
+
+// Takes the icon away, makes the record the current one and shows the icon again: the one
+// way every switch and balloon changes the notification area.
+void SymbolErsetzen(Programm& prg, const TrayRecord& record);
 
 // Shows a balloon with the caller's title and text and leaves the caller's tip on the icon.
 // The two numbers have no effect: the balloon is always a warning with a time-out of 1.

@@ -3,10 +3,10 @@
 namespace kes {
 
 void Box::KlickVomBenutzer() {
-    if (value_ == 2) return;
-    std::int16_t neu = value_ == 0 ? 1 : 0;
+    // Grey and any unknown value stay as they are, and the owner hears nothing.
     if (value_ != 0 && value_ != 1) return;
-    value_ = neu;
+    value_ = value_ == 0 ? 1 : 0;
+    std::int16_t neu = value_;
     if (Click) Click(neu);
 }
 
