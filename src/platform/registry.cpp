@@ -66,8 +66,9 @@ std::vector<std::string> Registry::EnumSubkeys(RegHandle handle) {
         namen.emplace_back(puffer.data(), std::min(grösse, kNamePuffer));
         if (kategorie_ == "Dienste" && i + 1 > kDienstGrenze) return {};
         if (rc == kErrorNoMoreItems) return namen;
-        // Only a refused handle fails here; its walk would never end.
-        if (rc == kErrorInvalidHandle) return {};
+        // A refused handle or a key deleted during the walk fails every further round:
+        // such a walk would never end.
+        if (rc != kErrorSuccess && rc != kErrorMoreData) return {};
     }
 }
 
@@ -82,7 +83,7 @@ std::vector<WertEintrag> Registry::EnumValues(RegHandle handle) {
         const long rc = p_.registry.EnumValue(handle, i, puffer.data(), &grösse, &typ, nullptr, &datenGrösse);
         werte.push_back({std::to_string(typ), std::string(puffer.data(), std::min(grösse, kNamePuffer))});
         if (rc == kErrorNoMoreItems) return werte;
-        if (rc == kErrorInvalidHandle) return {};
+        if (rc != kErrorSuccess && rc != kErrorMoreData) return {};
     }
 }
 

@@ -196,10 +196,12 @@ TEST_F(Registry, KeyDeletedWhileOpen_StopsAnsweringThroughTheOldHandle) {
     Text(h, "wert", "x");
     ASSERT_EQ(r.DeleteKey(wurzel, "Verschwindet"), kErrorSuccess);
     std::uint32_t grösse = 0;
-    EXPECT_NE(r.QueryValueEx(h, "wert", nullptr, nullptr, &grösse), kErrorSuccess);
+    EXPECT_EQ(r.QueryValueEx(h, "wert", nullptr, nullptr, &grösse), kErrorKeyDeleted);
     char name[64];
     std::uint32_t länge = 64;
-    EXPECT_NE(r.EnumValue(h, 0, name, &länge, nullptr, nullptr, nullptr), kErrorSuccess);
+    EXPECT_EQ(r.EnumValue(h, 0, name, &länge, nullptr, nullptr, nullptr), kErrorKeyDeleted);
+    länge = 64;
+    EXPECT_EQ(r.EnumKeyEx(h, 0, name, &länge), kErrorKeyDeleted) << "every further round of a walk fails alike";
     r.CloseKey(h);
 }
 

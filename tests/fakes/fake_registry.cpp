@@ -66,6 +66,11 @@ FakeRegistry::KnotenPtr FakeRegistry::Anlegen(KnotenPtr von, const std::string& 
     return von;
 }
 
+long FakeRegistry::Ungültig(RegHandle h) const {
+    auto it = handles_.find(h);
+    return it != handles_.end() && it->second->gelöscht ? kErrorKeyDeleted : kErrorInvalidHandle;
+}
+
 RegHandle FakeRegistry::NeuerHandle(KnotenPtr k) {
     const RegHandle h = nächster_;
     nächster_ += 4;
@@ -83,7 +88,7 @@ FakeRegistry::Wert* FakeRegistry::FindeWert(Knoten& k, const char* name) {
 long FakeRegistry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t, RegHandle* out) {
     if (beimÖffnen) beimÖffnen(subkey);
     auto von = Knoten_(root);
-    if (!von) return kErrorInvalidHandle;
+    if (!von) return Ungültig(root);
     auto k = Finde(von, subkey);
     if (!k) return kErrorFileNotFound;
     *out = NeuerHandle(k);
@@ -92,7 +97,7 @@ long FakeRegistry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uin
 
 long FakeRegistry::CreateKeyEx(RegHandle root, const std::string& subkey, RegHandle* out) {
     auto von = Knoten_(root);
-    if (!von) return kErrorInvalidHandle;
+    if (!von) return Ungültig(root);
     *out = NeuerHandle(Anlegen(von, subkey));
     return kErrorSuccess;
 }
@@ -104,7 +109,7 @@ long FakeRegistry::CloseKey(RegHandle key) {
 
 long FakeRegistry::EnumKeyEx(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen) {
     auto k = Knoten_(key);
-    if (!k) return kErrorInvalidHandle;
+    if (!k) return Ungültig(key);
     if (index >= k->kinder.size()) return kErrorNoMoreItems;
     auto it = std::next(k->kinder.begin(), index);
     const std::string& n = it->second->name;
@@ -122,7 +127,7 @@ long FakeRegistry::EnumKey(RegHandle key, std::uint32_t index, char* name, std::
 long FakeRegistry::EnumValue(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen,
                              std::uint32_t* type, std::uint8_t* data, std::uint32_t* cbData) {
     auto k = Knoten_(key);
-    if (!k) return kErrorInvalidHandle;
+    if (!k) return Ungültig(key);
     if (index >= k->werte.size()) return kErrorNoMoreItems;
     const Wert& w = k->werte[index];
     if (*nameLen <= w.name.size()) return kErrorMoreData;
@@ -141,7 +146,7 @@ long FakeRegistry::EnumValue(RegHandle key, std::uint32_t index, char* name, std
 long FakeRegistry::QueryValueEx(RegHandle key, const char* name, std::uint32_t* type, std::uint8_t* data,
                                 std::uint32_t* cbData) {
     auto k = Knoten_(key);
-    if (!k) return kErrorInvalidHandle;
+    if (!k) return Ungültig(key);
     Wert* w = FindeWert(*k, name);
     if (!w) return kErrorFileNotFound;
     if (type) *type = w->type;
@@ -157,7 +162,7 @@ long FakeRegistry::QueryValueEx(RegHandle key, const char* name, std::uint32_t* 
 long FakeRegistry::SetValueEx(RegHandle key, const char* name, std::uint32_t type, const std::uint8_t* data,
                               std::uint32_t cbData) {
     auto k = Knoten_(key);
-    if (!k) return kErrorInvalidHandle;
+    if (!k) return Ungültig(key);
     std::string bytes(reinterpret_cast<const char*>(data), cbData);
     if (Wert* w = FindeWert(*k, name)) {
         w->type = type;
@@ -170,7 +175,7 @@ long FakeRegistry::SetValueEx(RegHandle key, const char* name, std::uint32_t typ
 
 long FakeRegistry::DeleteValue(RegHandle key, const char* name) {
     auto k = Knoten_(key);
-    if (!k) return kErrorInvalidHandle;
+    if (!k) return Ungültig(key);
     for (auto it = k->werte.begin(); it != k->werte.end(); ++it)
         if (GleichOhneFall(it->name, NameOderStandard(name))) {
             k->werte.erase(it);
@@ -181,7 +186,7 @@ long FakeRegistry::DeleteValue(RegHandle key, const char* name) {
 
 long FakeRegistry::DeleteKey(RegHandle key, const std::string& subkey) {
     auto von = Knoten_(key);
-    if (!von) return kErrorInvalidHandle;
+    if (!von) return Ungültig(key);
     auto teile = Teile(subkey);
     if (teile.empty()) return kErrorAccessDenied;
     const std::string letzter = teile.back();

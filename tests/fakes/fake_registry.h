@@ -66,6 +66,8 @@ private:
     KnotenPtr AusPfad(const std::string& keyPath, bool anlegen);
     Wert* FindeWert(Knoten& k, const char* name);
     RegHandle NeuerHandle(KnotenPtr k);
+    // 1018 for a handle whose key was deleted, 6 for one that never was.
+    long Ungültig(RegHandle h) const;
 
     std::map<RegHandle, KnotenPtr> wurzeln_;
     std::map<RegHandle, KnotenPtr> handles_;

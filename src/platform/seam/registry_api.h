@@ -1,5 +1,6 @@
 // The raw registry calls the program makes, with the Win32 contracts kept: return codes are
-// Win32 error codes (0 success, 2 not found, 234 more data, 259 no more items), names and
+// Win32 error codes (0 success, 2 not found, 234 more data, 259 no more items, 1018 the
+// key was deleted while open), names and
 // data are ANSI bytes, and buffers are the caller's with the sizes the caller announces.
 #pragma once
 
@@ -24,6 +25,7 @@ inline constexpr long kErrorAccessDenied = 5;
 inline constexpr long kErrorInvalidHandle = 6;
 inline constexpr long kErrorMoreData = 234;
 inline constexpr long kErrorNoMoreItems = 259;
+inline constexpr long kErrorKeyDeleted = 1018;
 
 inline constexpr std::uint32_t kRegNone = 0;
 inline constexpr std::uint32_t kRegSz = 1;

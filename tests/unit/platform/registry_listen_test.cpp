@@ -56,6 +56,22 @@ TEST_F(RegistryListen, WalkLetsWindowMessagesRunThreeTimesARound) {
     EXPECT_TRUE(reg.CloseKey(h));
 }
 
+TEST_F(RegistryListen, KeyDeletedDuringTheWalk_EndsTheWalkInsteadOfSpinning) {
+    fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\Weg\\Eins");
+    fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\Weg\\Zwei");
+    RegHandle h = 0;
+    reg.OpenKey(kHkeyCurrentUser, "Software\\Weg", h);
+    // Another program removes the key between two rounds of the walk.
+    fp.timers.beimPumpen.push_back([&] {
+        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Eins");
+        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Zwei");
+        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg");
+    });
+    EXPECT_TRUE(reg.EnumSubkeys(h).empty());
+    EXPECT_TRUE(reg.EnumValues(h).empty());
+    reg.CloseKey(h);
+}
+
 TEST_F(RegistryListen, MissingKey_GetSubkeysAndGetValueNamesEndInsteadOfSpinning) {
     EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, "SOFTWARE\\Fehlt").empty());
     EXPECT_TRUE(reg.GetValueNames(kHkeyLocalMachine, "SOFTWARE\\Fehlt").empty());
