@@ -1,10 +1,15 @@
 # Every compiler-specific flag of the project, in one place.
 # Program strings are bytes of the ANSI code page 1252; sources are UTF-8.
 
+# One C runtime for every target, linked in, so the program needs no DLL beside it.
+if(MSVC)
+  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+endif()
+
 function(kes_flags target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /utf-8 /execution-charset:windows-1252 /W4 /permissive-
+    target_compile_options(${target} PRIVATE /source-charset:utf-8 /execution-charset:windows-1252 /W4 /permissive-
                                              /wd4100 /wd4458)
     target_compile_definitions(${target} PRIVATE _CRT_SECURE_NO_WARNINGS NOMINMAX)
   else()
@@ -20,7 +25,12 @@ endfunction()
 function(kes_static_runtime target)
   if(MINGW)
     target_link_options(${target} PRIVATE -static -static-libgcc -static-libstdc++)
-  elseif(MSVC)
-    set_property(TARGET ${target} PROPERTY MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  endif()
+endfunction()
+
+# The program brings its own manifest in its resources; the linker must not add another.
+function(kes_own_manifest target)
+  if(MSVC)
+    target_link_options(${target} PRIVATE /MANIFEST:NO)
   endif()
 endfunction()
