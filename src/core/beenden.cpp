@@ -13,9 +13,9 @@ namespace {
 // The files a reset deletes, in this order. "daten\kestrella.log" never exists: the log
 // beside the program survives a reset, as intended.
 constexpr const char* kZurücksetzen[] = {
-    "daten\\toolbar.ini",      "daten\\prozesse.txt",      "daten\\dienste.ini",        "daten\\dienstefirmen.txt",
-    "daten\\0190.txt",         "daten\\AutostartREG.txt",  "daten\\favoriten.txt",      "daten\\shellservice.ini",
-    "daten\\taskscheduler.ini", "daten\\URLSearchHook.txt", "daten\\kestrella.log",      "kestrella.dat",
+    "daten\\toolbar.ini",       "daten\\prozesse.txt",      "daten\\dienste.ini",   "daten\\dienstefirmen.txt",
+    "daten\\0190.txt",          "daten\\AutostartREG.txt",  "daten\\favoriten.txt", "daten\\shellservice.ini",
+    "daten\\taskscheduler.ini", "daten\\URLSearchHook.txt", "daten\\kestrella.log", "kestrella.dat",
     "daten\\Firma.txt",
 };
 
@@ -55,9 +55,9 @@ bool AlarmFenster::Form_QueryUnload(int grund) {
         const long fehler = prg_.p.files.Delete(pfad);
         if (fehler != 0) {
             // The reset stops at the first file that will not go, and says which.
-            prg_.p.dialogs.ShowMessage("Datei :" + pfad + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " +
-                                           std::to_string(fehler),
-                                       "", kMbOk);
+            prg_.p.dialogs.ShowMessage(
+                "Datei :" + pfad + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(fehler), "",
+                kMbOk);
             Show();
             return true;
         }
@@ -70,6 +70,8 @@ bool AlarmFenster::Form_QueryUnload(int grund) {
     return false;
 }
 
-void Programm::AlarmEntladen(int grund) { Alarm().Form_QueryUnload(grund); }
+void Programm::AlarmEntladen(int grund) {
+    Alarm().Form_QueryUnload(grund);
+}
 
 }  // namespace kes

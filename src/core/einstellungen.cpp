@@ -74,8 +74,7 @@ void Properties_Load(Programm& prg) {
         prg.Soundflag = alarm.Box1[1].value();
         LogVorbereiten(prg);
     } catch (const Fehler& f) {
-        prg.p.dialogs.ShowMessage("(Modul Starten, Properties_Load) Fehler: " + std::to_string(f.Nummer()), "",
-                                 kMbOk);
+        prg.p.dialogs.ShowMessage("(Modul Starten, Properties_Load) Fehler: " + std::to_string(f.Nummer()), "", kMbOk);
     } catch (const std::exception&) {
         prg.p.dialogs.ShowMessage("(Modul Starten, Properties_Load) Fehler: 5", "", kMbOk);
     }

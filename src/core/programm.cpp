@@ -12,7 +12,9 @@ Programm::Programm(Plattform& plattform) : p(plattform) {
     p.timers.SetHandler([this](int id) { TimerTick(id); });
 }
 
-Programm::~Programm() { p.timers.SetHandler(nullptr); }
+Programm::~Programm() {
+    p.timers.SetHandler(nullptr);
+}
 
 // The pointer is set before the load handler runs, so a handler that touches its own
 // window (or one that touches it back) finds it loaded instead of loading it twice.
@@ -68,7 +70,9 @@ void Programm::Form3Entladen() {
     entladen_.push_back(std::move(form3_));
 }
 
-void Programm::Aufräumen() { entladen_.clear(); }
+void Programm::Aufräumen() {
+    entladen_.clear();
+}
 
 void Programm::TimerTick(int id) {
     // Nothing may leave a timer callback; each routine handles its own errors.

@@ -16,7 +16,8 @@ public:
     std::uint32_t Zahl(int bytes) {
         if (pos_ + bytes > d_.size()) throw Fehler(kFehlerDateiende, "Eigenschaften abgeschnitten");
         std::uint32_t v = 0;
-        for (int i = 0; i < bytes; ++i) v |= static_cast<std::uint32_t>(static_cast<unsigned char>(d_[pos_ + i])) << (8 * i);
+        for (int i = 0; i < bytes; ++i)
+            v |= static_cast<std::uint32_t>(static_cast<unsigned char>(d_[pos_ + i])) << (8 * i);
         pos_ += bytes;
         return v;
     }
@@ -58,8 +59,10 @@ long long AlsGanzzahl(const BagWert& w) {
 
 BagWert Umwandeln(const BagWert& gespeichert, const BagWert& standard) {
     switch (TypVon(standard)) {
-        case BagTyp::Text: return WertAlsText(gespeichert);
-        case BagTyp::Bool: return AlsGanzzahl(gespeichert) != 0;
+        case BagTyp::Text:
+            return WertAlsText(gespeichert);
+        case BagTyp::Bool:
+            return AlsGanzzahl(gespeichert) != 0;
         case BagTyp::Int16: {
             const long long z = AlsGanzzahl(gespeichert);
             if (z < -32768 || z > 32767) throw Fehler(6, "Überlauf");
@@ -77,10 +80,14 @@ BagWert Umwandeln(const BagWert& gespeichert, const BagWert& standard) {
 
 BagTyp TypVon(const BagWert& wert) {
     switch (wert.index()) {
-        case 0: return BagTyp::Int16;
-        case 1: return BagTyp::Int32;
-        case 2: return BagTyp::Text;
-        default: return BagTyp::Bool;
+        case 0:
+            return BagTyp::Int16;
+        case 1:
+            return BagTyp::Int32;
+        case 2:
+            return BagTyp::Text;
+        default:
+            return BagTyp::Bool;
     }
 }
 
@@ -101,11 +108,20 @@ PropertyBag PropertyBag::AusInhalt(const std::string& inhalt) {
         std::string name = l.Bytes(l.Zahl(2));
         BagWert wert;
         switch (typ) {
-            case BagTyp::Int16: wert = static_cast<std::int16_t>(l.Zahl(2)); break;
-            case BagTyp::Int32: wert = static_cast<std::int32_t>(l.Zahl(4)); break;
-            case BagTyp::Bool: wert = l.Zahl(2) != 0; break;
-            case BagTyp::Text: wert = l.Bytes(l.Zahl(4)); break;
-            default: throw Fehler(kFehlerDateiformat, "Unbekannter Werttyp");
+            case BagTyp::Int16:
+                wert = static_cast<std::int16_t>(l.Zahl(2));
+                break;
+            case BagTyp::Int32:
+                wert = static_cast<std::int32_t>(l.Zahl(4));
+                break;
+            case BagTyp::Bool:
+                wert = l.Zahl(2) != 0;
+                break;
+            case BagTyp::Text:
+                wert = l.Bytes(l.Zahl(4));
+                break;
+            default:
+                throw Fehler(kFehlerDateiformat, "Unbekannter Werttyp");
         }
         bag.WriteProperty(name, wert);
     }

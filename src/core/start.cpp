@@ -26,9 +26,13 @@ StartFenster::StartFenster(Programm& prg) : Timer2(prg.p.timers, kTimerStart2, 3
     fox1[6].Caption = "Beenden";
 }
 
-void StartFenster::Form_Load() { Hide(); }
+void StartFenster::Form_Load() {
+    Hide();
+}
 
-void StartFenster::Form_Unload() { prg_.p.tray.Notify(kNimDelete, prg_.Tray); }
+void StartFenster::Form_Unload() {
+    prg_.p.tray.Notify(kNimDelete, prg_.Tray);
+}
 
 void StartFenster::Timer2_Timer() {
     Timer2.SetEnabled(false);
@@ -64,7 +68,9 @@ void StartFenster::NichtAktiviert() {
     prg_.Beschäftigt = true;
 }
 
-void StartFenster::TaskleisteNeu() { prg_.p.tray.Notify(kNimAdd, prg_.Tray); }
+void StartFenster::TaskleisteNeu() {
+    prg_.p.tray.Notify(kNimAdd, prg_.Tray);
+}
 
 void StartFenster::Form_MouseMove(int nachricht) {
     switch (nachricht) {

@@ -19,8 +19,12 @@ using namespace kes;
 namespace {
 
 #ifdef _WIN32
-std::string Eingabe(const std::string& s) { return s; }
-std::string Ausgabe(const std::string& s) { return s; }
+std::string Eingabe(const std::string& s) {
+    return s;
+}
+std::string Ausgabe(const std::string& s) {
+    return s;
+}
 #else
 // On Linux the terminal speaks UTF-8 and the file Windows-1252; the program's keys use only
 // Latin-1 letters, so the two map one to one there.
@@ -52,10 +56,14 @@ std::string Ausgabe(const std::string& s) {
 
 const char* TypName(BagTyp t) {
     switch (t) {
-        case BagTyp::Int16: return "int16";
-        case BagTyp::Int32: return "int32";
-        case BagTyp::Text: return "string";
-        case BagTyp::Bool: return "boolean";
+        case BagTyp::Int16:
+            return "int16";
+        case BagTyp::Int32:
+            return "int32";
+        case BagTyp::Text:
+            return "string";
+        case BagTyp::Bool:
+            return "boolean";
     }
     return "?";
 }
@@ -74,10 +82,14 @@ BagWert Wert(BagTyp typ, const std::string& text) {
     PropertyBag hilfe;
     hilfe.WriteProperty("x", text);
     switch (typ) {
-        case BagTyp::Int16: return hilfe.ReadProperty("x", std::int16_t{0});
-        case BagTyp::Int32: return hilfe.ReadProperty("x", std::int32_t{0});
-        case BagTyp::Bool: return hilfe.ReadProperty("x", false);
-        case BagTyp::Text: break;
+        case BagTyp::Int16:
+            return hilfe.ReadProperty("x", std::int16_t{0});
+        case BagTyp::Int32:
+            return hilfe.ReadProperty("x", std::int32_t{0});
+        case BagTyp::Bool:
+            return hilfe.ReadProperty("x", false);
+        case BagTyp::Text:
+            break;
     }
     return text;
 }
@@ -122,8 +134,8 @@ int main(int argc, char** argv) {
         if (befehl == "show" && argc == 3) {
             if (!Laden(pfad, bag, false)) return 1;
             for (const auto& e : bag.Einträge())
-                std::cout << Ausgabe(e.name) << " (" << TypName(TypVon(e.wert)) << ") = " << Ausgabe(WertAlsText(e.wert))
-                          << "\n";
+                std::cout << Ausgabe(e.name) << " (" << TypName(TypVon(e.wert))
+                          << ") = " << Ausgabe(WertAlsText(e.wert)) << "\n";
             return 0;
         }
         if (befehl == "set" && argc == 5) {

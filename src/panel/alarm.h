@@ -33,10 +33,10 @@ public:
     ListBox List6;        // accepted ActiveX objects (this run only)
     ListBox List9;        // known URL search hooks
     ListView ListView33;  // the autostart registry rows of the current listing
-    TextBox Text2;  // the log's master text
+    TextBox Text2;        // the log's master text
     std::array<Label, 4> Label2;
-    std::array<Label, 10> Label1;        // the sidebar entries
-    std::array<PictureBox, 20> Frame1;   // the pages
+    std::array<Label, 10> Label1;       // the sidebar entries
+    std::array<PictureBox, 20> Frame1;  // the pages
 
     // The log buttons of the page "Aktuelle Einstellungen": 0 "Log-löschen", 1 "Log-öffnen".
     void Command2_Click(int index);

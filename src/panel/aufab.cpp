@@ -5,7 +5,9 @@
 namespace kes {
 
 namespace {
-bool IstZiffer(char c) { return c >= '0' && c <= '9'; }
+bool IstZiffer(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Val(): the leading number of the text, 0 when there is none.
 std::int32_t ZahlVon(const std::string& t) {

@@ -6,14 +6,16 @@
 
 namespace kes {
 
-bool DateiVorhanden(Plattform& p, const std::string& datei) { return p.files.CanRead(datei); }
+bool DateiVorhanden(Plattform& p, const std::string& datei) {
+    return p.files.CanRead(datei);
+}
 
 bool DateiLöschen(Plattform& p, const std::string& datei) {
     p.files.SetAttributes(datei, kAttrNormal);
     const long fehler = p.files.Delete(datei);
     if (fehler == 0) return true;
-    p.dialogs.ShowMessage("Datei :" + datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(fehler),
-                         "", kMbOk);
+    p.dialogs.ShowMessage(
+        "Datei :" + datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(fehler), "", kMbOk);
     return false;
 }
 
@@ -56,7 +58,9 @@ bool SoundSpielen(Plattform& p, const std::string& name, unsigned flags) {
     return p.sound.PlayResource(name, flags);
 }
 
-void ImmerOben(Fenster& fenster, bool oben) { fenster.Topmost = oben; }
+void ImmerOben(Fenster& fenster, bool oben) {
+    fenster.Topmost = oben;
+}
 
 void FensterMitte(Plattform& p, Fenster& fenster, const Fenster* besitzer) {
     if (besitzer) {
@@ -85,7 +89,9 @@ void ListeFärben(ListView& liste, long farbe, int spalte, int zeile) {
     }
 }
 
-void SeiteÖffnen(Plattform& p, const std::string& url) { p.shell.OpenWithShell("", url, "", kSwShowNormal); }
+void SeiteÖffnen(Plattform& p, const std::string& url) {
+    p.shell.OpenWithShell("", url, "", kSwShowNormal);
+}
 
 void MailSchreiben(Plattform& p, const std::string& adresse, const std::string& betreff, const std::string& text) {
     p.shell.OpenWithShell("Open", "mailto:" + adresse + "?Subject=" + betreff + "&Body=" + text, "", kSwShowNormal);

@@ -21,7 +21,9 @@ void Form1Fenster::Form_Load() {
     FensterMitte(prg_.p, *this);
 }
 
-void Form1Fenster::Check1_Click() { prg_.AnzeigeLöschen = Check1.Value == 1; }
+void Form1Fenster::Check1_Click() {
+    prg_.AnzeigeLöschen = Check1.Value == 1;
+}
 
 void Form1Fenster::Command1_Click(int index) {
     const bool ja = index == 0;

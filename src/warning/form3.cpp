@@ -20,8 +20,8 @@ Form3Fenster::Form3Fenster(Programm& prg) : Timer1(prg.p.timers, kTimerForm3_1, 
     Picture2.Height = kLeisteHöhe;
     Form_Resize();
 
-    Label3 = {Label{"Übernehmen"}, Label{"Kill Prozess"}, Label{"Löschen"},    Label{"Ausnahmeliste"},
-              Label{"Na gut.."},   Label{"Freigeben"},    Label{"Später"},     Label{"Mehr Infos"}};
+    Label3 = {Label{"Übernehmen"}, Label{"Kill Prozess"}, Label{"Löschen"}, Label{"Ausnahmeliste"},
+              Label{"Na gut.."},   Label{"Freigeben"},    Label{"Später"},  Label{"Mehr Infos"}};
     for (int i = 1; i <= 9; ++i) Image[i].Visible = (i == 6 || i == 7);
     for (int k = 0; k < 8; ++k) Label3[k].Visible = (k == 6);
     Image[6].ToolTipText = "Später den Eintrag  auswerten.";
@@ -32,7 +32,7 @@ Form3Fenster::Form3Fenster(Programm& prg) : Timer1(prg.p.timers, kTimerForm3_1, 
     ListView1.Columns = {"Eigenschaft", "Wert"};
     ListView2.Columns = {"Eintrag"};
     ListView3.Columns = {"Modul", "Pfad"};
-    static const char* kAttribute[] = {"Archiv", "Komprimiert", "Ordner",    "Versteckt",
+    static const char* kAttribute[] = {"Archiv", "Komprimiert", "Ordner", "Versteckt",
                                        "Normal", "Read Only",   "System", "Temp"};
     for (int i = 0; i < 8; ++i) Check1[i].Caption = kAttribute[i];
     Check1[3].Visible = true;
@@ -40,15 +40,24 @@ Form3Fenster::Form3Fenster(Programm& prg) : Timer1(prg.p.timers, kTimerForm3_1, 
 
 int Form3Fenster::LabelVon(int image) {
     switch (image) {
-        case 1: return 0;
-        case 2: return 1;
-        case 3: return 2;
-        case 4: return 3;
-        case 5: return 4;
-        case 8: return 5;
-        case 6: return 6;
-        case 9: return 7;
-        default: return -1;
+        case 1:
+            return 0;
+        case 2:
+            return 1;
+        case 3:
+            return 2;
+        case 4:
+            return 3;
+        case 5:
+            return 4;
+        case 8:
+            return 5;
+        case 6:
+            return 6;
+        case 9:
+            return 7;
+        default:
+            return -1;
     }
 }
 
@@ -100,7 +109,9 @@ void Form3Fenster::Show() {
     Form_Activate();
 }
 
-void Form3Fenster::Form_Activate() { ImmerOben(*this, true); }
+void Form3Fenster::Form_Activate() {
+    ImmerOben(*this, true);
+}
 
 void Form3Fenster::Form_Resize() {
     if (WindowState != 0) return;
@@ -116,7 +127,9 @@ void Form3Fenster::Form_QueryUnload() {
     prg_.Alarm().Timer1.SetEnabled(true);
 }
 
-void Form3Fenster::Timer1_Timer() { Check1[3].Visible = !Check1[3].Visible; }
+void Form3Fenster::Timer1_Timer() {
+    Check1[3].Visible = !Check1[3].Visible;
+}
 
 void Form3Fenster::raus() {
     Properties_Save(prg_);
@@ -137,10 +150,17 @@ namespace kes {
 
 void Form3Fenster::Image_Click(int n) {
     switch (n) {
-        case 1: Image1_Click(); break;
-        case 3: Image3_Click(); break;
-        case 7: Image7_Click(); break;
-        default: break;  // the other actions arrive with their categories
+        case 1:
+            Image1_Click();
+            break;
+        case 3:
+            Image3_Click();
+            break;
+        case 7:
+            Image7_Click();
+            break;
+        default:
+            break;  // the other actions arrive with their categories
     }
 }
 

@@ -39,15 +39,15 @@ public:
 
     std::array<Label, 3> Label1;
     std::array<TextBox, 6> Text1;
-    ListView ListView1;  // pane 1: file details
-    ListView ListView2;  // pane 0: name and full path
-    ListView ListView3;  // pane 4: loaded modules
-    ListView ListView4;  // pane 3: registry row
+    ListView ListView1;               // pane 1: file details
+    ListView ListView2;               // pane 0: name and full path
+    ListView ListView3;               // pane 4: loaded modules
+    ListView ListView4;               // pane 3: registry row
     std::array<SchaltBox, 8> Check1;  // pane 2: file attributes
     std::array<PictureBox, 5> Picture3;
-    PictureBox Picture2;  // the bar of buttons
+    PictureBox Picture2;               // the bar of buttons
     std::array<kes::Image, 10> Image;  // Image[1] .. Image[9]; Image[0] unused
-    std::array<Label, 8> Label3;  // captions of the buttons
+    std::array<Label, 8> Label3;       // captions of the buttons
     Label lblModName;
     TextBox txtMdlSPath, txtMdlLPath, txtMdlDesc;
     Label Modulscaption;
@@ -60,8 +60,8 @@ public:
     PopupWunsch Popup;
     // The menus of "Übernehmen" for processes and services; their handlers belong to the
     // other actions of the window.
-    std::array<MenüPunkt, 3> killprozess1{MenüPunkt{{"Prozess immer zulassen"}}, MenüPunkt{{"Hersteller immer zulassen"}},
-                                          MenüPunkt{{"Nur 1x zulassen"}}};
+    std::array<MenüPunkt, 3> killprozess1{MenüPunkt{{"Prozess immer zulassen"}},
+                                          MenüPunkt{{"Hersteller immer zulassen"}}, MenüPunkt{{"Nur 1x zulassen"}}};
     std::array<MenüPunkt, 2> dienst1{MenüPunkt{{"Hersteller immer zulassen"}}, MenüPunkt{{"Dienst immer zulassen"}}};
     std::string Merktext;    // the folder that "Ordner öffnen" opens
     int ListView2Index = 0;  // 1-based rows last clicked

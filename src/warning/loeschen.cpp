@@ -13,7 +13,7 @@
 namespace kes {
 
 namespace {
-constexpr const char* kHives[] = {"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE", "HKEY_USERS",
+constexpr const char* kHives[] = {"HKEY_CLASSES_ROOT",     "HKEY_CURRENT_USER",   "HKEY_LOCAL_MACHINE", "HKEY_USERS",
                                   "HKEY_PERFORMANCE_DATA", "HKEY_CURRENT_CONFIG", "HKEY_DYN_DATA"};
 constexpr const char* kZoneMap = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\";
 
@@ -34,7 +34,7 @@ const char* kDiensteFrage =
 }  // namespace
 
 bool Form3Fenster::RegistryLöschenValue(const std::string& hive, const std::string& schlüssel, const std::string& wert,
-                                         const std::string&) {
+                                        const std::string&) {
     const int code = HiveCode(hive);
     if (code < 0) return true;
     HiveOCX ocx(prg_.p.registry);
@@ -113,7 +113,8 @@ void Form3Fenster::löschen(bool ja) {
         log("Datei wurde erstellt oder geändert.", {"Datei: " + pfad()}, ok ? "< Gelöscht OK >" : "< Gelöscht Nein >");
     } else if (k == "AutostartRegistry") {
         const bool ok = RegistryLöschenValue(t(1), t(2), t(3), t(4));
-        log("Neuer Eintrag in der Registry Autostart.", {"Registry: " + t(1) + "\\" + t(2) + "\\" + t(3), "Wert: " + t(4)},
+        log("Neuer Eintrag in der Registry Autostart.",
+            {"Registry: " + t(1) + "\\" + t(2) + "\\" + t(3), "Wert: " + t(4)},
             ok ? "< Gelöscht OK >" : "< Gelöscht Nein >");
     } else if (k == "AutostartOrdner") {
         const bool ok = DateiLöschen(prg_.p, pfad());

@@ -16,7 +16,9 @@ namespace kes {
 namespace {
 const std::string kOk = "< Übernommen OK >";
 
-std::vector<std::string> Texte(const ListBox& l) { return l.Items; }
+std::vector<std::string> Texte(const ListBox& l) {
+    return l.Items;
+}
 std::vector<std::string> Texte(const ListView& l) {
     std::vector<std::string> t;
     for (const auto& z : l.Items) t.push_back(z.Text);
@@ -45,7 +47,9 @@ void Form3Fenster::Image1_Click() {
                    {"Registry: " + text(1) + "\\" + text(2) + "\\" + text(3), "Wert: " + text(0)}, kOk);
     } else if (k == "Dienste") {
         dienst1[1].Caption = "Dienst: \"" + text(0) + "\" immer zulassen";
-        dienst1[0].Caption = "Hersteller: \"" + (ListView1.Items.empty() ? std::string() : ListView1.Items[0].SubItem(1)) + "\" immer zulassen";
+        dienst1[0].Caption = "Hersteller: \"" +
+                             (ListView1.Items.empty() ? std::string() : ListView1.Items[0].SubItem(1)) +
+                             "\" immer zulassen";
         Popup = PopupWunsch{"dienst", 0, false, 0};
         return;  // the window stays open for the menu
     } else if (k == "URLSearchHooks") {
@@ -53,7 +57,7 @@ void Form3Fenster::Image1_Click() {
         ListeSchreiben(prg_, "daten\\URLSearchHook.txt", Texte(alarm.List9));
         LogEintrag(prg_, "IExplorer URLSearchHooks geändert.", {"Name: " + text(0), "Wert: " + text(1)}, kOk);
     } else if (k == "TaskScheduler" || k == "ShellService" || k == "BHO") {
-        const std::string datei = prg_.Programmordner + (k == "BHO"             ? "daten\\bho.ini"
+        const std::string datei = prg_.Programmordner + (k == "BHO"            ? "daten\\bho.ini"
                                                          : k == "ShellService" ? "daten\\shellservice.ini"
                                                                                : "daten\\taskscheduler.ini");
         auto schreiben = [&](const std::string& abschnitt, const char* schlüssel, const std::string& wert) {

@@ -8,7 +8,9 @@
 namespace kes {
 
 namespace {
-std::string HostsPfad(Programm& prg) { return prg.Systemordner + "\\drivers\\etc\\hosts"; }
+std::string HostsPfad(Programm& prg) {
+    return prg.Systemordner + "\\drivers\\etc\\hosts";
+}
 }  // namespace
 
 void AlarmFenster::TesteHosts() {

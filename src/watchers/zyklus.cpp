@@ -14,7 +14,8 @@ void AlarmFenster::Form_Load() {
               std::to_string(kVersionRevision) + " AddOn Halvenik";
 
     HiveOCX hive(prg_.p.registry);
-    const bool autostart = hive.ValueExists(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella");
+    const bool autostart =
+        hive.ValueExists(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella");
     Box1[0].setValue(autostart ? 1 : 0);
     prg_.Start().fox1[5].Checked = autostart;
 

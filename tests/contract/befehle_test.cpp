@@ -36,7 +36,8 @@ protected:
         return false;
     }
     void TearDown() override {
-        for (const char* k : {"\\Weg\\Kind", "\\Weg", "\\Bleibt"}) p.registry.DeleteKey(kHkeyCurrentUser, std::string(kTestSchlüssel) + k);
+        for (const char* k : {"\\Weg\\Kind", "\\Weg", "\\Bleibt"})
+            p.registry.DeleteKey(kHkeyCurrentUser, std::string(kTestSchlüssel) + k);
     }
 };
 

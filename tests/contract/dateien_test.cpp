@@ -38,7 +38,9 @@ TEST_F(Dateien, MissingFile_CannotBeReadAndHasNoLengthOrAttributes) {
 }
 
 TEST_F(Dateien, WrittenBytes_ComeBackUnchangedUnderAnyCaseOfTheName) {
-    const std::string daten = "Zeile 1\r\nGr\xF6\xDF" "e \xC4\r\n\r\nEnde ohne Zeilenende";
+    const std::string daten =
+        "Zeile 1\r\nGr\xF6\xDF"
+        "e \xC4\r\n\r\nEnde ohne Zeilenende";
     ASSERT_TRUE(f.WriteAll(Pfad("Liste.txt"), daten));
     EXPECT_EQ(f.ReadAll(Pfad("LISTE.TXT")).value_or(""), daten);
     EXPECT_EQ(f.Length(Pfad("liste.txt")).value_or(-1), static_cast<std::int64_t>(daten.size()));

@@ -164,7 +164,9 @@ bool FakeFiles::FindNext(FindHandle h, FindData* out) {
     return true;
 }
 
-void FakeFiles::FindClose(FindHandle h) { finds_.erase(h); }
+void FakeFiles::FindClose(FindHandle h) {
+    finds_.erase(h);
+}
 
 void FakeFiles::MakeDirs(const std::string& path) {
     std::string k = Schlüssel(path);
@@ -194,7 +196,9 @@ void FakeFiles::Lock(const std::string& path, bool locked) {
     if (Eintrag* e = Finde(path)) e->gesperrt = locked;
 }
 
-bool FakeFiles::Exists(const std::string& path) const { return einträge_.count(Schlüssel(path)) != 0; }
+bool FakeFiles::Exists(const std::string& path) const {
+    return einträge_.count(Schlüssel(path)) != 0;
+}
 
 std::string FakeFiles::Content(const std::string& path) const {
     auto it = einträge_.find(Schlüssel(path));

@@ -2,8 +2,8 @@
 // the program in C:\Programme\Kestrella.
 #pragma once
 
-#include "fake_file_details.h"
 #include <vector>
+#include "fake_file_details.h"
 
 #include "fake_files.h"
 #include "fake_processes.h"
@@ -61,13 +61,15 @@ struct FakePlattform {
     FakeProcesses processes{files};
     FakeFileDetails details{files};
     IniDatei profiles{files};
-    Plattform plattform{registry, files, shell, dialogs, sound, timers, system, dialup, tray, processes, details, profiles};
+    Plattform plattform{registry, files,  shell, dialogs,   sound,   timers,
+                        system,   dialup, tray,  processes, details, profiles};
 
     FakePlattform() {
         shell.ordner[kCsidlWindows] = "C:\\WINDOWS";
         shell.ordner[kCsidlSystem] = "C:\\WINDOWS\\system32";
         shell.ordner[kCsidlStartup] = "C:\\Dokumente und Einstellungen\\Benutzer\\Startmenü\\Programme\\Autostart";
-        shell.ordner[kCsidlCommonStartup] = "C:\\Dokumente und Einstellungen\\All Users\\Startmenü\\Programme\\Autostart";
+        shell.ordner[kCsidlCommonStartup] =
+            "C:\\Dokumente und Einstellungen\\All Users\\Startmenü\\Programme\\Autostart";
         shell.ordner[kCsidlFavorites] = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
         files.MakeDirs("C:\\Programme\\Kestrella\\daten");
         files.MakeDirs("C:\\WINDOWS\\system32\\drivers\\etc");

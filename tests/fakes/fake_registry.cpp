@@ -22,7 +22,9 @@ std::vector<std::string> Teile(const std::string& pfad) {
     return teile;
 }
 
-const char* NameOderStandard(const char* name) { return name ? name : ""; }
+const char* NameOderStandard(const char* name) {
+    return name ? name : "";
+}
 }  // namespace
 
 FakeRegistry::FakeRegistry() {
@@ -204,10 +206,11 @@ long FakeRegistry::DeleteKey(RegHandle key, const std::string& subkey) {
 }
 
 FakeRegistry::KnotenPtr FakeRegistry::AusPfad(const std::string& keyPath, bool anlegen) {
-    static const std::pair<const char*, RegHandle> kWurzeln[] = {
-        {"HKEY_CLASSES_ROOT", kHkeyClassesRoot}, {"HKEY_CURRENT_USER", kHkeyCurrentUser},
-        {"HKEY_LOCAL_MACHINE", kHkeyLocalMachine}, {"HKEY_USERS", kHkeyUsers},
-        {"HKEY_CURRENT_CONFIG", kHkeyCurrentConfig}};
+    static const std::pair<const char*, RegHandle> kWurzeln[] = {{"HKEY_CLASSES_ROOT", kHkeyClassesRoot},
+                                                                 {"HKEY_CURRENT_USER", kHkeyCurrentUser},
+                                                                 {"HKEY_LOCAL_MACHINE", kHkeyLocalMachine},
+                                                                 {"HKEY_USERS", kHkeyUsers},
+                                                                 {"HKEY_CURRENT_CONFIG", kHkeyCurrentConfig}};
     const auto trenner = keyPath.find('\\');
     const std::string wurzel = keyPath.substr(0, trenner);
     const std::string rest = trenner == std::string::npos ? "" : keyPath.substr(trenner + 1);
@@ -237,7 +240,9 @@ void FakeRegistry::SetDword(const std::string& keyPath, const std::string& name,
     SetRaw(keyPath, name, kRegDword, b);
 }
 
-void FakeRegistry::MakeKey(const std::string& keyPath) { AusPfad(keyPath, true); }
+void FakeRegistry::MakeKey(const std::string& keyPath) {
+    AusPfad(keyPath, true);
+}
 
 bool FakeRegistry::HasKey(const std::string& keyPath) const {
     return const_cast<FakeRegistry*>(this)->AusPfad(keyPath, false) != nullptr;

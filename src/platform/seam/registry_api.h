@@ -54,8 +54,8 @@ public:
     // RegEnumKeyA: cb is the buffer size; the name comes NUL-terminated.
     virtual long EnumKey(RegHandle key, std::uint32_t index, char* name, std::uint32_t cb) = 0;
     // RegEnumValueA. type, data and cbData may be null. With data null only the size is told.
-    virtual long EnumValue(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen,
-                           std::uint32_t* type, std::uint8_t* data, std::uint32_t* cbData) = 0;
+    virtual long EnumValue(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen, std::uint32_t* type,
+                           std::uint8_t* data, std::uint32_t* cbData) = 0;
     // RegQueryValueExA. name null or "" is the default value.
     virtual long QueryValueEx(RegHandle key, const char* name, std::uint32_t* type, std::uint8_t* data,
                               std::uint32_t* cbData) = 0;

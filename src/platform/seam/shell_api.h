@@ -35,7 +35,7 @@ public:
     virtual bool RunCommand(const std::string& commandLine, int show) = 0;
     // ShellExecuteA; the result is the platform's (above 32 means success).
     virtual long OpenWithShell(const std::string& verb, const std::string& file, const std::string& params,
-                              int show) = 0;
+                               int show) = 0;
     // SHGetSpecialFolderLocation + SHGetPathFromIDListA; nullopt when the shell refuses.
     virtual std::optional<std::string> SpecialFolder(int csidl) = 0;
 };

@@ -5,8 +5,8 @@
 #include "platform/win32/file_details_win32.h"
 #include "platform/win32/files_win32.h"
 #include "platform/win32/processes_win32.h"
-#include "platform/win32/registry_win32.h"
 #include "platform/win32/profile_win32.h"
+#include "platform/win32/registry_win32.h"
 #include "platform/win32/system_win32.h"
 #include "platform/win32/tray_win32.h"
 
@@ -25,7 +25,8 @@ struct EchtePlattform {
     Win32Processes processes;
     Win32FileDetails details;
     Win32Profiles profiles;
-    Plattform plattform{registry, files, shell, dialogs, sound, timers, system, dialup, tray, processes, details, profiles};
+    Plattform plattform{registry, files,  shell, dialogs,   sound,   timers,
+                        system,   dialup, tray,  processes, details, profiles};
 };
 
 }  // namespace kes::win32

@@ -22,7 +22,9 @@ bool Schreiben(HANDLE h, const std::string& data) {
     return true;
 }
 
-std::uint64_t Zeit(const FILETIME& ft) { return (static_cast<std::uint64_t>(ft.dwHighDateTime) << 32) | ft.dwLowDateTime; }
+std::uint64_t Zeit(const FILETIME& ft) {
+    return (static_cast<std::uint64_t>(ft.dwHighDateTime) << 32) | ft.dwLowDateTime;
+}
 
 void Übernehmen(const WIN32_FIND_DATAA& w, FindData* out) {
     out->name = w.cFileName;
@@ -61,9 +63,13 @@ bool Win32Files::Append(const std::string& path, const std::string& data) {
     return f && Schreiben(f.Get(), data);
 }
 
-long Win32Files::Delete(const std::string& path) { return ::DeleteFileA(path.c_str()) ? 0 : ::GetLastError(); }
+long Win32Files::Delete(const std::string& path) {
+    return ::DeleteFileA(path.c_str()) ? 0 : ::GetLastError();
+}
 
-std::uint32_t Win32Files::GetAttributes(const std::string& path) { return ::GetFileAttributesA(path.c_str()); }
+std::uint32_t Win32Files::GetAttributes(const std::string& path) {
+    return ::GetFileAttributesA(path.c_str());
+}
 
 bool Win32Files::SetAttributes(const std::string& path, std::uint32_t attributes) {
     return ::SetFileAttributesA(path.c_str(), attributes) != 0;
@@ -76,7 +82,9 @@ std::optional<std::int64_t> Win32Files::Length(const std::string& path) {
     return (static_cast<std::int64_t>(d.nFileSizeHigh) << 32) | d.nFileSizeLow;
 }
 
-bool Win32Files::MakeDirectory(const std::string& path) { return ::CreateDirectoryA(path.c_str(), nullptr) != 0; }
+bool Win32Files::MakeDirectory(const std::string& path) {
+    return ::CreateDirectoryA(path.c_str(), nullptr) != 0;
+}
 
 FindHandle Win32Files::FindFirst(const std::string& pattern, FindData* out) {
     WIN32_FIND_DATAA w;
@@ -93,6 +101,8 @@ bool Win32Files::FindNext(FindHandle h, FindData* out) {
     return true;
 }
 
-void Win32Files::FindClose(FindHandle h) { ::FindClose(reinterpret_cast<HANDLE>(h)); }
+void Win32Files::FindClose(FindHandle h) {
+    ::FindClose(reinterpret_cast<HANDLE>(h));
+}
 
 }  // namespace kes::win32

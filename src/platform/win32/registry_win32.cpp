@@ -12,8 +12,12 @@ HKEY Key(RegHandle h) {
         return reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(static_cast<LONG_PTR>(static_cast<LONG>(h))));
     return reinterpret_cast<HKEY>(h);
 }
-RegHandle Handle(HKEY k) { return reinterpret_cast<RegHandle>(k); }
-DWORD* Dw(std::uint32_t* p) { return reinterpret_cast<DWORD*>(p); }
+RegHandle Handle(HKEY k) {
+    return reinterpret_cast<RegHandle>(k);
+}
+DWORD* Dw(std::uint32_t* p) {
+    return reinterpret_cast<DWORD*>(p);
+}
 }  // namespace
 
 long Win32Registry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegHandle* out) {
@@ -30,7 +34,9 @@ long Win32Registry::CreateKeyEx(RegHandle root, const std::string& subkey, RegHa
     return rc;
 }
 
-long Win32Registry::CloseKey(RegHandle key) { return ::RegCloseKey(Key(key)); }
+long Win32Registry::CloseKey(RegHandle key) {
+    return ::RegCloseKey(Key(key));
+}
 
 long Win32Registry::EnumKeyEx(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen) {
     FILETIME zeit;
@@ -56,7 +62,9 @@ long Win32Registry::SetValueEx(RegHandle key, const char* name, std::uint32_t ty
     return ::RegSetValueExA(Key(key), name, 0, type, data, cbData);
 }
 
-long Win32Registry::DeleteValue(RegHandle key, const char* name) { return ::RegDeleteValueA(Key(key), name); }
+long Win32Registry::DeleteValue(RegHandle key, const char* name) {
+    return ::RegDeleteValueA(Key(key), name);
+}
 
 long Win32Registry::DeleteKey(RegHandle key, const std::string& subkey) {
     return ::RegDeleteKeyA(Key(key), subkey.c_str());

@@ -68,7 +68,9 @@ Win32Timers::Win32Timers() {
     ::SetWindowLongPtrA(fenster_.Get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
-Win32Timers::~Win32Timers() { ::SetWindowLongPtrA(fenster_.Get(), GWLP_USERDATA, 0); }
+Win32Timers::~Win32Timers() {
+    ::SetWindowLongPtrA(fenster_.Get(), GWLP_USERDATA, 0);
+}
 
 LRESULT CALLBACK Win32Timers::Proc(HWND h, UINT msg, WPARAM wp, LPARAM lp) {
     if (msg == WM_TIMER) {
@@ -94,7 +96,9 @@ void Win32Timers::Set(int id, int intervalMs) {
     ::SetTimer(fenster_.Get(), static_cast<UINT_PTR>(id), static_cast<UINT>(intervalMs), nullptr);
 }
 
-void Win32Timers::Kill(int id) { ::KillTimer(fenster_.Get(), static_cast<UINT_PTR>(id)); }
+void Win32Timers::Kill(int id) {
+    ::KillTimer(fenster_.Get(), static_cast<UINT_PTR>(id));
+}
 
 void Win32Timers::PumpMessages() {
     MSG m;
@@ -163,6 +167,8 @@ int Win32Dialup::ConnectionCount() {
     return static_cast<int>(anzahl);
 }
 
-long Win32Dialup::DeleteEntry(const std::string& name) { return static_cast<long>(::RasDeleteEntryA(nullptr, name.c_str())); }
+long Win32Dialup::DeleteEntry(const std::string& name) {
+    return static_cast<long>(::RasDeleteEntryA(nullptr, name.c_str()));
+}
 
 }  // namespace kes::win32

@@ -44,8 +44,7 @@ LRESULT CALLBACK FensterAnsicht::Proc(HWND h, UINT msg, WPARAM wp, LPARAM lp) {
                 RECT r;
                 ::GetWindowRect(h, &r);
                 self->modell_.Left = r.left, self->modell_.Top = r.top;
-                if (msg == WM_SIZE)
-                    self->modell_.WindowState = wp == SIZE_MINIMIZED ? 1 : wp == SIZE_MAXIMIZED ? 2 : 0;
+                if (msg == WM_SIZE) self->modell_.WindowState = wp == SIZE_MINIMIZED ? 1 : wp == SIZE_MAXIMIZED ? 2 : 0;
                 self->angewandt_ = {r.left, r.top, self->modell_.Width, self->modell_.Height};
             }
             LRESULT ergebnis = 0;

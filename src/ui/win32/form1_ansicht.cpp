@@ -18,11 +18,14 @@ BOOL CALLBACK Sperren(HWND h, LPARAM lp) {
 }  // namespace
 
 Form1Ansicht::Form1Ansicht(Programm& prg, Form1Fenster& modell)
-    : FensterAnsicht(modell, "KestrellaFrage", WS_POPUP | WS_CAPTION | WS_SYSMENU, WS_EX_DLGMODALFRAME), prg_(prg), f_(modell) {
+    : FensterAnsicht(modell, "KestrellaFrage", WS_POPUP | WS_CAPTION | WS_SYSMENU, WS_EX_DLGMODALFRAME),
+      prg_(prg),
+      f_(modell) {
     RECT r;
     ::GetClientRect(h_, &r);
     HWND symbol = Kind(h_, "STATIC", "", WS_VISIBLE | SS_ICON, 0, 14, 14, 32, 32);
-    ::SendMessageA(symbol, STM_SETICON, reinterpret_cast<WPARAM>(::LoadIconA(nullptr, reinterpret_cast<LPCSTR>(IDI_WARNING))), 0);
+    ::SendMessageA(symbol, STM_SETICON,
+                   reinterpret_cast<WPARAM>(::LoadIconA(nullptr, reinterpret_cast<LPCSTR>(IDI_WARNING))), 0);
     Kind(h_, "STATIC", f_.Label1.Caption, WS_VISIBLE | SS_NOPREFIX, 0, 58, 18, r.right - 70, 34);
     check_ = Kind(h_, "BUTTON", f_.Check1.Caption, WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX, kIdCheck, 58, 56,
                   r.right - 70, 20);
@@ -35,7 +38,9 @@ Form1Ansicht::Form1Ansicht(Programm& prg, Form1Fenster& modell)
     Abgleichen();
 }
 
-Form1Ansicht::~Form1Ansicht() { AndereSperren(false); }
+Form1Ansicht::~Form1Ansicht() {
+    AndereSperren(false);
+}
 
 void Form1Ansicht::AndereSperren(bool sperren) {
     std::pair<HWND, bool> eigenes{h_, sperren};
@@ -54,9 +59,14 @@ bool Form1Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM, LRESULT& ergebnis) {
                 f_.Check1.Value = ::SendMessageA(check_, BM_GETCHECK, 0, 0) == BST_CHECKED ? 1 : 0;
                 f_.Check1_Click();
                 return true;
-            case kIdJa: f_.Command1_Click(0); return true;
-            case kIdNein: f_.Command1_Click(1); return true;
-            default: return false;
+            case kIdJa:
+                f_.Command1_Click(0);
+                return true;
+            case kIdNein:
+                f_.Command1_Click(1);
+                return true;
+            default:
+                return false;
         }
     }
     if (msg == WM_CLOSE) {

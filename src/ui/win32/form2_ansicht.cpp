@@ -16,8 +16,8 @@ Form2Ansicht::Form2Ansicht(Programm& prg, Form2Fenster& modell)
     HWND symbol = Kind(h_, "STATIC", "", WS_VISIBLE | SS_ICON, 0, 16, 16, 32, 32);
     ::SendMessageA(symbol, STM_SETICON, reinterpret_cast<WPARAM>(ProgrammIcon("SCAN", 32)), 0);
     Kind(h_, "STATIC", modell.Hinweis.Caption, WS_VISIBLE | SS_NOPREFIX, 0, 64, 16, r.right - 80, r.bottom - 70);
-    Kind(h_, "BUTTON", "Beenden", WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON, kIdBeenden, r.right - 106,
-         r.bottom - 40, 90, 28);
+    Kind(h_, "BUTTON", "Beenden", WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON, kIdBeenden, r.right - 106, r.bottom - 40,
+         90, 28);
     Abgleichen();
 }
 

@@ -18,7 +18,8 @@ constexpr int kReihe[] = {1, 2, 3, 4, 5, 8, 9, 6};
 }  // namespace
 
 Form3Ansicht::Form3Ansicht(Programm& prg, Form3Fenster& modell)
-    : FensterAnsicht(modell, "KestrellaWarnung", WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN),
+    : FensterAnsicht(modell, "KestrellaWarnung",
+                     WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN),
       prg_(prg),
       f_(modell) {
     RECT r;

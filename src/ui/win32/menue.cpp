@@ -18,8 +18,8 @@ int PopupZeigen(HWND besitzer, const std::vector<MenuItem>& einträge, int stand
     if (standard >= 0) ::SetMenuDefaultItem(menü.Get(), static_cast<UINT>(standard + 1), FALSE);
     POINT p;
     ::GetCursorPos(&p);
-    const int wahl = ::TrackPopupMenu(menü.Get(), TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_NONOTIFY, p.x, p.y, 0,
-                                      besitzer, nullptr);
+    const int wahl =
+        ::TrackPopupMenu(menü.Get(), TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_NONOTIFY, p.x, p.y, 0, besitzer, nullptr);
     return wahl - 1;
 }
 

@@ -8,7 +8,8 @@ HFONT Dialogschrift() {
     static HFONT f = [] {
         NONCLIENTMETRICSA m{};
         m.cbSize = sizeof m;
-        if (::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof m, &m, 0)) return ::CreateFontIndirectA(&m.lfMessageFont);
+        if (::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof m, &m, 0))
+            return ::CreateFontIndirectA(&m.lfMessageFont);
         return static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
     }();
     return f;
@@ -47,8 +48,9 @@ void Platz(HWND h, int x, int y, int b, int hoch) {
 }
 
 void ListenAnsicht::Anlegen(HWND eltern, int id, int x, int y, int b, int h, bool kopf) {
-    h_ = Kind(eltern, WC_LISTVIEWA, "", WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
-                                           LVS_SHOWSELALWAYS | (kopf ? 0 : LVS_NOCOLUMNHEADER),
+    h_ = Kind(eltern, WC_LISTVIEWA, "",
+              WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
+                  (kopf ? 0 : LVS_NOCOLUMNHEADER),
               id, x, y, b, h);
     ::SendMessageA(h_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
 }
@@ -72,10 +74,10 @@ void ListenAnsicht::Abgleichen(const ListView& modell) {
         zeilen_.clear();
         ::SendMessageA(h_, LVM_DELETEALLITEMS, 0, 0);
     }
-    const bool gleich = zeilen_.size() == modell.Items.size() &&
-                        std::equal(zeilen_.begin(), zeilen_.end(), modell.Items.begin(), [](const ListItem& a, const ListItem& b) {
-                            return a.Text == b.Text && a.SubItems == b.SubItems;
-                        });
+    const bool gleich =
+        zeilen_.size() == modell.Items.size() &&
+        std::equal(zeilen_.begin(), zeilen_.end(), modell.Items.begin(),
+                   [](const ListItem& a, const ListItem& b) { return a.Text == b.Text && a.SubItems == b.SubItems; });
     if (gleich) return;
     ::SendMessageA(h_, WM_SETREDRAW, FALSE, 0);
     ::SendMessageA(h_, LVM_DELETEALLITEMS, 0, 0);

@@ -17,8 +17,9 @@ TEST_F(Log, TwoEntriesOfOneRun_ShareTheHeaderAndTheFileEqualsText2) {
     prg.Alarm().Box1[2].setValue(1);
     LogEintrag(prg, "Neuer IExplorer Favorit gefunden.", {"Favorit: a.url"}, "< Gelöscht OK >");
     LogEintrag(prg, "Datei wurde erstellt.", {"Datei: b", "Wert: c"}, "< Übernommen OK >");
-    const std::string erwartet = "\r\n" + kopf + "Neuer IExplorer Favorit gefunden.\r\nFavorit: a.url\r\n< Gelöscht OK >" +
-                                 "\r\n" + kopf + "Datei wurde erstellt.\r\nDatei: b\r\nWert: c\r\n< Übernommen OK >";
+    const std::string erwartet = "\r\n" + kopf +
+                                 "Neuer IExplorer Favorit gefunden.\r\nFavorit: a.url\r\n< Gelöscht OK >" + "\r\n" +
+                                 kopf + "Datei wurde erstellt.\r\nDatei: b\r\nWert: c\r\n< Übernommen OK >";
     EXPECT_EQ(prg.Alarm().Text2.Text, erwartet);
     EXPECT_EQ(fp.files.Content(logPfad), erwartet + "\r\n");
 }

@@ -68,7 +68,9 @@ TEST(PropertyBag, AnyDamage_GivesANumberedErrorNeverACrash) {
     for (int runde = 0; runde < 3000; ++runde) {
         std::string kaputt = gut;
         switch (runde % 3) {
-            case 0: kaputt.resize(zufall() % gut.size()); break;
+            case 0:
+                kaputt.resize(zufall() % gut.size());
+                break;
             case 1:
                 for (int k = 0; k < 4; ++k) kaputt[zufall() % kaputt.size()] = static_cast<char>(zufall());
                 break;

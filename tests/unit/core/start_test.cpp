@@ -1,8 +1,8 @@
 // Main, the silent start, the instance rule, and the second stage that reads the settings:
 // the order in which windows load and values arrive.
+#include "core/start.h"
 #include "assistant/form2.h"
 #include "core/einstellungen.h"
-#include "core/start.h"
 #include "core/starten.h"
 #include "panel/alarm.h"
 #include "programm_test_basis.h"

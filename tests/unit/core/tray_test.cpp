@@ -2,8 +2,8 @@
 // the menu, the autostart entry, and the ways out.
 #include "core/start.h"
 #include "core/tryicon.h"
-#include "platform/hive_ocx.h"
 #include "panel/alarm.h"
+#include "platform/hive_ocx.h"
 #include "programm_test_basis.h"
 #include "warning/form3.h"
 
@@ -122,8 +122,9 @@ TEST_F(Tray, AutostartOn_DoesNotRewriteAValueThatPointsElsewhere) {
     prg.Alarm();  // loaded without the value: the menu entry is unchecked
     fp.registry.SetString(runSchlüssel, "Halvenik-Kestrella", "D:\\alt\\Kestrella.exe /s");
     start().fox1_Click(5);
-    EXPECT_EQ(HiveOCX(fp.registry).ReadValue(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella"),
-              "D:\\alt\\Kestrella.exe /s");
+    EXPECT_EQ(
+        HiveOCX(fp.registry).ReadValue(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella"),
+        "D:\\alt\\Kestrella.exe /s");
     EXPECT_EQ(prg.Alarm().Box1[0].value(), 1);
 }
 

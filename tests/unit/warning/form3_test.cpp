@@ -1,8 +1,8 @@
 // The warning window: buttons by category, its height, and how closing it moves the cycle.
+#include "warning/form3.h"
 #include "core/start.h"
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
-#include "warning/form3.h"
 
 namespace kes::test {
 namespace {

@@ -71,9 +71,10 @@ TEST_F(LoeschAktion, AutostartRegistry_RemovesTheValueLogsAndLeavesTheBaseline) 
     EXPECT_FALSE(fp.registry.HasValue(run, "Tool"));
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_EQ(prg.Alarm().ListView1.Items.size(), 1u);
-    EXPECT_NE(Log().find("Neuer Eintrag in der Registry Autostart.\r\nRegistry: HKEY_CURRENT_USER\\Software\\Microsoft\\"
-                         "Windows\\CurrentVersion\\Run\\Tool\r\nWert: C:\\tool.exe\r\n< Gelöscht OK >"),
-              std::string::npos);
+    EXPECT_NE(
+        Log().find("Neuer Eintrag in der Registry Autostart.\r\nRegistry: HKEY_CURRENT_USER\\Software\\Microsoft\\"
+                   "Windows\\CurrentVersion\\Run\\Tool\r\nWert: C:\\tool.exe\r\n< Gelöscht OK >"),
+        std::string::npos);
 }
 
 TEST_F(LoeschAktion, UnknownHiveName_DeletesNothing) {
@@ -109,7 +110,8 @@ TEST_F(LoeschAktion, ReadOnlyFavourite_IsDeletedWithItsOwnResultLine) {
 
 TEST_F(LoeschAktion, ClassCategories_RunCommandAndRegistryRoutineInTheirOrder) {
     prg.AnzeigeLöschen = true;
-    const std::string bho = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects";
+    const std::string bho =
+        "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects";
     bool wertDaBeimBefehl = false;
     fp.registry.SetString(bho, "{B}", "");
     fp.shell.beimStarten = [&](const std::string&) { wertDaBeimBefehl = fp.registry.HasValue(bho, "{B}"); };

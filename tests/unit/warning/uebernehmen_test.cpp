@@ -40,9 +40,10 @@ TEST_F(Annehmen, AutostartRegistry_AddsTheRowRewritesTheFileAndQuotesTheLastRowP
     EXPECT_EQ(prg.Alarm().ListView1.Items[1].Text, "HKEY_CURRENT_USER\\Software\\Run\\Tool\\C:\\tool.exe");
     EXPECT_EQ(Datei("AutostartREG.txt"),
               "HKEY_LOCAL_MACHINE\\Run\\zuletzt\\z.exe\r\nHKEY_CURRENT_USER\\Software\\Run\\Tool\\C:\\tool.exe\r\n");
-    EXPECT_NE(Log().find("Neuer Eintrag in der Registry Autostart.\r\nRegistry: "
-                         "HKEY_CURRENT_USER\\Software\\Run\\Tool\\C:\\tool.exe\r\nWert: C:\\tool.exe\r\n< Übernommen OK >"),
-              std::string::npos);
+    EXPECT_NE(
+        Log().find("Neuer Eintrag in der Registry Autostart.\r\nRegistry: "
+                   "HKEY_CURRENT_USER\\Software\\Run\\Tool\\C:\\tool.exe\r\nWert: C:\\tool.exe\r\n< Übernommen OK >"),
+        std::string::npos);
     Geschlossen();
 }
 
@@ -59,7 +60,9 @@ TEST_F(Annehmen, ListCategories_WriteTheirFiles) {
     d.Text1[0].Text = "Einwahl";
     d.Text1[1].Text = "0190123";
     d.Image_Click(1);
-    EXPECT_EQ(Datei("0190.txt"), "Einwahl\x80" "0190123\r\n");
+    EXPECT_EQ(Datei("0190.txt"),
+              "Einwahl\x80"
+              "0190123\r\n");
 
     Form3Fenster& fav = Warnung("Favorit2");
     fav.Label1[1].Caption = "C:\\Fav\\x.url";
