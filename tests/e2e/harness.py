@@ -1,0 +1,339 @@
+#!/usr/bin/env python3
+"""The end-to-end harness: runs the real Kestrella.exe under Wine (on Xvfb when there is no
+display), changes the system for real (registry, files in the Wine prefix) and drives the
+windows from outside with kdriver.exe, never through anything the program offers for tests.
+
+One Wine prefix, BUILD_DIR/e2e-prefix, serves every run; each test gets a program folder
+of its own in it and ends with every Kestrella stopped. A test is a function registered
+with @test that takes the Harness and fails by raising. main() prints "PASS name" or
+"FAIL name: reason" per test and ends with the line "N passed, M failed". The tests
+themselves and the entry point are in e2e.py.
+"""
+
+import argparse
+import os
+import select
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import traceback
+
+XVFB_DISPLAY = ":97"
+# Windows that belong to the program: its own classes, and its message boxes.
+OWN_CLASS_PREFIX = "Kestrella"
+MESSAGE_TITLE = "Kestrella"
+
+
+class E2EError(Exception):
+    """A step of the harness itself went wrong (a tool failed or timed out)."""
+
+
+def find_file(root, name, skip):
+    """The shallowest file called NAME below ROOT, ignoring the folders in SKIP."""
+    best = None
+    for folder, dirs, files in os.walk(root):
+        dirs[:] = [d for d in dirs if d not in skip]
+        if name in files:
+            path = os.path.join(folder, name)
+            if best is None or path.count(os.sep) < best.count(os.sep):
+                best = path
+    if best is None:
+        raise E2EError(f"{name} not found below {root}")
+    return best
+
+
+def shown(cmd):
+    """A command line for messages, with program paths cut to their names."""
+    return " ".join(os.path.basename(c) if os.path.isabs(c) else repr(c) if " " in c else c for c in cmd)
+
+
+def unescape(text):
+    """Undoes kdriver's escaping of backslash, tab, CR and LF."""
+    out, i = [], 0
+    while i < len(text):
+        if text[i] == "\\" and i + 1 < len(text):
+            out.append({"t": "\t", "r": "\r", "n": "\n"}.get(text[i + 1], text[i + 1]))
+            i += 2
+        else:
+            out.append(text[i])
+            i += 1
+    return "".join(out)
+
+
+def wait_until(condition, secs, step=0.2):
+    """Calls CONDITION until it gives a true value or SECS have passed; returns that value."""
+    end = time.monotonic() + secs
+    while True:
+        value = condition()
+        if value or time.monotonic() >= end:
+            return value
+        time.sleep(step)
+
+
+class Harness:
+    def __init__(self, build):
+        self.build = os.path.abspath(build)
+        self.prefix = os.path.join(self.build, "e2e-prefix")
+        skip = {"e2e-prefix", "CMakeFiles", "googletest", "e2e-shots"}
+        self.kestrella = find_file(self.build, "Kestrella.exe", skip)
+        self.kestrella_dat = find_file(self.build, "kestrella-dat.exe", skip)
+        self.kdriver = find_file(self.build, "kdriver.exe", skip)
+        self.shots = os.path.join(self.build, "e2e-shots")
+        base = dict(os.environ, WINEDEBUG="-all", WINEPREFIX=self.prefix,
+                    WINEDLLOVERRIDES="mscoree,mshtml=d")
+        # The program runs in a German locale. The tools get C.UTF-8: when de_DE.UTF-8 is not
+        # installed, Wine cannot convert a command line such as "Später" to the ANSI code
+        # page; C.UTF-8 always exists and still gives code page 1252.
+        self.env = dict(base, LC_ALL="de_DE.UTF-8")
+        self.tool_env = dict(base, LC_ALL="C.UTF-8")
+        self.xvfb = None
+        self.xvfb_pipe = None
+        self.procs = []
+        self.folder = None
+        self.hosts_backup = None
+
+    # --- the session: display, prefix, wineserver -----------------------------------
+
+    def open(self):
+        if not os.environ.get("DISPLAY"):
+            self.start_xvfb()
+        # One server for the whole run, started first and apart: it would otherwise stop
+        # and start between tests, and the first wine call would hand it its output pipes.
+        os.makedirs(self.prefix, exist_ok=True)
+        subprocess.run(["wineserver", "-p"], env=self.env, timeout=30,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if not os.path.exists(os.path.join(self.prefix, "system.reg")):
+            self.run(["wineboot", "-i"], timeout=180)
+        with open(self.hosts_path(), "rb") as f:
+            self.hosts_backup = f.read()
+        # A run that was cut short may have left a program behind.
+        self.stop_program()
+
+    def start_xvfb(self):
+        # Xvfb writes the display number to the descriptor once it takes connections, and
+        # ends at once if the display is taken. It writes again at each server reset and
+        # dies if nobody listens, hence -noreset and a pipe kept open until the end.
+        self.xvfb_pipe, write_end = os.pipe()
+        self.xvfb = subprocess.Popen(["Xvfb", XVFB_DISPLAY, "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+                                      "-noreset", "-displayfd", str(write_end)], pass_fds=(write_end,),
+                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write_end)
+        ready, _, _ = select.select([self.xvfb_pipe], [], [], 15)
+        if not ready or not os.read(self.xvfb_pipe, 16).strip():
+            raise E2EError(f"Xvfb {XVFB_DISPLAY} did not start (is the display taken?)")
+        for env in (self.env, self.tool_env):
+            env["DISPLAY"] = XVFB_DISPLAY
+
+    def close(self):
+        try:
+            self.stop_program()
+            self.restore_hosts()
+        except (E2EError, OSError):
+            pass
+        subprocess.run(["wineserver", "-k"], env=self.env, timeout=30,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if self.xvfb:
+            self.xvfb.terminate()
+            self.xvfb.wait(10)
+            os.close(self.xvfb_pipe)
+
+    def run(self, cmd, timeout=60, env=None, check=True):
+        """Runs a command to its end. Output goes through files, not pipes: Wine hands the
+        pipes on to the services and the desktop process it starts, which outlive the call."""
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            try:
+                res = subprocess.run(cmd, env=env or self.env, timeout=timeout, stdout=out, stderr=err)
+            except subprocess.TimeoutExpired:
+                raise E2EError(f"{shown(cmd)}: no end within {timeout} s") from None
+            out.seek(0)
+            err.seek(0)
+            res.stdout, res.stderr = out.read(), err.read()
+        if check and res.returncode != 0:
+            raise E2EError(f"{shown(cmd)}: exit {res.returncode}: "
+                           + res.stderr.decode("cp1252", "replace").strip())
+        return res
+
+    # --- the program folder and the program --------------------------------------------
+
+    def program_folder(self, name):
+        """A fresh folder drive_c/Kestrella-NAME with the program and its daten folder."""
+        self.folder = os.path.join(self.prefix, "drive_c", "Kestrella-" + name)
+        shutil.rmtree(self.folder, ignore_errors=True)
+        os.makedirs(self.folder)
+        shutil.copy2(self.kestrella, self.folder)
+        daten = os.path.join(os.path.dirname(self.kestrella), "daten")
+        if os.path.isdir(daten):
+            shutil.copytree(daten, os.path.join(self.folder, "daten"))
+        return self.folder
+
+    def win_path(self, path):
+        """The Windows form of a path inside the prefix's drive C."""
+        rel = os.path.relpath(path, os.path.join(self.prefix, "drive_c"))
+        return "C:\\" + rel.replace("/", "\\")
+
+    def settings(self, **values):
+        """Writes kestrella.dat with kestrella-dat.exe, one key at a time."""
+        dat = self.win_path(os.path.join(self.folder, "kestrella.dat"))
+        for key, value in values.items():
+            self.run(["wine", self.kestrella_dat, "set", dat, key, str(value)], env=self.tool_env)
+
+    def start(self, *args):
+        proc = subprocess.Popen(["wine", os.path.join(self.folder, "Kestrella.exe"), *args], cwd=self.folder,
+                                env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.procs.append(proc)
+        return proc
+
+    def stop_program(self):
+        """Ends every Kestrella of this test, also one the program started itself."""
+        for proc in self.procs:
+            if proc.poll() is None:
+                proc.kill()
+            proc.wait(15)
+        self.procs = []
+        if self.own_windows():
+            self.run(["wine", "taskkill", "/F", "/IM", "Kestrella.exe"], env=self.tool_env, check=False)
+            if wait_until(lambda: not self.own_windows(), 10):
+                raise E2EError("Kestrella windows remain after taskkill")
+
+    def own_windows(self):
+        return [w for w in self.windows() if w["class"].startswith(OWN_CLASS_PREFIX)
+                or (w["class"] == "#32770" and w["title"] == MESSAGE_TITLE)]
+
+    # --- kdriver -----------------------------------------------------------------------
+
+    def kd(self, *args, check=True, timeout=40):
+        """Runs kdriver.exe; gives its output decoded from code page 1252."""
+        res = self.run(["wine", self.kdriver, *args], timeout=timeout, env=self.tool_env, check=check)
+        return res.stdout.decode("cp1252", "replace").replace("\r\n", "\n")
+
+    def windows(self):
+        """All top-level windows: dicts with hwnd, class, title, visible, pid."""
+        result = []
+        for line in self.kd("list").splitlines():
+            hwnd, cls, title, visible, pid = line.split("\t")
+            result.append({"hwnd": hwnd, "class": unescape(cls), "title": unescape(title),
+                           "visible": visible == "1", "pid": int(pid)})
+        return result
+
+    def wait_window(self, title, secs=20):
+        return self.kd("wait", title, str(secs), timeout=secs + 20).strip()
+
+    def gone(self, title, secs=20):
+        self.kd("gone", title, str(secs), timeout=secs + 20)
+
+    def texts(self, title):
+        """The controls of a window: dicts with class, visible, id, text, rows (lists of texts)."""
+        controls = []
+        for line in self.kd("texts", title).splitlines():
+            fields = [unescape(f) for f in line.split("\t")]
+            if fields[0] == "ROW" and controls:
+                controls[-1]["rows"].append(fields[2:])
+            else:
+                controls.append({"class": fields[0], "visible": fields[1] == "1", "id": int(fields[2]),
+                                 "text": fields[3], "rows": []})
+        return controls
+
+    def click(self, title, caption):
+        self.kd("click", title, caption)
+
+    def reg_add(self, key, name, data, kind="REG_SZ"):
+        """Sets a registry value in the prefix, as any program could."""
+        self.run(["wine", "reg", "add", key, "/v", name, "/t", kind, "/d", data, "/f"], env=self.tool_env)
+
+    def reg_delete(self, key, name=None):
+        """Removes a value, or the whole key when NAME is None; a missing one is no error.
+        The prefix serves every run, so a test removes what it added."""
+        value = ["/v", name] if name is not None else []
+        self.run(["wine", "reg", "delete", key, *value, "/f"], env=self.tool_env, check=False)
+
+    def restore_hosts(self):
+        if self.hosts_backup is not None:
+            with open(self.hosts_path(), "wb") as f:
+                f.write(self.hosts_backup)
+
+    def hosts_path(self):
+        return os.path.join(self.prefix, "drive_c", "windows", "system32", "drivers", "etc", "hosts")
+
+    def screenshot(self, path):
+        if shutil.which("import"):
+            os.makedirs(os.path.dirname(path), exist_ok=True)
+            env = dict(os.environ, DISPLAY=self.env.get("DISPLAY", ""))
+            subprocess.run(["import", "-window", "root", path], env=env, timeout=30,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+# --- the test framework ------------------------------------------------------------------
+
+TESTS = []
+
+
+def test(func):
+    TESTS.append(func)
+    return func
+
+
+def check(condition, message):
+    if not condition:
+        raise AssertionError(message)
+
+
+# --- the runner --------------------------------------------------------------------------
+
+def run_one(h, t):
+    """Runs one test and cleans up after it; gives None or the reason of the failure."""
+    reason = None
+    try:
+        t(h)
+    except Exception as e:
+        reason = str(e) if isinstance(e, (AssertionError, E2EError)) else traceback.format_exc().strip()
+        # Taken before the program is stopped, so that it shows what the test saw.
+        h.screenshot(os.path.join(h.shots, t.__name__ + ".png"))
+        if h.xvfb and h.xvfb.poll() is not None:
+            reason += f"\n    Xvfb has ended (exit code {h.xvfb.poll()})"
+        try:
+            shown = [f"{w['title']!r} ({w['class']})" for w in h.windows() if w["visible"]]
+            reason += "\n    visible windows: " + (", ".join(shown) or "none")
+        except E2EError:
+            pass
+    try:
+        h.stop_program()
+    except E2EError as e:
+        reason = reason or str(e)
+    finally:
+        h.restore_hosts()
+    return reason
+
+
+def main():
+    """Runs the registered tests; gives the exit code (0 only when all chosen tests pass)."""
+    parser = argparse.ArgumentParser(description="End-to-end tests of Kestrella.exe under Wine")
+    parser.add_argument("--build", required=True, help="the cross build folder")
+    parser.add_argument("-k", dest="pick", default="", help="run only tests whose name holds this text")
+    args = parser.parse_args()
+
+    chosen = [t for t in TESTS if args.pick in t.__name__]
+    passed = failed = 0
+    began = time.monotonic()
+    h = None
+    try:
+        h = Harness(args.build)
+        h.open()
+        for t in chosen:
+            reason = run_one(h, t)
+            if reason is None:
+                passed += 1
+                print(f"PASS {t.__name__}", flush=True)
+            else:
+                failed += 1
+                print(f"FAIL {t.__name__}: {reason}", flush=True)
+    except Exception as e:
+        print(f"FAIL harness: {e}", flush=True)
+        failed = len(chosen) - passed
+    finally:
+        if h:
+            h.close()
+    print(f"e2e: {len(chosen)} tests in {time.monotonic() - began:.0f} s", file=sys.stderr)
+    print(f"{passed} passed, {failed} failed")
+    return 0 if failed == 0 and passed > 0 else 1
