@@ -13,29 +13,9 @@ import subprocess
 import sys
 import time
 
+from e2e_gemeinsam import (ASSISTANT_TITLE, HIDDEN_CLASS, MESSAGE_TITLE, WARNING_TITLE, hidden_windows, hosts_grown,
+                           start_monitoring, visible_titles)
 from harness import E2EError, check, main, test, wait_until
-
-HIDDEN_CLASS = "KestrellaStart"
-WARNING_TITLE = "Kestrella - Warnung"
-ASSISTANT_TITLE = "Kestrella - Assistent"
-MESSAGE_TITLE = "Kestrella"
-
-
-def hidden_windows(h):
-    return [w for w in h.windows() if w["class"] == HIDDEN_CLASS]
-
-
-def start_monitoring(h, name, *args, **extra):
-    """Program folder with settings that watch the hosts file at stage 1, then started."""
-    h.program_folder(name)
-    h.settings(box15=1, **{"hostsgrösse": os.path.getsize(h.hosts_path())}, aufab1=1, **extra)
-    proc = h.start(*args)
-    check(wait_until(lambda: hidden_windows(h), 30), f"no hidden {HIDDEN_CLASS} window appeared")
-    return proc
-
-
-def visible_titles(h):
-    return [w["title"] for w in h.windows() if w["visible"]]
 
 
 @test
@@ -130,14 +110,6 @@ def damaged_settings_file_shows_load_error_and_program_stays(h):
     check(ASSISTANT_TITLE not in visible_titles(h), "a damaged file brought the assistant")
 
 
-def hosts_grown(h):
-    """Appends a line to the hosts file; gives (old size, new size)."""
-    old = os.path.getsize(h.hosts_path())
-    with open(h.hosts_path(), "ab") as f:
-        f.write(b"127.0.0.1 kestrella-e2e.invalid\r\n")
-    return old, os.path.getsize(h.hosts_path())
-
-
 def sizes(n):
     """A byte count below 1024 as the warning prints it."""
     return f"{n} Byte" + ("" if n == 1 else "s")
@@ -169,4 +141,8 @@ def hosts_warning_closed_by_close_box_comes_back(h):
 
 
 if __name__ == "__main__":
+    # The tests of the other files register themselves when imported.
+    import autostart  # noqa: F401
+    import warnung  # noqa: F401
+
     sys.exit(main())

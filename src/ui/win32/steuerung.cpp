@@ -40,7 +40,7 @@ void TextSetzen(HWND h, const std::string& text) {
 }
 
 void Sichtbar(HWND h, bool ja) {
-    if ((::GetWindowLongA(h, GWL_STYLE) & WS_VISIBLE) != 0 != ja) ::ShowWindow(h, ja ? SW_SHOWNA : SW_HIDE);
+    if (((::GetWindowLongA(h, GWL_STYLE) & WS_VISIBLE) != 0) != ja) ::ShowWindow(h, ja ? SW_SHOWNA : SW_HIDE);
 }
 
 void Platz(HWND h, int x, int y, int b, int hoch) {
@@ -67,7 +67,8 @@ void ListenAnsicht::Abgleichen(const ListView& modell) {
             LVCOLUMNA c{};
             c.mask = LVCF_TEXT | LVCF_WIDTH;
             c.pszText = const_cast<char*>(modell.Columns[i].c_str());
-            c.cx = n ? (r.right - 4) / n : 100;
+            // Room for a vertical scroll bar, so that no horizontal one eats a row.
+            c.cx = n ? (r.right - ::GetSystemMetrics(SM_CXVSCROLL) - 4) / n : 100;
             ::SendMessageA(h_, LVM_INSERTCOLUMNA, i, reinterpret_cast<LPARAM>(&c));
         }
         spalten_ = modell.Columns;

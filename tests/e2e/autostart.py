@@ -1,0 +1,93 @@
+"""End-to-end test of one whole event: a program adds a Run value, the warning comes, the
+user accepts it (baseline file and log written, no warning after that), and a second value
+is deleted from the registry through the question window."""
+
+import os
+import time
+
+from e2e_gemeinsam import WARNING_TITLE, hidden_windows, visible_titles
+from harness import check, test, wait_until
+
+RUN = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Run"
+RUN_LONG = r"Software\Microsoft\Windows\CurrentVersion\Run"
+
+
+def registry_row(h):
+    """The registry row of the open warning: [text, root, key, value name, data]."""
+    for control in h.texts(WARNING_TITLE):
+        for row in control["rows"]:
+            if row and row[0] == "Autostart":
+                return row
+    return None
+
+
+def warning_or_none(h, secs):
+    return wait_until(lambda: WARNING_TITLE in visible_titles(h), secs, 0.3)
+
+
+def accept_whatever_is_there(h):
+    """The prefix has Run values of its own: make them known first, as a user would."""
+    for _ in range(12):
+        if not warning_or_none(h, 3):
+            return
+        h.click(WARNING_TITLE, "Übernehmen")
+        h.gone(WARNING_TITLE, 10)
+    raise AssertionError("warnings keep coming for the prefix's own Run values")
+
+
+def accept_until_quiet(h, name):
+    """Accepts the warnings for value NAME: it stands below HKEY_USERS and HKEY_CURRENT_USER."""
+    seen = []
+    for _ in range(4):
+        if not warning_or_none(h, 4):
+            break
+        row = registry_row(h)
+        check(row is not None and row[3] == name, f"a warning for another value: {row}")
+        seen.append(row[1])
+        h.click(WARNING_TITLE, "Übernehmen")
+        h.gone(WARNING_TITLE, 10)
+    return seen
+
+
+@test
+def new_run_value_accepted_then_another_deleted(h):
+    h.reg_delete(RUN, "Tool")
+    h.reg_delete(RUN, "Tool2")
+    h.program_folder("autostart")
+    h.settings(box13=1, box2=1, aufab1=1)
+    h.start()
+    check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+    accept_whatever_is_there(h)
+
+    h.reg_add(RUN, "Tool", r"C:\windows\notepad.exe /min")
+    h.wait_window(WARNING_TITLE, 15)
+    texts = [c["text"] for c in h.texts(WARNING_TITLE) if c["visible"]]
+    check("Neuer Eintrag in der Registry Autostart-Funktion gefunden." in texts, f"headline missing: {texts}")
+    h.screenshot(os.path.join(h.shots, "warnung-autostart.png"))
+    roots = accept_until_quiet(h, "Tool")
+    check("HKEY_CURRENT_USER" in roots, f"no warning for the value below HKEY_CURRENT_USER: {roots}")
+
+    with open(os.path.join(h.folder, "daten", "AutostartREG.txt"), "rb") as f:
+        baseline = f.read().decode("cp1252")
+    entry = "HKEY_CURRENT_USER\\" + RUN_LONG + "\\Tool\\C:\\windows\\notepad.exe /min\r\n"
+    check(entry in baseline, f"the accepted value is not in daten\\AutostartREG.txt: {baseline!r}")
+    with open(os.path.join(h.folder, "Kestrella.log"), "rb") as f:
+        log = f.read().decode("cp1252")
+    check("Neuer Eintrag in der Registry Autostart.\r\nRegistry: " in log and "< Übernommen OK >" in log,
+          f"no accept entry in Kestrella.log: {log!r}")
+    time.sleep(2.5)
+    check(WARNING_TITLE not in visible_titles(h), "the accepted value raised a warning again")
+
+    h.reg_add(RUN, "Tool2", r"C:\windows\regedit.exe")
+    h.wait_window(WARNING_TITLE, 15)
+    row = registry_row(h)
+    check(row is not None and row[3] == "Tool2", f"the warning is not about Tool2: {row}")
+    h.click(WARNING_TITLE, "Registry löschen")
+    h.wait_window("Achtung!", 10)
+    h.click("Achtung!", "Ja löschen")
+    h.gone(WARNING_TITLE, 10)
+    out = h.run(["wine", "reg", "query", RUN, "/v", "Tool2"], env=h.tool_env, check=False)
+    check(out.returncode != 0, "Tool2 is still in the registry after Ja löschen")
+    with open(os.path.join(h.folder, "Kestrella.log"), "rb") as f:
+        check("< Gelöscht OK >" in f.read().decode("cp1252"), "no delete entry in Kestrella.log")
+    h.reg_delete(RUN, "Tool")

@@ -1,0 +1,48 @@
+"""End-to-end tests of the warning window and the tray: accepting a changed hosts file,
+the tray menu, and pictures of both for a person to look at (BUILD/e2e-shots)."""
+
+import os
+import time
+
+from e2e_gemeinsam import WARNING_TITLE, hosts_grown, start_monitoring, visible_titles
+from harness import check, test, wait_until
+
+
+@test
+def hosts_warning_accepted_takes_the_size_and_does_not_return(h):
+    start_monitoring(h, "hostsaccept")
+    _, new = hosts_grown(h)
+    h.wait_window(WARNING_TITLE, 15)
+    h.screenshot(os.path.join(h.shots, "warnung-hosts.png"))
+    buttons = [c["text"] for c in h.texts(WARNING_TITLE) if c["class"].lower() == "button" and c["visible"]]
+    for caption in ("Übernehmen", "Original", "Öffnen", "Später", "Kestrella sofort Deaktivieren"):
+        check(caption in buttons, f"button {caption!r} missing, the bar shows {buttons}")
+    h.click(WARNING_TITLE, "Übernehmen")
+    h.gone(WARNING_TITLE, 10)
+    # Stage 1: three more cycles over the same file.
+    time.sleep(3)
+    check(WARNING_TITLE not in visible_titles(h), "the accepted change raised the warning again")
+    out = h.run(["wine", h.kestrella_dat, "show", h.win_path(os.path.join(h.folder, "kestrella.dat"))],
+                env=h.tool_env).stdout.decode("cp1252")
+    check(f"hostsgrösse (int32) = {new}" in out, f"the new size {new} was not saved: {out}")
+
+
+@test
+def tray_menu_switches_monitoring_off_and_on(h):
+    start_monitoring(h, "tray")
+    h.kd("post", "KestrellaStart", "512", "0", "517")
+    time.sleep(1)
+    h.screenshot(os.path.join(h.shots, "tray-menu.png"))
+    menu = h.kd("menu")
+    for caption in ("Einstellungen", "Überwachung ist aktiv", "Log-Datei öffnen", "Autostart", "Beenden"):
+        check(caption in menu, f"menu entry {caption!r} missing: {menu}")
+    h.kd("menu-click", "Überwachung ist aktiv")
+    # Switched off: a grown hosts file raises nothing.
+    hosts_grown(h)
+    time.sleep(3)
+    check(WARNING_TITLE not in visible_titles(h), "a warning came while monitoring was off")
+    h.kd("post", "KestrellaStart", "512", "0", "514")
+    check(wait_until(lambda: "Überwachung ist deaktiviert" in h.kd("menu", check=False), 5),
+          "the menu does not say that monitoring is off")
+    h.kd("menu-click", "Überwachung ist deaktiviert")
+    h.wait_window(WARNING_TITLE, 10)
