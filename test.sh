@@ -11,7 +11,7 @@ kes_build_native
 kes_build_win
 
 echo "== native: unit and contract tests against the fakes"
-ctest --test-dir build-native --output-on-failure
+ctest --test-dir build-native --output-on-failure -j2
 
 echo "== Windows build under Wine: contract tests against the real API, end-to-end tests"
 export WINEDEBUG=-all
