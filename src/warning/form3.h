@@ -107,6 +107,9 @@ public:
 
 private:
     void Zeigen(int image);
+    // The bodies of accept and delete, under the error exits of their handlers.
+    void Übernehmen();
+    void Entfernen();
     Programm& prg_;
 };
 

@@ -2,6 +2,7 @@
 // the system, by the registry control, by a REG DELETE command or by deleting a file; the
 // baseline is not touched, so a thing that comes back is warned of again.
 #include "core/einstellungen.h"
+#include "core/fehler.h"
 #include "core/logdatei.h"
 #include "core/programm.h"
 #include "panel/alarm.h"
@@ -62,6 +63,17 @@ void Form3Fenster::Image3_Click() {
 
 void Form3Fenster::löschen(bool ja) {
     if (!ja) return;
+    // The error exit: the number and the routine's name, no title, and the window stays.
+    try {
+        Entfernen();
+    } catch (const Fehler& f) {
+        prg_.p.dialogs.ShowMessage(std::to_string(f.Nummer()) + "Fehler Meldung [Form3 Löschen]", "", kMbOk);
+    } catch (const std::exception&) {
+        prg_.p.dialogs.ShowMessage("5Fehler Meldung [Form3 Löschen]", "", kMbOk);
+    }
+}
+
+void Form3Fenster::Entfernen() {
     const std::string& k = prg_.Kategorie;
     HiveOCX ocx(prg_.p.registry);
     auto t = [this](int i) -> const std::string& { return Text1[i].Text; };

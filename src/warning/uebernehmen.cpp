@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "core/fehler.h"
 #include "core/logdatei.h"
 #include "core/programm.h"
 #include "panel/alarm.h"
@@ -34,7 +35,7 @@ int FreierAbschnitt(Programm& prg, const std::string& datei, const std::string& 
 }
 }  // namespace
 
-void Form3Fenster::Image1_Click() {
+void Form3Fenster::Übernehmen() {
     AlarmFenster& alarm = prg_.Alarm();
     const std::string& k = prg_.Kategorie;
     auto text = [this](int i) -> const std::string& { return Text1[i].Text; };
@@ -144,12 +145,25 @@ void Form3Fenster::Image1_Click() {
         return;  // the window stays open for the menu
     } else if (k == "StartPage") {
         const int i = static_cast<int>(std::lround(std::strtod(text(5).c_str(), nullptr)));
-        if (i >= 0 && i < 21) prg_.StartSeiten[i] = text(3);
+        if (i < 0 || i >= 21) throw Fehler(kFehlerIndex, "Index außerhalb des gültigen Bereichs");
+        prg_.StartSeiten[i] = text(3);
         LogEintrag(prg_, "IExplorer " + text(2) + " wurde geändert.",
                    {"Registry: " + text(0) + "\\" + text(1) + "\\" + text(2), "Wert: " + text(3)}, kOk);
         alarm.LadeStartPage();
     }
     raus();
+}
+
+void Form3Fenster::Image1_Click() {
+    // A failure outside the passed-over steps ends the action with its number; the
+    // warning stays open.
+    try {
+        Übernehmen();
+    } catch (const Fehler& f) {
+        prg_.p.dialogs.ShowMessage("(Form3, Übernehmen) Fehler: " + std::to_string(f.Nummer()), "", kMbOk);
+    } catch (const std::exception&) {
+        prg_.p.dialogs.ShowMessage("(Form3, Übernehmen) Fehler: 5", "", kMbOk);
+    }
 }
 
 }  // namespace kes

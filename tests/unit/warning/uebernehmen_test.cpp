@@ -136,6 +136,16 @@ TEST_F(Annehmen, StartPage_StoresTheValueInItsSlot) {
     EXPECT_NE(Log().find("IExplorer Start Page wurde geändert."), std::string::npos);
 }
 
+TEST_F(Annehmen, StartPageIndexBeyondTheSlots_EndsWithTheErrorAndKeepsTheWindow) {
+    Form3Fenster& f = Warnung("StartPage");
+    f.Text1[5].Text = "21";
+    f.Image_Click(1);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Übernehmen) Fehler: 9");
+    EXPECT_TRUE(prg.Form3Geladen());
+    EXPECT_TRUE(prg.Beschäftigt);
+}
+
 TEST_F(Annehmen, WindowsFileChanged_UpdatesOnlyAMatchingRow) {
     fp.files.Put("C:\\WINDOWS\\a.dll", "12345");
     prg.Alarm().ListView4.Add("C:\\WINDOWS\\a.dll").SetSubItem(1, "3");

@@ -87,6 +87,17 @@ TEST_F(Zyklus, OnlineRowRunsBeforeTheHostsRowRaises) {
     EXPECT_TRUE(prg.Form3Geladen());
 }
 
+TEST_F(Zyklus, UserHivesComeBeforeTheUserKeyAndBothBeforeTheHostsRow) {
+    Box(13, 1);
+    Box(15, 1);
+    HostsÄndern();
+    fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool", "t.exe");
+    fp.timers.Advance(5000);
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Kategorie, "AutostartRegistry");
+    EXPECT_EQ(prg.Form3().Text1[1].Text, "HKEY_USERS") << "row 8 walks HKEY_USERS before row 9 reads HKCU";
+}
+
 TEST_F(Zyklus, ClosingTheWarning_RestartsTheCycleAWholeIntervalLater) {
     Box(15, 1);
     HostsÄndern();
