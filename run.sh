@@ -14,11 +14,14 @@ export WINEPREFIX="${WINEPREFIX:-$PWD/build-win/wineprefix}"
 [ -d "$WINEPREFIX/drive_c" ] || wineboot -i >/dev/null 2>&1
 
 if [ -z "${DISPLAY:-}" ]; then
-  Xvfb :91 -screen 0 1280x1024x24 >/dev/null 2>&1 &
-  trap 'kill $! 2>/dev/null || true' EXIT
+  Xvfb :91 -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
+  xvfb=$!
+  trap 'kill $xvfb 2>/dev/null || true' EXIT
   export DISPLAY=:91
-  echo "No display: Kestrella runs on Xvfb $DISPLAY (look with: DISPLAY=:91 import -window root shot.png)"
+  # Wine needs the server up before it starts, or its windows go nowhere.
+  for _ in $(seq 100); do [ -e /tmp/.X11-unix/X91 ] && break; sleep 0.1; done
+  echo "No display: Kestrella runs on Xvfb :91 (a picture: DISPLAY=:91 import -window root shot.png)"
 fi
-echo "Program folder: build-win/program (kestrella.dat, daten\\ and Kestrella.log live there)"
+echo "Program folder: build-win/program (kestrella.dat, daten\ and Kestrella.log live there)"
 cd build-win/program
-exec wine Kestrella.exe "$@"
+wine Kestrella.exe "$@"

@@ -22,5 +22,7 @@ if [ -z "${DISPLAY:-}" ]; then
   xvfb=$!
   trap 'kill $xvfb 2>/dev/null || true; wineserver -k 2>/dev/null || true' EXIT
   export DISPLAY=:92
+  # Wine needs the server up before it starts, or its windows go nowhere.
+  for _ in $(seq 100); do [ -e /tmp/.X11-unix/X92 ] && break; sleep 0.1; done
 fi
 ctest --test-dir build-win --output-on-failure
