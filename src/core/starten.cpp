@@ -13,6 +13,9 @@ bool Main(Programm& prg) {
     std::string ordner = DateiOrdner(prg.p.system.ExecutablePath());
     if (ordner.empty() || ordner.back() != '\\') ordner += '\\';
     prg.Programmordner = ordner;
+    // The data folder travels with the program; one lost on the way is made anew, so the
+    // lists have somewhere to go.
+    prg.p.files.MakeDirectory(ordner + "daten");
     prg.Windowsordner = Sysfolder(prg.p, kCsidlWindows);
     prg.Systemordner = Sysfolder(prg.p, kCsidlSystem);
     prg.Logkopf = LogkopfBilden(prg.p.system.ShortDate(), prg.p.system.ShortTime());

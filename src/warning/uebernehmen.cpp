@@ -43,7 +43,7 @@ void Form3Fenster::Übernehmen() {
 
     if (k == "ToolBar" || k == "ToolBar1") {
         alarm.ListView12.Add(text(0));
-        ListeSchreiben(prg_, "daten\\V_seiten.txt", Texte(alarm.ListView12));
+        ListeSchreiben(prg_, "daten\\V_seiten.txt", Texte(alarm.ListView12), Schreibfehler::Übergehen);
         LogEintrag(prg_, "Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
                    {"Registry: " + text(1) + "\\" + text(2) + "\\" + text(3), "Wert: " + text(0)}, kOk);
     } else if (k == "Dienste") {
@@ -115,7 +115,8 @@ void Form3Fenster::Übernehmen() {
         const ListItem& z = ListView4.Items.empty() ? leer : ListView4.Items[0];
         alarm.ListView1.Add(z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3) + "\\" + z.SubItem(4));
         // The log quotes the last row printed, which need not be the new one.
-        const std::string letzte = ListeSchreiben(prg_, "daten\\AutostartREG.txt", Texte(alarm.ListView1));
+        const std::string letzte =
+            ListeSchreiben(prg_, "daten\\AutostartREG.txt", Texte(alarm.ListView1), Schreibfehler::Übergehen);
         LogEintrag(prg_, "Neuer Eintrag in der Registry Autostart.", {"Registry: " + letzte, "Wert: " + text(4)}, kOk);
     } else if (k == "AutostartOrdner") {
         alarm.List3.Items.push_back(zeile2());
@@ -129,7 +130,7 @@ void Form3Fenster::Übernehmen() {
         alarm.ListView2.Add(text(0)).SetSubItem(1, text(1));
         std::vector<std::string> zeilen;
         for (const auto& z : alarm.ListView2.Items) zeilen.push_back(z.Text + "€" + z.SubItem(1));
-        ListeSchreiben(prg_, "daten\\0190.txt", zeilen);
+        ListeSchreiben(prg_, "daten\\0190.txt", zeilen, Schreibfehler::Übergehen);
         LogEintrag(prg_, "DFÜ-Verbindung wurde erstellt. ", {"DFÜ: " + text(0) + "   Nummer: " + text(1)}, kOk);
     } else if (k == "Favorit1" || k == "Favorit2" || k == "Favoriten") {
         alarm.List4.Items.push_back(Label1[2].Caption);

@@ -20,6 +20,7 @@ TEST_F(Start, Main_FillsPathsAndTheRunHeader) {
     EXPECT_EQ(prg.Systemordner, "C:\\WINDOWS\\system32");
     EXPECT_EQ(prg.Logkopf, "\r\n========== 22.11.2026 ===== 14:05:09 ================\r\n");
     EXPECT_TRUE(prg.StartGeladen());
+    EXPECT_EQ(fp.files.GetAttributes("C:\\daten"), kAttrDirectory) << "a lost data folder is made anew";
 }
 
 TEST_F(Start, WithoutSettingsFile_AssistantOpensAndNothingElseRuns) {

@@ -136,6 +136,25 @@ TEST_F(Annehmen, StartPage_StoresTheValueInItsSlot) {
     EXPECT_NE(Log().find("IExplorer Start Page wurde geändert."), std::string::npos);
 }
 
+TEST_F(Annehmen, UnwritableFile_ReportedByMostCategoriesPassedOverByTheRegistryRows) {
+    fp.files.Put(ordner + "daten\\Autostart.txt", "alt\r\n", kAttrReadOnly);
+    Form3Fenster& f = Warnung("AutostartOrdner");
+    f.ListView2.Add("a");
+    f.ListView2.Add("C:\\a");
+    f.Image_Click(1);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Übernehmen) Fehler: 75");
+    EXPECT_TRUE(prg.Form3Geladen());
+
+    fp.files.Put(ordner + "daten\\AutostartREG.txt", "alt\r\n", kAttrReadOnly);
+    prg.Form3Entladen();
+    Form3Fenster& g = Warnung("AutostartRegistry");
+    g.ListView4.Add("Autostart");
+    g.Image_Click(1);
+    EXPECT_EQ(fp.dialogs.meldungen.size(), 1u) << "no message for this file";
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
 TEST_F(Annehmen, StartPageIndexBeyondTheSlots_EndsWithTheErrorAndKeepsTheWindow) {
     Form3Fenster& f = Warnung("StartPage");
     f.Text1[5].Text = "21";
