@@ -2,7 +2,7 @@
 """Makes the program's own sounds and icons in src/ui/win32/res (committed; run again only
 to change them). ALARM is a falling two-tone call, AUTO a short soft double chime. The icons
 are drawn here: an eye in a green disc (monitoring on), the same in red with a bar (off),
-and a blue kestrel-ish wing for the windows."""
+and a blue shield with a K for the windows."""
 import math, os, struct
 
 RES = os.path.join(os.path.dirname(__file__), '..', 'src', 'ui', 'win32', 'res')
@@ -61,13 +61,22 @@ def disc(colour, bar=False):
         return colour + (255,)
     return px
 
-def wing(x, y):
-    cx, cy = x - 15.5, y - 15.5
-    if math.hypot(cx, cy) > 15.5:
+def shield(x, y):
+    """A blue shield with a white K: the program's window icon."""
+    cx = x - 15.5
+    if y < 2 or y > 30:
         return (0, 0, 0, 0)
-    if y > 8 and y < 26 and x > 4 and x < 28 and (y - 8) * 1.3 > abs(x - 16) * 0.9 - 2 and y < 26 - abs(x - 16) * 0.4:
-        return (200, 120, 40, 255)
-    return (30, 80, 170, 255)
+    half = 13 if y < 16 else 13 * (1 - ((y - 16) / 14.5) ** 2) ** 0.5
+    if abs(cx) > half:
+        return (0, 0, 0, 0)
+    if abs(cx) > half - 1.5 or y < 3.5:
+        return (20, 40, 90, 255)
+    # the letter: a stem and two arms meeting at its middle
+    stem = 9 <= x <= 12 and 7 <= y <= 25
+    arm = 7 <= y <= 25 and abs((x - 12) - abs(y - 16) * 0.85) < 1.7 and x >= 12
+    if stem or arm:
+        return (250, 250, 250, 255)
+    return (40, 90, 190, 255)
 
 if __name__ == '__main__':
     os.makedirs(RES, exist_ok=True)
@@ -75,5 +84,5 @@ if __name__ == '__main__':
     wav(os.path.join(RES, 'auto.wav'), auto())
     ico(os.path.join(RES, 'an.ico'), disc((30, 150, 60)))
     ico(os.path.join(RES, 'aus.ico'), disc((190, 30, 30), bar=True))
-    ico(os.path.join(RES, 'kestrella.ico'), wing)
+    ico(os.path.join(RES, 'kestrella.ico'), shield)
     print('resources written to', os.path.normpath(RES))
