@@ -198,6 +198,16 @@ bool Form3Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
             if (kopf->idFrom == kIdLv4) f_.ListView4_ItemClick(zeile);
             return false;
         }
+        case WM_CTLCOLORSTATIC:
+            // The box "Versteckt" alone has a red caption, so a hidden file stands out.
+            if (reinterpret_cast<HWND>(lp) == check1_[3]) {
+                const HDC dc = reinterpret_cast<HDC>(wp);
+                ::SetTextColor(dc, RGB(255, 0, 0));
+                ::SetBkColor(dc, ::GetSysColor(COLOR_BTNFACE));
+                ergebnis = reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
+                return true;
+            }
+            return false;
         case WM_ACTIVATE:
             if (LOWORD(wp) != WA_INACTIVE) f_.Form_Activate();
             return false;
