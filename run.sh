@@ -7,6 +7,7 @@ cd "$(dirname "$0")"
 source tools/setup.sh
 
 kes_install
+kes_locale
 kes_build_win
 
 export WINEDEBUG=-all
@@ -24,4 +25,4 @@ if [ -z "${DISPLAY:-}" ]; then
 fi
 echo "Program folder: build-win/program (kestrella.dat, daten\ and Kestrella.log live there)"
 cd build-win/program
-wine Kestrella.exe "$@"
+LC_ALL=de_DE.UTF-8 wine Kestrella.exe "$@"

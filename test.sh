@@ -7,6 +7,7 @@ cd "$(dirname "$0")"
 source tools/setup.sh
 
 kes_install
+kes_locale
 kes_build_native
 kes_build_win
 

@@ -21,6 +21,16 @@ kes_install() {
   fi
 }
 
+# A German locale for Wine: the program's dates and numbers, and umlauts on the command
+# lines of the test tools, need it installed, not only named.
+kes_locale() {
+  locale -a 2>/dev/null | grep -qix 'de_DE\.utf-\?8' && return 0
+  local sudo=""
+  [ "$(id -u)" -eq 0 ] || sudo=sudo
+  [ -d /usr/share/i18n/locales ] || DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q locales
+  $sudo localedef -i de_DE -f UTF-8 de_DE.UTF-8
+}
+
 kes_build_native() {
   cmake -S . -B build-native -DCMAKE_BUILD_TYPE=Debug >/dev/null
   cmake --build build-native -j2

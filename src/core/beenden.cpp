@@ -19,10 +19,14 @@ constexpr const char* kZurücksetzen[] = {
     "daten\\Firma.txt",
 };
 
+// Icon away, windows unloaded, and the cycle stopped, so that a tick under way behind the
+// question runs no further watcher before the process ends.
 void Schluss(Programm& prg) {
     prg.p.tray.Notify(kNimDelete, prg.Tray);
     prg.Form3Entladen();
     prg.Form1Entladen();
+    prg.Beschäftigt = true;
+    prg.Alarm().Timer1.SetEnabled(false);
     prg.Beenden = true;
 }
 }  // namespace
@@ -35,8 +39,8 @@ bool AlarmFenster::Form_QueryUnload(int grund) {
     }
     if (!prg_.Zurücksetzen) {
         if (prg_.p.dialogs.ShowMessage("Wollen sie die Überwachung beenden?", "Kestrella-Info!", kMbYesNo) == kIdYes) {
-            prg_.p.timers.PumpMessages();
             Schluss(prg_);
+            prg_.p.timers.PumpMessages();
             return false;
         }
         Show();

@@ -1,5 +1,7 @@
 #include "core/logdatei.h"
 
+#include "core/fehler.h"
+
 #include "core/programm.h"
 #include "panel/alarm.h"
 #include "platform/allefunktionen.h"
@@ -18,7 +20,9 @@ void LogEintrag(Programm& prg, const std::string& titel, const std::vector<std::
     for (const auto& z : zeilen) eintrag += z + "\r\n";
     eintrag += ergebnis;
     alarm.Text2.Text = alarm.Text2.Text + "\r\n" + eintrag;
-    prg.p.files.WriteAll(prg.Programmordner + "Kestrella.log", alarm.Text2.Text + "\r\n");
+    // No handling of its own: a log that cannot be written goes to the caller's error exit.
+    if (!prg.p.files.WriteAll(prg.Programmordner + "Kestrella.log", alarm.Text2.Text + "\r\n"))
+        throw Fehler(kFehlerDateizugriff, "Pfad/Datei-Zugriffsfehler");
 }
 
 void LogVorbereiten(Programm& prg) {

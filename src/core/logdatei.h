@@ -9,7 +9,8 @@ namespace kes {
 
 class Programm;
 
-// Writes one entry (header, title, label lines, result) if Box1(2) is on.
+// Writes one entry (header, title, label lines, result) if Box1(2) is on. A file that
+// cannot be written throws Fehler 75 for the caller's error exit.
 void LogEintrag(Programm& prg, const std::string& titel, const std::vector<std::string>& zeilen,
                 const std::string& ergebnis);
 // At the end of the second stage: delete the log (Box1(3)) or load it into Text2.

@@ -21,7 +21,7 @@ void ListItem::SetSubItem(std::size_t column, const std::string& text) {
 }
 
 ListItem& ListView::Add(const std::string& text) {
-    Items.push_back(ListItem{text, {}});
+    Items.push_back(ListItem{text, {}, {}});
     return Items.back();
 }
 

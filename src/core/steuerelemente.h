@@ -30,6 +30,7 @@ struct CheckBox {
     std::string Caption;
     int Value = 0;
     bool Visible = true;
+    bool Enabled = true;
 };
 
 struct PictureBox {
@@ -48,6 +49,7 @@ struct MenuItem {
     bool Checked = false;
     bool Visible = true;
     bool Separator = false;
+    bool Enabled = true;
 };
 
 struct ListItem {
@@ -61,6 +63,8 @@ struct ListItem {
 
 struct ListView {
     std::vector<std::string> Columns;
+    // Widths in pixels by column; missing or 0 shares out what is left.
+    std::vector<int> ColumnWidths;
     std::vector<ListItem> Items;
     bool Visible = true;
     long ForeColor = 0;

@@ -26,9 +26,9 @@ void Form1Fenster::Check1_Click() {
 }
 
 void Form1Fenster::Command1_Click(int index) {
-    const bool ja = index == 0;
+    // The question stays until löschen has run, so that its own questions come on top of it.
+    if (prg_.Form3Geladen()) prg_.Form3().löschen(index == 0);
     prg_.Form1Entladen();
-    if (prg_.Form3Geladen()) prg_.Form3().löschen(ja);
 }
 
 }  // namespace kes

@@ -29,12 +29,16 @@ Form3Fenster::Form3Fenster(Programm& prg) : Timer1(prg.p.timers, kTimerForm3_1, 
 
     static const char* kSpalten[] = {"Name", "Subkey", "ValueKey", "Wert", "Folge CLISD", "Wert"};
     ListView4.Columns.assign(std::begin(kSpalten), std::end(kSpalten));
-    ListView1.Columns = {"Eigenschaft", "Wert"};
+    ListView1.Columns = {"Eigenschaft", "Wert", "Eigenschaft", "Wert"};
+    ListView1.ColumnWidths = {110, 0, 150, 0};
     ListView2.Columns = {"Eintrag"};
     ListView3.Columns = {"Modul", "Pfad"};
     static const char* kAttribute[] = {"Archiv", "Komprimiert", "Ordner", "Versteckt",
                                        "Normal", "Read Only",   "System", "Temp"};
-    for (int i = 0; i < 8; ++i) Check1[i].Caption = kAttribute[i];
+    for (int i = 0; i < 8; ++i) {
+        Check1[i].Caption = kAttribute[i];
+        Check1[i].Enabled = false;
+    }
     Check1[3].Visible = true;
 }
 

@@ -13,17 +13,6 @@ namespace kes {
 
 class Programm;
 
-// A check box that can be greyed out: the attribute boxes stay disabled until a bit of
-// the file lights them.
-struct SchaltBox : CheckBox {
-    bool Enabled = false;
-};
-
-// An entry of a pop-up menu of the panes, which may be greyed out.
-struct MenüPunkt : MenuItem {
-    bool Enabled = true;
-};
-
 // A wish to pop a menu of the panes up, which the view carries out once and clears. The
 // user's choice comes back as a click on the menu's entry.
 struct PopupWunsch {
@@ -39,11 +28,11 @@ public:
 
     std::array<Label, 3> Label1;
     std::array<TextBox, 6> Text1;
-    ListView ListView1;               // pane 1: file details
-    ListView ListView2;               // pane 0: name and full path
-    ListView ListView3;               // pane 4: loaded modules
-    ListView ListView4;               // pane 3: registry row
-    std::array<SchaltBox, 8> Check1;  // pane 2: file attributes
+    ListView ListView1;              // pane 1: file details
+    ListView ListView2;              // pane 0: name and full path
+    ListView ListView3;              // pane 4: loaded modules
+    ListView ListView4;              // pane 3: registry row
+    std::array<CheckBox, 8> Check1;  // pane 2: file attributes, disabled until a bit lights them
     std::array<PictureBox, 5> Picture3;
     PictureBox Picture2;               // the bar of buttons
     std::array<kes::Image, 10> Image;  // Image[1] .. Image[9]; Image[0] unused
@@ -55,14 +44,14 @@ public:
     Timer Timer1;
 
     // The menus of the panes and what their clicks need.
-    std::array<MenüPunkt, 1> Prozesse1{MenüPunkt{{"Ordner öffnen"}}};
-    std::array<MenüPunkt, 2> regedit1{};
+    std::array<MenuItem, 1> Prozesse1{MenuItem{"Ordner öffnen"}};
+    std::array<MenuItem, 2> regedit1{};
     PopupWunsch Popup;
     // The menus of "Übernehmen" for processes and services; their handlers belong to the
     // other actions of the window.
-    std::array<MenüPunkt, 3> killprozess1{MenüPunkt{{"Prozess immer zulassen"}},
-                                          MenüPunkt{{"Hersteller immer zulassen"}}, MenüPunkt{{"Nur 1x zulassen"}}};
-    std::array<MenüPunkt, 2> dienst1{MenüPunkt{{"Hersteller immer zulassen"}}, MenüPunkt{{"Dienst immer zulassen"}}};
+    std::array<MenuItem, 3> killprozess1{MenuItem{"Prozess immer zulassen"}, MenuItem{"Hersteller immer zulassen"},
+                                         MenuItem{"Nur 1x zulassen"}};
+    std::array<MenuItem, 2> dienst1{MenuItem{"Hersteller immer zulassen"}, MenuItem{"Dienst immer zulassen"}};
     std::string Merktext;    // the folder that "Ordner öffnen" opens
     int ListView2Index = 0;  // 1-based rows last clicked
     int ListView4Index = 0;

@@ -99,7 +99,7 @@ void holedaten(Programm& prg, std::string& pfad) {
         ListeFärben(liste, kRot, 2, n);
         ListeFärben(liste, kBlau, 3, n);
     }
-    // The view fits every column of the panes' lists to its content when it draws them.
+    // The view draws these colours and gives the columns the widths the list asks for.
 }
 
 void Form3Fenster::ListView2_ItemClick(int index) {

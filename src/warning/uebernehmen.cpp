@@ -26,6 +26,13 @@ std::vector<std::string> Texte(const ListView& l) {
     return t;
 }
 
+// FileLen: a file that has gone in the meantime ends the action in its error exit.
+std::int64_t DateiLänge(Programm& prg, const std::string& pfad) {
+    const auto länge = prg.p.files.Length(pfad);
+    if (!länge) throw Fehler(53, "Datei nicht gefunden");
+    return *länge;
+}
+
 // The first free section of 1..200 by its test key; 201 when all are taken.
 int FreierAbschnitt(Programm& prg, const std::string& datei, const std::string& prüfSchlüssel) {
     int i = 1;
@@ -95,7 +102,7 @@ void Form3Fenster::Übernehmen() {
         LogEintrag(prg_, "Neue ActiveX wurde erstellt.", {"Datei: " + zeile2()}, kOk);
     } else if (k == "WindowsDatei") {
         const std::string pfad = zeile2();
-        const std::string länge = std::to_string(prg_.p.files.Length(pfad).value_or(0));
+        const std::string länge = std::to_string(DateiLänge(prg_, pfad));
         if (text(3) == "1") {
             alarm.ListView4.Add(pfad).SetSubItem(1, länge);
             LogEintrag(prg_, "Neue Datei wurde erstellt.", {"Datei: " + pfad}, kOk);
@@ -124,8 +131,7 @@ void Form3Fenster::Übernehmen() {
         LogEintrag(prg_, "Neuer Eintrag im Autostart Ordner.", {"Datei: " + zeile2()}, kOk);
     } else if (k == "HostsDatei") {
         // No list and no log entry: raus stores the new size with the settings.
-        prg_.Hostsgrösse =
-            static_cast<std::int32_t>(prg_.p.files.Length(prg_.Systemordner + "\\drivers\\etc\\hosts").value_or(0));
+        prg_.Hostsgrösse = static_cast<std::int32_t>(DateiLänge(prg_, prg_.Systemordner + "\\drivers\\etc\\hosts"));
     } else if (k == "DFÜ") {
         alarm.ListView2.Add(text(0)).SetSubItem(1, text(1));
         std::vector<std::string> zeilen;
@@ -145,7 +151,10 @@ void Form3Fenster::Übernehmen() {
         Popup = PopupWunsch{"killprozess", killprozess1[1].Enabled ? 1 : 0, false, 0};
         return;  // the window stays open for the menu
     } else if (k == "StartPage") {
-        const int i = static_cast<int>(std::lround(std::strtod(text(5).c_str(), nullptr)));
+        // Rounded as the runtime rounds to a 16-bit integer: halves to the even number.
+        const double zahl = std::nearbyint(std::strtod(text(5).c_str(), nullptr));
+        if (zahl < -32768 || zahl > 32767) throw Fehler(6, "Überlauf");
+        const int i = static_cast<int>(zahl);
         if (i < 0 || i >= 21) throw Fehler(kFehlerIndex, "Index außerhalb des gültigen Bereichs");
         prg_.StartSeiten[i] = text(3);
         LogEintrag(prg_, "IExplorer " + text(2) + " wurde geändert.",

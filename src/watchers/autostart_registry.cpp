@@ -144,8 +144,13 @@ void AlarmFenster::AutostartWarnen(int zeile, bool benutzerHives) {
     f.Text1[3].Text = z.SubItem(2);
     f.Text1[4].Text = pfad;
     f.Text1[5].Text = z.SubItem(4);
-    holedaten(prg_, pfad);
-    IcoHolen(prg_.p, pfad, f.picProcIcon);
+    // The warning is raised by now: whatever the file's details do, the window must show,
+    // or the busy flag would stop the watch for the rest of the run.
+    try {
+        holedaten(prg_, pfad);
+        IcoHolen(prg_.p, pfad, f.picProcIcon);
+    } catch (...) {
+    }
     f.Show();
     FensterMitte(prg_.p, f);
 }

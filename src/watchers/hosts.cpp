@@ -3,6 +3,7 @@
 #include "core/programm.h"
 #include "panel/alarm.h"
 #include "platform/allefunktionen.h"
+#include "platform/sysfolder.h"
 #include "warning/form3.h"
 
 namespace kes {

@@ -25,13 +25,20 @@ def warning_or_none(h, secs):
     return wait_until(lambda: WARNING_TITLE in visible_titles(h), secs, 0.3)
 
 
+def accept(h):
+    """Clicks "Übernehmen" and waits until this window has gone. By handle: at stage 1 the
+    next warning, with the same title, may be up before the first is seen to go."""
+    hwnd = h.wait_window(WARNING_TITLE, 5)
+    h.click(hwnd, "Übernehmen")
+    h.gone(hwnd, 10)
+
+
 def accept_whatever_is_there(h):
     """The prefix has Run values of its own: make them known first, as a user would."""
     for _ in range(12):
         if not warning_or_none(h, 3):
             return
-        h.click(WARNING_TITLE, "Übernehmen")
-        h.gone(WARNING_TITLE, 10)
+        accept(h)
     raise AssertionError("warnings keep coming for the prefix's own Run values")
 
 
@@ -44,8 +51,7 @@ def accept_until_quiet(h, name):
         row = registry_row(h)
         check(row is not None and row[3] == name, f"a warning for another value: {row}")
         seen.append(row[1])
-        h.click(WARNING_TITLE, "Übernehmen")
-        h.gone(WARNING_TITLE, 10)
+        accept(h)
     return seen
 
 
@@ -79,13 +85,13 @@ def new_run_value_accepted_then_another_deleted(h):
     check(WARNING_TITLE not in visible_titles(h), "the accepted value raised a warning again")
 
     h.reg_add(RUN, "Tool2", r"C:\windows\regedit.exe")
-    h.wait_window(WARNING_TITLE, 15)
+    hwnd = h.wait_window(WARNING_TITLE, 15)
     row = registry_row(h)
     check(row is not None and row[3] == "Tool2", f"the warning is not about Tool2: {row}")
-    h.click(WARNING_TITLE, "Registry löschen")
+    h.click(hwnd, "Registry löschen")
     h.wait_window("Achtung!", 10)
     h.click("Achtung!", "Ja löschen")
-    h.gone(WARNING_TITLE, 10)
+    h.gone(hwnd, 10)
     out = h.run(["wine", "reg", "query", RUN, "/v", "Tool2"], env=h.tool_env, check=False)
     check(out.returncode != 0, "Tool2 is still in the registry after Ja löschen")
     with open(os.path.join(h.folder, "Kestrella.log"), "rb") as f:

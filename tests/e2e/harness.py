@@ -30,6 +30,14 @@ class E2EError(Exception):
     """A step of the harness itself went wrong (a tool failed or timed out)."""
 
 
+def german_locale_installed():
+    try:
+        out = subprocess.run(["locale", "-a"], capture_output=True, text=True).stdout.lower()
+    except OSError:
+        return False
+    return "de_de.utf8" in out.split() or "de_de.utf-8" in out.split()
+
+
 def find_file(root, name, skip):
     """The shallowest file called NAME below ROOT, ignoring the folders in SKIP."""
     best = None
@@ -83,11 +91,13 @@ class Harness:
         self.shots = os.path.join(self.build, "e2e-shots")
         base = dict(os.environ, WINEDEBUG="-all", WINEPREFIX=self.prefix,
                     WINEDLLOVERRIDES="mscoree,mshtml=d")
-        # The program runs in a German locale. The tools get C.UTF-8: when de_DE.UTF-8 is not
-        # installed, Wine cannot convert a command line such as "Später" to the ANSI code
-        # page; C.UTF-8 always exists and still gives code page 1252.
+        # Program and tools all run in one German locale. Wine writes the locale's number
+        # formats into the prefix's registry at each start, so a tool in another locale
+        # would switch the running program's separators under it. With de_DE.UTF-8 not
+        # installed (test.sh installs it), Wine cannot convert a command line such as
+        # "Später" to the ANSI code page; then the tools fall back to C.UTF-8.
         self.env = dict(base, LC_ALL="de_DE.UTF-8")
-        self.tool_env = dict(base, LC_ALL="C.UTF-8")
+        self.tool_env = self.env if german_locale_installed() else dict(base, LC_ALL="C.UTF-8")
         self.xvfb = None
         self.xvfb_pipe = None
         self.procs = []

@@ -12,13 +12,13 @@ from harness import check, test, wait_until
 def hosts_warning_accepted_takes_the_size_and_does_not_return(h):
     start_monitoring(h, "hostsaccept")
     _, new = hosts_grown(h)
-    h.wait_window(WARNING_TITLE, 15)
+    hwnd = h.wait_window(WARNING_TITLE, 15)
     h.screenshot(os.path.join(h.shots, "warnung-hosts.png"))
     buttons = [c["text"] for c in h.texts(WARNING_TITLE) if c["class"].lower() == "button" and c["visible"]]
     for caption in ("Übernehmen", "Original", "Öffnen", "Später", "Kestrella sofort Deaktivieren"):
         check(caption in buttons, f"button {caption!r} missing, the bar shows {buttons}")
-    h.click(WARNING_TITLE, "Übernehmen")
-    h.gone(WARNING_TITLE, 10)
+    h.click(hwnd, "Übernehmen")
+    h.gone(hwnd, 10)
     # Stage 1: three more cycles over the same file.
     time.sleep(3)
     check(WARNING_TITLE not in visible_titles(h), "the accepted change raised the warning again")

@@ -83,9 +83,12 @@ public:
     };
     std::vector<Meldung> meldungen;
     std::deque<int> antworten;
+    // Runs while the box is up, so a test can see what else is open at that moment.
+    std::function<void()> beimZeigen;
 
     int ShowMessage(const std::string& text, const std::string& title, int flags) override {
         meldungen.push_back({text, title, flags});
+        if (beimZeigen) beimZeigen();
         if (antworten.empty()) return kIdOk;
         const int a = antworten.front();
         antworten.pop_front();

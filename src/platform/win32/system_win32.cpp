@@ -50,8 +50,8 @@ bool Win32Sound::PlayResource(const std::string& name, unsigned flags) {
     const HGLOBAL g = ::LoadResource(nullptr, r);
     const void* daten = g ? ::LockResource(g) : nullptr;
     if (!daten) return false;
-    // Resource memory lives as long as the program, so an asynchronous play is safe.
-    return ::sndPlaySoundA(static_cast<LPCSTR>(daten), SND_MEMORY | SND_ASYNC | SND_NODEFAULT | flags) != FALSE;
+    // Played from memory with the caller's flags; without SND_ASYNC the warning follows the sound.
+    return ::sndPlaySoundA(static_cast<LPCSTR>(daten), SND_MEMORY | flags) != FALSE;
 }
 
 namespace {

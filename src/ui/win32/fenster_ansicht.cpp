@@ -68,7 +68,7 @@ void FensterAnsicht::Abgleichen() {
     }
     if (modell_.Topmost != oben_) {
         oben_ = modell_.Topmost;
-        ::SetWindowPos(h_, oben_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        ::SetWindowPos(h_, oben_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     }
     const bool sichtbar = ::IsWindowVisible(h_) != FALSE;
     if (modell_.Visible != sichtbar) ::ShowWindow(h_, modell_.Visible ? SW_SHOW : SW_HIDE);

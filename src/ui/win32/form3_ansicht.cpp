@@ -116,19 +116,25 @@ void Form3Ansicht::MenüZeigen() {
     const PopupWunsch w = f_.Popup;
     f_.Popup = PopupWunsch{};
     std::vector<MenuItem> einträge;
-    auto übernehmen = [&](const auto& menü) {
-        for (const auto& e : menü) {
-            MenuItem m = e;
-            m.Visible = e.Visible && e.Enabled;  // a greyed entry cannot be chosen
-            einträge.push_back(m);
-        }
-    };
+    auto übernehmen = [&](const auto& menü) { einträge.assign(menü.begin(), menü.end()); };
     if (w.Menü == "Prozesse") übernehmen(f_.Prozesse1);
     if (w.Menü == "regedit") übernehmen(f_.regedit1);
     if (w.Menü == "killprozess") übernehmen(f_.killprozess1);
     if (w.Menü == "dienst") übernehmen(f_.dienst1);
     if (einträge.empty()) return;
-    const int wahl = PopupZeigen(h_, einträge, w.Standard);
+    // The menus of "Übernehmen" open under that button, the one of the name list above it
+    // (its offset is in twips); the others at the pointer.
+    POINT ort{};
+    RECT r{};
+    const bool amKnopf = w.Menü == "killprozess" || w.Menü == "dienst";
+    if (amKnopf) {
+        ::GetWindowRect(image_[1], &r);
+        ort = {r.left, r.bottom};
+    } else if (!w.AmZeiger) {
+        ::GetWindowRect(lv2_.Fenster(), &r);
+        ort = {r.left, r.top + w.VersatzY / 15};
+    }
+    const int wahl = PopupZeigen(h_, einträge, w.Standard, amKnopf || !w.AmZeiger ? &ort : nullptr);
     if (wahl < 0) return;  // dismissed: the warning stays as it was
     if (w.Menü == "Prozesse") f_.Prozesse1_Click(wahl);
     if (w.Menü == "regedit") f_.regedit1_Click(wahl);
@@ -190,6 +196,9 @@ bool Form3Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
         }
         case WM_NOTIFY: {
             const auto* kopf = reinterpret_cast<const NMHDR*>(lp);
+            if (kopf->code == NM_CUSTOMDRAW)
+                return lv1_.Zeichnen(lp, ergebnis) || lv2_.Zeichnen(lp, ergebnis) || lv3_.Zeichnen(lp, ergebnis) ||
+                       lv4_.Zeichnen(lp, ergebnis);
             if (kopf->code != NM_CLICK && kopf->code != NM_RCLICK) return false;
             const int zeile = reinterpret_cast<const NMITEMACTIVATE*>(lp)->iItem + 1;
             if (zeile < 1) return false;

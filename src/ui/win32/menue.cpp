@@ -4,7 +4,7 @@
 
 namespace kes::ui {
 
-int PopupZeigen(HWND besitzer, const std::vector<MenuItem>& einträge, int standard) {
+int PopupZeigen(HWND besitzer, const std::vector<MenuItem>& einträge, int standard, const POINT* ort) {
     win32::UniqueMenu menü(::CreatePopupMenu());
     for (std::size_t i = 0; i < einträge.size(); ++i) {
         const MenuItem& e = einträge[i];
@@ -13,11 +13,15 @@ int PopupZeigen(HWND besitzer, const std::vector<MenuItem>& einträge, int stand
             ::AppendMenuA(menü.Get(), MF_SEPARATOR, 0, nullptr);
             continue;
         }
-        ::AppendMenuA(menü.Get(), MF_STRING | (e.Checked ? MF_CHECKED : 0), i + 1, e.Caption.c_str());
+        const UINT art = MF_STRING | (e.Checked ? MF_CHECKED : 0) | (e.Enabled ? 0 : MF_GRAYED);
+        ::AppendMenuA(menü.Get(), art, i + 1, e.Caption.c_str());
     }
     if (standard >= 0) ::SetMenuDefaultItem(menü.Get(), static_cast<UINT>(standard + 1), FALSE);
     POINT p;
-    ::GetCursorPos(&p);
+    if (ort)
+        p = *ort;
+    else
+        ::GetCursorPos(&p);
     const int wahl =
         ::TrackPopupMenu(menü.Get(), TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_NONOTIFY, p.x, p.y, 0, besitzer, nullptr);
     return wahl - 1;

@@ -9,8 +9,9 @@
 
 namespace kes::ui {
 
-// Shows the entries at the pointer, the default entry in bold; returns the index of the
-// chosen entry, or -1 when the user dismissed the menu.
-int PopupZeigen(HWND besitzer, const std::vector<MenuItem>& einträge, int standard);
+// Shows the entries at the given screen point, or at the pointer without one; the default
+// entry in bold, disabled ones grey. Returns the index of the chosen entry, or -1 when the
+// user dismissed the menu.
+int PopupZeigen(HWND besitzer, const std::vector<MenuItem>& einträge, int standard, const POINT* ort = nullptr);
 
 }  // namespace kes::ui

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 namespace kes::ui {
 
 HFONT Dialogschrift() {
@@ -55,30 +57,68 @@ void ListenAnsicht::Anlegen(HWND eltern, int id, int x, int y, int b, int h, boo
     ::SendMessageA(h_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
 }
 
+void ListenAnsicht::Spaltenbreiten(const ListView& modell) {
+    RECT r;
+    ::GetClientRect(h_, &r);
+    // Room for a vertical scroll bar, so that no horizontal one eats a row.
+    int rest = r.right - ::GetSystemMetrics(SM_CXVSCROLL) - 4;
+    int offen = 0;
+    const std::size_t n = modell.Columns.size();
+    auto fest = [&](std::size_t i) { return i < modell.ColumnWidths.size() ? modell.ColumnWidths[i] : 0; };
+    for (std::size_t i = 0; i < n; ++i) fest(i) > 0 ? rest -= fest(i) : ++offen;
+    for (std::size_t i = 0; i < n; ++i) {
+        const int breite = fest(i) > 0 ? fest(i) : (offen ? std::max(rest / offen, 40) : 40);
+        ::SendMessageA(h_, LVM_SETCOLUMNWIDTH, i, breite);
+    }
+}
+
+bool ListenAnsicht::Zeichnen(LPARAM lp, LRESULT& ergebnis) const {
+    auto* cd = reinterpret_cast<NMLVCUSTOMDRAW*>(lp);
+    if (cd->nmcd.hdr.hwndFrom != h_) return false;
+    switch (cd->nmcd.dwDrawStage) {
+        case CDDS_PREPAINT:
+            ergebnis = CDRF_NOTIFYITEMDRAW;
+            return true;
+        case CDDS_ITEMPREPAINT:
+            ergebnis = CDRF_NOTIFYSUBITEMDRAW;
+            return true;
+        case CDDS_ITEMPREPAINT | CDDS_SUBITEM: {
+            const std::size_t zeile = cd->nmcd.dwItemSpec;
+            const auto spalte = static_cast<std::size_t>(cd->iSubItem);
+            long farbe = -1;
+            if (zeile < zeilen_.size() && spalte < zeilen_[zeile].ForeColors.size())
+                farbe = zeilen_[zeile].ForeColors[spalte];
+            cd->clrText = farbe < 0 ? ::GetSysColor(COLOR_WINDOWTEXT) : static_cast<COLORREF>(farbe);
+            ergebnis = CDRF_DODEFAULT;
+            return true;
+        }
+        default:
+            return false;
+    }
+}
+
 void ListenAnsicht::Abgleichen(const ListView& modell) {
     Sichtbar(h_, modell.Visible);
     if (modell.Columns != spalten_) {
         while (::SendMessageA(h_, LVM_DELETECOLUMN, 0, 0)) {
         }
-        RECT r;
-        ::GetClientRect(h_, &r);
-        const int n = static_cast<int>(modell.Columns.size());
-        for (int i = 0; i < n; ++i) {
+        for (std::size_t i = 0; i < modell.Columns.size(); ++i) {
             LVCOLUMNA c{};
             c.mask = LVCF_TEXT | LVCF_WIDTH;
             c.pszText = const_cast<char*>(modell.Columns[i].c_str());
-            // Room for a vertical scroll bar, so that no horizontal one eats a row.
-            c.cx = n ? (r.right - ::GetSystemMetrics(SM_CXVSCROLL) - 4) / n : 100;
+            c.cx = 50;
             ::SendMessageA(h_, LVM_INSERTCOLUMNA, i, reinterpret_cast<LPARAM>(&c));
         }
         spalten_ = modell.Columns;
+        Spaltenbreiten(modell);
         zeilen_.clear();
         ::SendMessageA(h_, LVM_DELETEALLITEMS, 0, 0);
     }
     const bool gleich =
         zeilen_.size() == modell.Items.size() &&
-        std::equal(zeilen_.begin(), zeilen_.end(), modell.Items.begin(),
-                   [](const ListItem& a, const ListItem& b) { return a.Text == b.Text && a.SubItems == b.SubItems; });
+        std::equal(zeilen_.begin(), zeilen_.end(), modell.Items.begin(), [](const ListItem& a, const ListItem& b) {
+            return a.Text == b.Text && a.SubItems == b.SubItems && a.ForeColors == b.ForeColors;
+        });
     if (gleich) return;
     ::SendMessageA(h_, WM_SETREDRAW, FALSE, 0);
     ::SendMessageA(h_, LVM_DELETEALLITEMS, 0, 0);

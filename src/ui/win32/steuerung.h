@@ -25,9 +25,12 @@ public:
     void Anlegen(HWND eltern, int id, int x, int y, int b, int h, bool kopf = true);
     void Abgleichen(const ListView& modell);
     HWND Fenster() const { return h_; }
+    // NM_CUSTOMDRAW of this list: draws the model's colours of items and sub-items.
+    bool Zeichnen(LPARAM lp, LRESULT& ergebnis) const;
 
 private:
     HWND h_ = nullptr;
+    void Spaltenbreiten(const ListView& modell);
     std::vector<std::string> spalten_;
     std::vector<ListItem> zeilen_;
 };

@@ -170,6 +170,20 @@ TEST_F(LoeschAktion, Services_AskEvenWithoutTheQuestionWindowAndNoSkipsTheComman
     EXPECT_EQ(Befehle(), std::vector<std::string>{"REG DELETE HKLM\\SYSTEM\\CurrentControlSet\\Services\\Boese /f"});
 }
 
+TEST_F(LoeschAktion, ServicesQuestion_ComesWhileTheDeleteQuestionIsStillOpen) {
+    Form3Fenster& f = Warnung("Dienste");
+    f.Text1[0].Text = "Boese";
+    f.Image_Click(3);
+    bool fensterDa = false;
+    fp.dialogs.beimZeigen = [&] { fensterDa = prg.Form1Geladen(); };
+    fp.dialogs.antworten = {kIdNo};
+    prg.Form1().Command1_Click(0);
+    EXPECT_TRUE(fensterDa) << "the services question comes on top of Form1";
+    EXPECT_FALSE(prg.Form1Geladen());
+    EXPECT_FALSE(prg.Form3Geladen()) << "Nein to the question still closes the warning";
+    EXPECT_TRUE(fp.shell.kommandos.empty());
+}
+
 TEST_F(LoeschAktion, DialUpFailure_IsReportedThenLogged) {
     prg.AnzeigeLöschen = true;
     fp.dialup.löschFehler = 623;

@@ -155,6 +155,25 @@ TEST_F(Annehmen, UnwritableFile_ReportedByMostCategoriesPassedOverByTheRegistryR
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
+TEST_F(Annehmen, StartPageIndex_RoundsHalvesToEven) {
+    for (auto [text, slot] : {std::pair{"0.5", 0}, std::pair{"1.5", 2}, std::pair{"2.5", 2}}) {
+        prg.StartSeiten = {};
+        Form3Fenster& f = Warnung("StartPage");
+        f.Text1[3].Text = "http://x/";
+        f.Text1[5].Text = text;
+        f.Image_Click(1);
+        EXPECT_EQ(prg.StartSeiten[slot], "http://x/") << text;
+    }
+}
+
+TEST_F(Annehmen, HostsFileGoneBeforeTheClick_EndsInTheErrorExit) {
+    Form3Fenster& f = Warnung("HostsDatei");
+    f.Image_Click(1);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Übernehmen) Fehler: 53");
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
 TEST_F(Annehmen, StartPageIndexBeyondTheSlots_EndsWithTheErrorAndKeepsTheWindow) {
     Form3Fenster& f = Warnung("StartPage");
     f.Text1[5].Text = "21";

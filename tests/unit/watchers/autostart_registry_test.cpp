@@ -121,6 +121,17 @@ TEST_F(AutostartRegistry, DefaultHive_IsWalkedAsWell) {
     EXPECT_EQ(Wert(2), ".DEFAULT\\" + kRun);
 }
 
+TEST_F(AutostartRegistry, FileWhoseVersionBlockOverflows_StillGetsItsWarningShown) {
+    fp.files.Put("C:\\boese.exe", "MZ");
+    fake::FakeVersion v;
+    v.übersetzungen.push_back({0x0407, 0xFDE9, {{"CompanyName", "x"}}});
+    fp.details.SetVersion("C:\\boese.exe", v);
+    Benutzerwert("Boese", "C:\\boese.exe");
+    alarm().TesteAutostartRegistry();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_TRUE(prg.Form3().Visible) << "a raised warning that never shows would stop the watch for good";
+}
+
 TEST_F(AutostartRegistry, Baseline_IsReadUpToTheFirstEmptyLine) {
     fp.files.Put(ordner + "daten\\AutostartREG.txt", "eins\r\nzwei\r\n\r\ndrei\r\n");
     alarm().LadeAutostartregistry();
