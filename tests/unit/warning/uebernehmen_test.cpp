@@ -155,6 +155,19 @@ TEST_F(Annehmen, UnwritableFile_ReportedByMostCategoriesPassedOverByTheRegistryR
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
+TEST_F(Annehmen, LockedLog_GoesToTheErrorExitAfterTheListChanged) {
+    fp.files.Put(ordner + "Kestrella.log", "alt\r\n");
+    fp.files.Lock(ordner + "Kestrella.log");
+    Form3Fenster& f = Warnung("AutostartOrdner");
+    f.ListView2.Add("a");
+    f.ListView2.Add("C:\\a");
+    f.Image_Click(1);
+    EXPECT_EQ(Datei("Autostart.txt"), "C:\\a\r\n") << "the action has happened before the log";
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Übernehmen) Fehler: 75");
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
 TEST_F(Annehmen, StartPageIndex_RoundsHalvesToEven) {
     for (auto [text, slot] : {std::pair{"0.5", 0}, std::pair{"1.5", 2}, std::pair{"2.5", 2}}) {
         prg.StartSeiten = {};

@@ -1,6 +1,7 @@
 // The watch cycle: which rows run, that the busy flag and the live box values are tested
 // again for every row, and how the stage sets the interval.
 #include "core/einstellungen.h"
+#include "core/start.h"
 #include "core/starten.h"
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
@@ -66,6 +67,17 @@ TEST_F(Zyklus, BusyFlagSetDuringThePump_StopsTheRowsAfterIt) {
     fp.timers.Advance(5000);
     EXPECT_TRUE(fp.shell.kommandos.empty());
     EXPECT_EQ(fp.timers.pumpen, 2) << "the last pump row has no box and still runs";
+}
+
+TEST_F(Zyklus, EndConfirmedDuringThePump_RunsNoFurtherWatcher) {
+    Box(15, 1);
+    HostsÄndern();
+    fp.dialogs.antworten = {kIdYes};
+    fp.timers.beimPumpen.push_back([&] { prg.Start().fox1_Click(6); });
+    fp.timers.Advance(5000);
+    EXPECT_TRUE(prg.Beenden);
+    EXPECT_FALSE(prg.Form3Geladen()) << "no warning after the user chose to end";
+    EXPECT_TRUE(fp.sound.gespielt.empty());
 }
 
 TEST_F(Zyklus, BusyAtTheStart_TickDoesNothing) {
