@@ -12,6 +12,7 @@ kes_install() {
   [ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
   command -v python3 >/dev/null || need+=(python3)
   command -v import >/dev/null || need+=(imagemagick)
+  [ -d /usr/share/i18n/locales ] || need+=(locales)
   if [ ${#need[@]} -gt 0 ]; then
     local sudo=""
     [ "$(id -u)" -eq 0 ] || sudo=sudo
@@ -27,7 +28,6 @@ kes_locale() {
   locale -a 2>/dev/null | grep -qix 'de_DE\.utf-\?8' && return 0
   local sudo=""
   [ "$(id -u)" -eq 0 ] || sudo=sudo
-  [ -d /usr/share/i18n/locales ] || DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q locales
   $sudo localedef -i de_DE -f UTF-8 de_DE.UTF-8
 }
 
