@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "core/programm.h"
+#include "panel/alarm.h"
+#include "warning/form3.h"
 #include "core/property_bag.h"
 #include "fake_plattform.h"
 
@@ -27,6 +29,21 @@ protected:
         prg.Systemordner = "C:\\WINDOWS\\system32";
         prg.Logkopf = "\r\n========== 22.11.2026 ===== 14:05:09 ================\r\n";
     }
+};
+
+// A warning open for an action: logging on, the cycle stopped by the busy flag.
+class WarnungsTest : public ProgrammTest {
+protected:
+    void SetUp() override {
+        Pfade();
+        prg.Alarm().Box1[2].setValue(1);
+        prg.Beschäftigt = true;
+    }
+    Form3Fenster& Warnung(const std::string& kategorie) {
+        prg.Kategorie = kategorie;  // before the first touch, which loads the window
+        return prg.Form3();
+    }
+    std::string Log() { return fp.files.Content(ordner + "Kestrella.log"); }
 };
 
 }  // namespace kes::test

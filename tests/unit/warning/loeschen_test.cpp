@@ -9,18 +9,8 @@
 namespace kes::test {
 namespace {
 
-class LoeschAktion : public ProgrammTest {
+class LoeschAktion : public WarnungsTest {
 protected:
-    void SetUp() override {
-        Pfade();
-        prg.Alarm().Box1[2].setValue(1);
-        prg.Beschäftigt = true;
-    }
-    Form3Fenster& Warnung(const std::string& kategorie) {
-        prg.Kategorie = kategorie;
-        return prg.Form3();
-    }
-    std::string Log() { return fp.files.Content(ordner + "Kestrella.log"); }
     std::vector<std::string> Befehle() {
         std::vector<std::string> b;
         for (const auto& k : fp.shell.kommandos) b.push_back(k.kommando);

@@ -6,19 +6,9 @@
 namespace kes::test {
 namespace {
 
-class Annehmen : public ProgrammTest {
+class Annehmen : public WarnungsTest {
 protected:
-    void SetUp() override {
-        Pfade();
-        prg.Alarm().Box1[2].setValue(1);
-        prg.Beschäftigt = true;
-    }
-    Form3Fenster& Warnung(const std::string& kategorie) {
-        prg.Kategorie = kategorie;
-        return prg.Form3();
-    }
     std::string Datei(const std::string& name) { return fp.files.Content(ordner + "daten\\" + name); }
-    std::string Log() { return fp.files.Content(ordner + "Kestrella.log"); }
     void Geschlossen() {
         EXPECT_FALSE(prg.Form3Geladen());
         EXPECT_FALSE(prg.Beschäftigt);
