@@ -160,8 +160,17 @@ void Form3Fenster::Image_Click(int n) {
         case 3:
             Image3_Click();
             break;
+        case 6:
+            Image6_Click();
+            break;
         case 7:
             Image7_Click();
+            break;
+        case 8:
+            Image8_Click();
+            break;
+        case 9:
+            Image9_Click();
             break;
         default:
             break;  // the other actions arrive with their categories

@@ -52,6 +52,7 @@ public:
     std::array<MenuItem, 3> killprozess1{MenuItem{"Prozess immer zulassen"}, MenuItem{"Hersteller immer zulassen"},
                                          MenuItem{"Nur 1x zulassen"}};
     std::array<MenuItem, 2> dienst1{MenuItem{"Hersteller immer zulassen"}, MenuItem{"Dienst immer zulassen"}};
+    std::array<MenuItem, 2> host1{MenuItem{"Standard setzen"}, MenuItem{"Halvenik Hosts Datei verwenden"}};
     std::string Merktext;    // the folder that "Ordner öffnen" opens
     int ListView2Index = 0;  // 1-based rows last clicked
     int ListView4Index = 0;
@@ -69,8 +70,16 @@ public:
 
     // Saves the settings and unloads the window: the end of every action.
     void raus();
+    // "Später": the warned-of thing goes on the deferred list until the program ends.
+    void Image6_Click();
     // "Kestrella sofort Deaktivieren".
     void Image7_Click();
+    // "Freigeben" / "Original": puts the original back; for the hosts file through the menu host.
+    void Image8_Click();
+    // "Mehr Infos" / "Öffnen": opens a tool and keeps the warning open.
+    void Image9_Click();
+    // The menu of "Original" for the hosts file: 0 the standard file, 1 the program's own.
+    void host1_Click(int index);
     // A click on picture button n (1..9).
     void Image_Click(int n);
     // "Übernehmen": the warned-of state becomes the baseline of its category.

@@ -46,3 +46,19 @@ def tray_menu_switches_monitoring_off_and_on(h):
           "the menu does not say that monitoring is off")
     h.kd("menu-click", "Überwachung ist deaktiviert")
     h.wait_window(WARNING_TITLE, 10)
+
+
+@test
+def hosts_original_menu_writes_the_standard_file(h):
+    start_monitoring(h, "hostsoriginal")
+    hosts_grown(h)
+    hwnd = h.wait_window(WARNING_TITLE, 15)
+    h.click(hwnd, "Original")
+    check(wait_until(lambda: "Standard setzen" in h.kd("menu", check=False), 5), "the menu of Original did not open")
+    h.kd("menu-click", "Standard setzen")
+    h.gone(hwnd, 10)
+    with open(h.hosts_path(), "rb") as f:
+        content = f.read()
+    check(content == b"127.0.0.1  localhost\r\n#Orginal Host Datei\r\n", f"hosts file not reset: {content!r}")
+    time.sleep(3)
+    check(WARNING_TITLE not in visible_titles(h), "the reset hosts file raised a warning")

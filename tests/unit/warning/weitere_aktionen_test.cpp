@@ -1,0 +1,73 @@
+// "Später" by category, and the hosts file's "Original" menu and "Öffnen".
+#include "programm_test_basis.h"
+
+namespace kes::test {
+namespace {
+
+class WeitereAktionen : public WarnungsTest {};
+
+TEST_F(WeitereAktionen, Spaeter_AddsTheTextOfItsCategoryAndCloses) {
+    Form3Fenster& r = Warnung("AutostartRegistry");
+    ListItem& z = r.ListView4.Add("Autostart");
+    z.SetSubItem(1, "HKEY_CURRENT_USER");
+    z.SetSubItem(2, "Software\\Run");
+    z.SetSubItem(3, "Tool");
+    z.SetSubItem(4, "t.exe");
+    r.Image_Click(6);
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_FALSE(prg.Beschäftigt);
+
+    Form3Fenster& t = Warnung("TaskScheduler");
+    t.Text1[1].Text = "{T}";
+    t.Image_Click(6);
+    Form3Fenster& h = Warnung("HostsDatei");
+    h.Label1[1].Caption = hostsPfad;
+    h.Image_Click(6);
+    Form3Fenster& b = Warnung("ToolBar1");
+    b.Text1[0].Text = "nicht.example";
+    b.Image_Click(6);
+    EXPECT_EQ(prg.Alarm().List8.Items,
+              (std::vector<std::string>{"HKEY_CURRENT_USER\\Software\\Run\\Tool", "{T}", hostsPfad}))
+        << "ToolBar1 defers nothing";
+    EXPECT_TRUE(prg.Alarm().Später("HKEY_CURRENT_USER\\Software\\Run\\Tool"));
+    EXPECT_FALSE(prg.Alarm().Später("hkey_current_user\\Software\\Run\\Tool")) << "the deferred list heeds case";
+}
+
+TEST_F(WeitereAktionen, DeferredHostsChange_ComesBackAllTheSame) {
+    fp.files.Put(hostsPfad, "127.0.0.1 x\r\n");
+    prg.Alarm().TesteHosts();
+    ASSERT_TRUE(prg.Form3Geladen());
+    prg.Form3().Image_Click(6);
+    prg.Aufräumen();
+    prg.Alarm().TesteHosts();
+    EXPECT_TRUE(prg.Form3Geladen()) << "the hosts watcher does not ask the deferred list";
+}
+
+TEST_F(WeitereAktionen, HostsOriginal_OpensItsMenuAndWritesTheChosenFile) {
+    fp.files.Put(hostsPfad, "127.0.0.1 boese.example\r\n");
+    fp.files.Put(ordner + "daten\\hosts", "# eigene\r\n127.0.0.1 localhost\r\n");
+    Form3Fenster& f = Warnung("HostsDatei");
+    f.Image_Click(8);
+    EXPECT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(f.Popup.Menü, "host");
+    f.host1_Click(0);
+    EXPECT_EQ(fp.files.Content(hostsPfad), "127.0.0.1  localhost\r\n#Orginal Host Datei\r\n");
+    EXPECT_EQ(prg.Hostsgrösse, 43);
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(std::get<std::int32_t>(GespeicherteEinstellungen().ReadProperty("hostsgrösse", std::int32_t{0})), 43);
+
+    Warnung("HostsDatei").host1_Click(1);
+    EXPECT_EQ(fp.files.Content(hostsPfad), "# eigene\r\n127.0.0.1 localhost\r\n");
+    EXPECT_EQ(prg.Hostsgrösse, 31);
+}
+
+TEST_F(WeitereAktionen, HostsOpen_StartsNotepadAndKeepsTheWarning) {
+    Form3Fenster& f = Warnung("HostsDatei");
+    f.Image_Click(9);
+    ASSERT_EQ(fp.shell.kommandos.size(), 1u);
+    EXPECT_EQ(fp.shell.kommandos[0].kommando, "notepad.exe " + hostsPfad);
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
+}  // namespace
+}  // namespace kes::test
