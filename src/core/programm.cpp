@@ -75,6 +75,15 @@ void Programm::Aufräumen() {
 }
 
 void Programm::TimerTick(int id) {
+    // Window timers never re-enter their own handler on the platform this program was built
+    // for; here the walks pump messages, so a tick that falls due inside its own cycle is
+    // dropped, as a late WM_TIMER is.
+    if (id < 0 || id >= static_cast<int>(timerLäuft_.size()) || timerLäuft_[id]) return;
+    timerLäuft_[id] = true;
+    struct Ende {
+        bool& läuft;
+        ~Ende() { läuft = false; }
+    } ende{timerLäuft_[id]};
     // Nothing may leave a timer callback; each routine handles its own errors.
     try {
         switch (id) {

@@ -100,6 +100,8 @@ private:
     std::unique_ptr<Form2Fenster> form2_;
     std::unique_ptr<Form3Fenster> form3_;
     std::vector<std::unique_ptr<Fenster>> entladen_;
+    // Which timer handlers are running now, by timer id.
+    std::array<bool, 8> timerLäuft_{};
 };
 
 }  // namespace kes

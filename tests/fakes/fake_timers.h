@@ -1,5 +1,7 @@
 // Window timers on a clock the test moves by hand, and a message pump that runs what the
-// test queued for it, so a user action can fall between two steps of a tick.
+// test queued for it, so a user action can fall between two steps of a tick. With
+// msProPumpe set, every pump also lets that much time pass and delivers the ticks that fall
+// due meanwhile, inside the pump, as the platform's message loop does.
 #pragma once
 
 #include <deque>
@@ -26,9 +28,11 @@ public:
         std::deque<std::function<void()>> jetzt;
         jetzt.swap(beimPumpen);
         for (auto& f : jetzt) f();
+        if (msProPumpe > 0) Advance(msProPumpe);
     }
 
-    // Moves the clock on and delivers every tick that falls due, in time order.
+    // Moves the clock on and delivers every tick that falls due, in time order. A tick's
+    // handler may pump and so move the clock further on from inside.
     void Advance(long ms) {
         const long ende = jetzt_ + ms;
         for (;;) {
@@ -37,11 +41,11 @@ public:
             for (const auto& [id, t] : laufend_)
                 if (t.nächster < wann) wann = t.nächster, fällig = id;
             if (!fällig) break;
-            jetzt_ = wann;
+            if (wann > jetzt_) jetzt_ = wann;
             laufend_[fällig].nächster = wann + laufend_[fällig].intervall;
             if (handler_) handler_(fällig);
         }
-        jetzt_ = ende;
+        if (jetzt_ < ende) jetzt_ = ende;
     }
     bool Running(int id) const { return laufend_.count(id) != 0; }
     int IntervalOf(int id) const {
@@ -51,6 +55,7 @@ public:
 
     std::deque<std::function<void()>> beimPumpen;
     int pumpen = 0;
+    long msProPumpe = 0;
 
 private:
     struct Lauf {

@@ -143,5 +143,26 @@ TEST_F(Zyklus, Stage_SetsTheIntervalInSixteenBitsAndSavesAtOnce) {
     EXPECT_EQ(IntervallAusStufe(33), -32536) << "the product wraps above 32";
 }
 
+// The walks let window messages run; a tick that falls due meanwhile must not start a second
+// cycle inside the first, or a nested watcher would raise its own warning into the window
+// the outer one is filling.
+TEST_F(Zyklus, TickFallingDueInsideTheCyclesOwnPumps_DoesNotStartASecondCycle) {
+    alarm().AufAb1.SetText("1");
+    Box(13, 1);
+    Box(15, 1);
+    prg.Soundflag = 1;
+    HostsÄndern();
+    fp.registry.MakeKey("HKEY_USERS\\.DEFAULT\\Software");
+    fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool", "t.exe");
+    fp.timers.msProPumpe = 400;
+    fp.timers.Advance(1000);
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(fp.sound.gespielt.size(), 1u) << "one warning, one sound";
+    const Form3Fenster& f = prg.Form3();
+    EXPECT_EQ(f.Label1[0].Caption, "Neuer Eintrag in der Registry Autostart-Funktion gefunden.");
+    EXPECT_EQ(f.Label3[2].Caption, "Registry löschen") << "the buttons belong to the warning shown";
+    EXPECT_FALSE(f.Image[8].Visible) << "no hosts buttons in an autostart warning";
+}
+
 }  // namespace
 }  // namespace kes::test
