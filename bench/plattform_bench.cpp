@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "core/steuerelemente.h"
+#include "common/steuerelemente.h"
 #include "platform/alledateien.h"
 #include "platform/hive_ocx.h"
 #include "platform/prozesse1.h"

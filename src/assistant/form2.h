@@ -1,20 +1,19 @@
 // The first-run assistant Form2. Until it is built, a stand-in that tells the user so.
 #pragma once
 
-#include "core/fenster.h"
-#include "core/steuerelemente.h"
+#include "common/fenster.h"
+#include "common/steuerelemente.h"
+#include "watchers/kontext.h"
 
 namespace kes {
 
-class Programm;
-
 class Form2Fenster : public Fenster {
 public:
-    explicit Form2Fenster(Programm& prg);
+    explicit Form2Fenster(WächterKontext& k);
     Label Hinweis;
 
 private:
-    [[maybe_unused]] Programm& prg_;
+    [[maybe_unused]] WächterKontext& k_;
 };
 
 }  // namespace kes

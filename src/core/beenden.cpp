@@ -3,7 +3,6 @@
 // starts the program anew, which brings the assistant back.
 #include "core/programm.h"
 #include "core/start.h"
-#include "panel/alarm.h"
 #include "platform/allefunktionen.h"
 #include "warning/form3.h"
 
@@ -31,7 +30,7 @@ void Schluss(Programm& prg) {
 }
 }  // namespace
 
-bool AlarmFenster::Form_QueryUnload(int grund) {
+bool Alarm_Form_QueryUnload(Programm& prg_, int grund) {
     prg_.p.timers.PumpMessages();
     if (grund == kEntladenSitzungsende || grund == kEntladenTaskmanager) {
         Schluss(prg_);
@@ -43,14 +42,14 @@ bool AlarmFenster::Form_QueryUnload(int grund) {
             prg_.p.timers.PumpMessages();
             return false;
         }
-        Show();
+        prg_.Alarm().Show();
         return true;
     }
     // Once asked for, the reset stays wanted: every later close asks this question again.
     if (prg_.p.dialogs.ShowMessage(
             "Wollen sie alle Einstellungen und Werte zurücksetzen ?\r\nDer Kestrella wird dann neugestartet.",
             "Achtung!!", kMbYesNo) != kIdYes) {
-        Show();
+        prg_.Alarm().Show();
         return true;
     }
     for (const char* datei : kZurücksetzen) {
@@ -62,7 +61,7 @@ bool AlarmFenster::Form_QueryUnload(int grund) {
             prg_.p.dialogs.ShowMessage(
                 "Datei :" + pfad + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(fehler), "",
                 kMbOk);
-            Show();
+            prg_.Alarm().Show();
             return true;
         }
     }
@@ -75,7 +74,7 @@ bool AlarmFenster::Form_QueryUnload(int grund) {
 }
 
 void Programm::AlarmEntladen(int grund) {
-    Alarm().Form_QueryUnload(grund);
+    Alarm_Form_QueryUnload(*this, grund);
 }
 
 }  // namespace kes

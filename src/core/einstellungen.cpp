@@ -3,12 +3,11 @@
 #include <string>
 
 #include "assistant/form2.h"
-#include "core/fehler.h"
+#include "common/fehler.h"
 #include "core/logdatei.h"
 #include "core/programm.h"
 #include "core/property_bag.h"
 #include "core/start.h"
-#include "panel/alarm.h"
 #include "platform/allefunktionen.h"
 
 namespace kes {
@@ -52,8 +51,8 @@ void Properties_Load(Programm& prg) {
         prg.AnzeigeLöschen = Lies<bool>(bag, "AnzeigeLöschen", false);
 
         AlarmFenster& alarm = prg.Alarm();
-        if (alarm.Box1[19].value() == 1) alarm.LadeWindows();
-        if (alarm.Box1[20].value() == 1) alarm.LadeWindowsSys32();
+        if (alarm.Box1[19].value() == 1) alarm.windowsDateien.LadeWindows();
+        if (alarm.Box1[20].value() == 1) alarm.windowsDateien.LadeWindowsSys32();
 
         alarm.Timer1.SetEnabled(true);
         if (prg.Intervallstufe == 0) prg.Intervallstufe = 5;

@@ -1,9 +1,8 @@
 #include "core/logdatei.h"
 
-#include "core/fehler.h"
+#include "common/fehler.h"
 
 #include "core/programm.h"
-#include "panel/alarm.h"
 #include "platform/allefunktionen.h"
 
 namespace kes {
@@ -35,24 +34,6 @@ void LogVorbereiten(Programm& prg) {
     const auto inhalt = prg.p.files.ReadAll(pfad);
     if (!inhalt) return;
     for (const auto& zeile : ZeilenLesen(*inhalt)) alarm.Text2.Text += zeile + "\r\n";
-}
-
-}  // namespace kes
-
-namespace kes {
-
-void AlarmFenster::Command2_Click(int index) {
-    const std::string pfad = prg_.Programmordner + "kestrella.log";
-    if (index == 0) {
-        // No question: the text goes, and the file with it, errors passed over.
-        Text2.Text.clear();
-        prg_.p.files.Delete(pfad);
-    } else if (index == 1) {
-        if (DateiVorhanden(prg_.p, pfad))
-            prg_.p.shell.RunCommand("notepad.exe " + pfad, kSwShowNormal);
-        else
-            prg_.p.dialogs.ShowMessage("Die Log-Datei ist noch leer!", "Kestrella-Info", kMbOk);
-    }
 }
 
 }  // namespace kes

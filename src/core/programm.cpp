@@ -1,8 +1,10 @@
 #include "core/programm.h"
 
 #include "assistant/form2.h"
+#include "core/einstellungen.h"
+#include "core/logdatei.h"
 #include "core/start.h"
-#include "panel/alarm.h"
+#include "core/tryicon.h"
 #include "warning/form1.h"
 #include "warning/form3.h"
 
@@ -28,7 +30,7 @@ StartFenster& Programm::Start() {
 
 AlarmFenster& Programm::Alarm() {
     if (!alarm_) {
-        alarm_ = std::make_unique<AlarmFenster>(*this);
+        alarm_ = std::make_unique<AlarmFenster>(static_cast<PanelKontext&>(*this));
         alarm_->Form_Load();
     }
     return *alarm_;
@@ -36,20 +38,20 @@ AlarmFenster& Programm::Alarm() {
 
 Form1Fenster& Programm::Form1() {
     if (!form1_) {
-        form1_ = std::make_unique<Form1Fenster>(*this);
+        form1_ = std::make_unique<Form1Fenster>(static_cast<WarnKontext&>(*this));
         form1_->Form_Load();
     }
     return *form1_;
 }
 
 Form2Fenster& Programm::Form2() {
-    if (!form2_) form2_ = std::make_unique<Form2Fenster>(*this);
+    if (!form2_) form2_ = std::make_unique<Form2Fenster>(static_cast<WächterKontext&>(*this));
     return *form2_;
 }
 
 Form3Fenster& Programm::Form3() {
     if (!form3_) {
-        form3_ = std::make_unique<Form3Fenster>(*this);
+        form3_ = std::make_unique<Form3Fenster>(static_cast<WarnKontext&>(*this));
         form3_->Form_Load();
     }
     return *form3_;
@@ -101,6 +103,39 @@ void Programm::TimerTick(int id) {
         }
     } catch (...) {
     }
+}
+
+std::int16_t Programm::Box(int index) {
+    return Alarm().Box1.at(static_cast<std::size_t>(index)).value();
+}
+
+bool Programm::Später(const std::string& schlüssel) {
+    return Alarm().Später(schlüssel);
+}
+
+void Programm::Warnen(Kategorie kategorie, const std::function<void(Warnung&)>& füllen, Ton ton) {
+    kes::Warnen(*this, kategorie, füllen, ton);
+}
+
+void Programm::Sprechblase(const std::string& titel, const std::string& text, const std::string& tip,
+                           const std::string& icon) {
+    kes::Sprechblase(*this, titel, text, tip, 2, 3, icon);
+}
+
+void Programm::Log(const std::string& titel, const std::vector<std::string>& zeilen, const std::string& ergebnis) {
+    LogEintrag(*this, titel, zeilen, ergebnis);
+}
+
+void Programm::EinstellungenSpeichern() {
+    Properties_Save(*this);
+}
+
+void Programm::NichtAktiviert() {
+    Start().NichtAktiviert();
+}
+
+void Programm::AutostartHaken(bool an) {
+    Start().fox1[5].Checked = an;
 }
 
 }  // namespace kes

@@ -1,6 +1,7 @@
 // The running program: the process-wide values that Main and the settings fill and every
 // unit reads, and the five windows, each a single instance that comes into being (and runs
-// its load handler) the first time anything touches it.
+// its load handler) the first time anything touches it. It is the context every layer
+// below reaches the rest of the program through.
 #pragma once
 
 #include <array>
@@ -9,12 +10,15 @@
 #include <string>
 #include <vector>
 
+#include "common/werte.h"
+#include "panel/alarm.h"
+#include "panel/panel_kontext.h"
 #include "platform/seam/plattform.h"
+#include "warning/warn_kontext.h"
 
 namespace kes {
 
 class StartFenster;
-class AlarmFenster;
 class Form1Fenster;
 class Form2Fenster;
 class Form3Fenster;
@@ -25,50 +29,27 @@ inline constexpr int kEntladenNormal = 0;
 inline constexpr int kEntladenSitzungsende = 2;
 inline constexpr int kEntladenTaskmanager = 3;
 
-// Timer ids of the window timers; the platform delivers ticks by these.
-enum TimerId : int {
-    kTimerAlarm1 = 1,   // Timer1 of Alarm: the watch cycle
-    kTimerStart2 = 2,   // Timer2 of Start: the delayed second stage
-    kTimerForm3_1 = 3,  // Timer1 of Form3: blinks the hidden-file box
-};
-
-class Programm {
+class Programm : public Prozesswerte, public WarnKontext, public PanelKontext {
 public:
     explicit Programm(Plattform& plattform);
-    ~Programm();
+    ~Programm() override;
     Programm(const Programm&) = delete;
     Programm& operator=(const Programm&) = delete;
 
     Plattform& p;
 
-    // Process-wide values.
-    std::string Programmordner;  // always ends in "\"
-    std::string Windowsordner;   // no trailing "\"
-    std::string Systemordner;    // no trailing "\"
-    std::string Logkopf;
-    std::int16_t Intervallstufe = 0;
-    std::int16_t Soundflag = 0;
-    bool Beschäftigt = false;  // the busy flag: true stops the watch cycle
-    std::string Kategorie;     // the current category key
-    std::int32_t Hostsgrösse = 0;
-    std::array<std::string, 21> StartSeiten;
-    bool AnzeigeLöschen = false;
-    bool Zurücksetzen = false;
-    // The tray record, reused for every call of the notification area.
-    TrayRecord Tray;
-
     // The windows. Touching one loads it.
     StartFenster& Start();
-    AlarmFenster& Alarm();
-    Form1Fenster& Form1();
+    AlarmFenster& Alarm() override;
+    Form1Fenster& Form1() override;
     Form2Fenster& Form2();
-    Form3Fenster& Form3();
+    Form3Fenster& Form3() override;
 
     bool StartGeladen() const { return start_ != nullptr; }
     bool AlarmGeladen() const { return alarm_ != nullptr; }
     bool Form1Geladen() const { return form1_ != nullptr; }
     bool Form2Geladen() const { return form2_ != nullptr; }
-    bool Form3Geladen() const { return form3_ != nullptr; }
+    bool Form3Geladen() const override { return form3_ != nullptr; }
     // The loaded window or null, without loading it: for the views.
     StartFenster* StartZeiger() const { return start_.get(); }
     AlarmFenster* AlarmZeiger() const { return alarm_.get(); }
@@ -78,9 +59,9 @@ public:
 
     // Unload: the window is gone for the logic at once; its memory is freed by Aufräumen,
     // after the event that unloaded it, since that event may still be running on it.
-    void Form1Entladen();
+    void Form1Entladen() override;
     void Form2Entladen();
-    void Form3Entladen();
+    void Form3Entladen() override;
     // Every way out of the program passes here; grund is the platform's unload reason.
     void AlarmEntladen(int grund);
 
@@ -92,6 +73,19 @@ public:
 
     // Set by Main when the process must end at once (a second instance).
     bool Beenden = false;
+
+    // The context of the layers below.
+    Plattform& P() override { return p; }
+    Prozesswerte& W() override { return *this; }
+    std::int16_t Box(int index) override;
+    bool Später(const std::string& schlüssel) override;
+    void Warnen(Kategorie kategorie, const std::function<void(Warnung&)>& füllen, Ton ton) override;
+    void Sprechblase(const std::string& titel, const std::string& text, const std::string& tip,
+                     const std::string& icon) override;
+    void Log(const std::string& titel, const std::vector<std::string>& zeilen, const std::string& ergebnis) override;
+    void EinstellungenSpeichern() override;
+    void NichtAktiviert() override;
+    void AutostartHaken(bool an) override;
 
 private:
     std::unique_ptr<StartFenster> start_;

@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 
-#include "core/fehler.h"
-#include "platform/text.h"
+#include "common/fehler.h"
+#include "common/text.h"
 
 namespace kes {
 

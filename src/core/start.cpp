@@ -3,7 +3,6 @@
 #include "core/einstellungen.h"
 #include "core/programm.h"
 #include "core/tryicon.h"
-#include "panel/alarm.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 
@@ -100,7 +99,8 @@ void StartFenster::fox1_Click(int index) {
             NichtAktiviert();
             alarm.Show();
             alarm.Frame1[0].Visible = true;
-            for (auto& l : alarm.Label1) {
+            for (int i = 0; i <= 9; ++i) {
+                Label& l = alarm.Label1[i];
                 l.BackColor = 12648384;
                 l.ForeColor = kSystemFensterText;
             }

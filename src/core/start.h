@@ -5,8 +5,8 @@
 
 #include <array>
 
-#include "core/fenster.h"
-#include "core/steuerelemente.h"
+#include "common/fenster.h"
+#include "common/steuerelemente.h"
 
 namespace kes {
 

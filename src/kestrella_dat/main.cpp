@@ -10,9 +10,9 @@
 #include <sstream>
 #include <string>
 
-#include "core/fehler.h"
+#include "common/fehler.h"
+#include "common/text.h"
 #include "core/property_bag.h"
-#include "platform/text.h"
 
 using namespace kes;
 

@@ -1,7 +1,8 @@
 #include "panel/alarm.h"
 
-#include "core/programm.h"
 #include "platform/allefunktionen.h"
+#include "platform/hive_ocx.h"
+#include "platform/sysfolder.h"
 
 namespace kes {
 
@@ -43,21 +44,84 @@ constexpr const char* kBoxTexte[32] = {
 };
 }  // namespace
 
-AlarmFenster::AlarmFenster(Programm& prg) : Timer1(prg.p.timers, kTimerAlarm1, 5000), prg_(prg) {
+AlarmFenster::AlarmFenster(PanelKontext& k) : AlarmDaten(k), k_(k) {
     for (std::size_t i = 0; i < Box1.size(); ++i) Box1[i].Caption = kBoxTexte[i];
-    ListView1.Columns = {"Wert"};
     AufAb1.Zahlen = true;
     AufAb1.Max = 30;
     AufAb1.TextValue = [this](std::int32_t& zahl) { AufAb1_TextValue(zahl); };
     Width = 640;
     Height = 480;
-    FensterMitte(prg.p, *this);
+    FensterMitte(k.P(), *this);
 }
 
-bool AlarmFenster::Später(const std::string& schlüssel) const {
-    for (const auto& eintrag : List8.Items)
-        if (eintrag == schlüssel) return true;
-    return false;
+void AlarmFenster::Form_Load() {
+    Caption = "Kestrella V" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
+              std::to_string(kVersionRevision) + " AddOn Halvenik";
+    Plattform& p = k_.P();
+
+    HiveOCX hive(p.registry);
+    const bool autostart =
+        hive.ValueExists(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella");
+    Box1[0].setValue(autostart ? 1 : 0);
+    k_.AutostartHaken(autostart);
+
+    Label2[2].Caption = Sysfolder(p, kCsidlStartup);
+    Label2[3].Caption = Sysfolder(p, kCsidlCommonStartup);
+
+    prozesse.LadeProzessFirmen();
+    prozesse.LadeProzesse();
+    favoriten.LadeFavoriten();
+    startSeite.LadeStartPage();
+    dfü.LadeDFÜ();
+    autostartOrdner.LadeAutostart();
+    autostartRegistry.LadeAutostartregistry();
+
+    Box1[19].Caption = k_.W().Windowsordner;
+    Box1[20].Caption = k_.W().Systemordner;
+
+    windowsDateien.LadeWindowsausnahme();
+    // Runs before the stored values arrive, so both tests fail at every start;
+    // Properties_Load repeats them with the real values.
+    if (Box1[19].value() == 1) windowsDateien.LadeWindows();
+    if (Box1[20].value() == 1) windowsDateien.LadeWindowsSys32();
+
+    klassenlisten.LadeBHO();
+    activeX.LadeActiveX();
+    klassenlisten.LadeShellService();
+    klassenlisten.LadeSharedTaskScheduler();
+    klassenlisten.LadeURLSearchHook();
+    dienste.LadeDienste();
+    dienste.LadeDiensteHersteller();
+    vertrauenswürdigeSeiten.LadeToolbar();
+}
+
+void AlarmFenster::Timer1_Timer() {
+    Durchlauf();
+}
+
+void AlarmFenster::AufAb1_TextValue(std::int32_t& zahl) {
+    // Errors in this handler are passed over.
+    try {
+        k_.W().Intervallstufe = static_cast<std::int16_t>(zahl);
+        Timer1.SetInterval(IntervallAusStufe(k_.W().Intervallstufe));
+        k_.EinstellungenSpeichern();
+    } catch (...) {
+    }
+}
+
+void AlarmFenster::Command2_Click(int index) {
+    Plattform& p = k_.P();
+    const std::string pfad = k_.W().Programmordner + "kestrella.log";
+    if (index == 0) {
+        // No question: the text goes, and the file with it, errors passed over.
+        Text2.Text.clear();
+        p.files.Delete(pfad);
+    } else if (index == 1) {
+        if (DateiVorhanden(p, pfad))
+            p.shell.RunCommand("notepad.exe " + pfad, kSwShowNormal);
+        else
+            p.dialogs.ShowMessage("Die Log-Datei ist noch leer!", "Kestrella-Info", kMbOk);
+    }
 }
 
 }  // namespace kes

@@ -1,6 +1,6 @@
 #include "platform/alledateien.h"
 
-#include "platform/text.h"
+#include "common/text.h"
 
 namespace kes {
 

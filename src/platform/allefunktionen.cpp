@@ -1,8 +1,8 @@
 #include "platform/allefunktionen.h"
 
-#include "core/fenster.h"
-#include "core/steuerelemente.h"
-#include "platform/text.h"
+#include "common/fenster.h"
+#include "common/steuerelemente.h"
+#include "common/text.h"
 
 namespace kes {
 

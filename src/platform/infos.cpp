@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "core/fehler.h"
+#include "common/fehler.h"
 #include "platform/allefunktionen.h"
 
 namespace kes {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "common/text.h"
 #include "platform/allefunktionen.h"
-#include "platform/text.h"
 
 namespace kes {
 

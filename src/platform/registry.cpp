@@ -2,14 +2,10 @@
 
 #include <cstring>
 
-#include "core/steuerelemente.h"
-#include "platform/hive_ocx.h"
-
 namespace kes {
 
 namespace {
 constexpr std::uint32_t kNamePuffer = 2000;
-constexpr std::uint32_t kDienstGrenze = 3000;
 constexpr std::uint32_t kListenPuffer = 255;
 
 std::string BisNul(const char* puffer, std::size_t länge) {
@@ -52,7 +48,7 @@ bool Registry::CloseKey(RegHandle handle) {
     return p_.registry.CloseKey(handle) == kErrorSuccess;
 }
 
-std::vector<std::string> Registry::EnumSubkeys(RegHandle handle) {
+std::vector<std::string> Registry::EnumSubkeys(RegHandle handle, std::size_t grenze) {
     std::vector<std::string> namen;
     std::vector<char> puffer(kNamePuffer);
     for (std::uint32_t i = 0;; ++i) {
@@ -64,7 +60,7 @@ std::vector<std::string> Registry::EnumSubkeys(RegHandle handle) {
         p_.timers.PumpMessages();
         // Stored whatever the call returned: the failing call leaves the last entry.
         namen.emplace_back(puffer.data(), std::min(grösse, kNamePuffer));
-        if (kategorie_ == "Dienste" && i + 1 > kDienstGrenze) return {};
+        if (grenze > 0 && i + 1 > grenze) return {};
         if (rc == kErrorNoMoreItems) return namen;
         // A refused handle or a key deleted during the walk fails every further round:
         // such a walk would never end.
@@ -87,11 +83,11 @@ std::vector<WertEintrag> Registry::EnumValues(RegHandle handle) {
     }
 }
 
-std::vector<std::string> Registry::GetSubkeys(RegHandle root, const std::string& key) {
+std::vector<std::string> Registry::GetSubkeys(RegHandle root, const std::string& key, std::size_t grenze) {
     p_.timers.PumpMessages();
     RegHandle h = 0;
     p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &h);
-    auto namen = EnumSubkeys(h);
+    auto namen = EnumSubkeys(h, grenze);
     CloseKey(h);
     return namen;
 }
@@ -107,12 +103,12 @@ std::vector<std::string> Registry::GetValueNames(RegHandle root, const std::stri
     return namen;
 }
 
-std::vector<WertDaten> Registry::GetValueList(RegHandle root, const std::string& key) {
+std::vector<WertDaten> Registry::GetValueList(RegHandle root, const std::string& key,
+                                              const std::function<void(const WertDaten&)>& zeile) {
     std::vector<WertDaten> liste;
     RegHandle h = 0;
     if (p_.registry.OpenKeyEx(root, key, kKeyQueryValue, &h) != kErrorSuccess) return liste;
 
-    HiveOCX hive(p_.registry);
     // The enumeration is told of 256 bytes while it has 255 to spare: the buffer really
     // holds 256, so a value of exactly 256 bytes passes here and fails in the query below.
     std::uint8_t enumDaten[kListenPuffer + 1];
@@ -136,15 +132,7 @@ std::vector<WertDaten> Registry::GetValueList(RegHandle root, const std::string&
         }
         liste[i] = {wertName, text};
 
-        if (kategorie_ == "AutostartRegistry" && listView33_ &&
-            (root == kHkeyLocalMachine || root == kHkeyCurrentUser || root == kHkeyUsers)) {
-            std::string pfad = key, wert = wertName;
-            ListItem& zeile = listView33_->Add(RootName(root));
-            zeile.SetSubItem(1, key);
-            zeile.SetSubItem(2, wertName);
-            zeile.SetSubItem(3, text);
-            zeile.SetSubItem(4, hive.ReadValueText(HiveVonHandle(root), pfad, wert));
-        }
+        if (zeile) zeile(liste[i]);
     }
     p_.registry.CloseKey(h);
     return liste;

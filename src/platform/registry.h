@@ -3,17 +3,17 @@
 // walks keep the buffer sizes and access masks they were designed with, because the
 // watchers' baselines depend on what these limits let through: EnumSubkeys and EnumValues
 // end with the entry of the failing call, GetValueList drops values of 256 bytes or more,
-// and the services walk gives up above 3000 subkeys.
+// and a caller may set a count of subkeys above which a walk gives up.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/seam/plattform.h"
 
 namespace kes {
-
-struct ListView;
 
 // The root name of a predefined handle ("HKEY_LOCAL_MACHINE"); empty for any other handle.
 std::string RootName(RegHandle root);
@@ -32,12 +32,10 @@ struct WertDaten {
     std::string Daten;
 };
 
-// The module Registry. It reads the current category key live, since the key decides the
-// services cut-off and whether GetValueList adds rows to ListView33 of the window Alarm.
+// The module Registry.
 class Registry {
 public:
-    Registry(Plattform& p, const std::string& kategorie, ListView* listView33 = nullptr)
-        : p_(p), kategorie_(kategorie), listView33_(listView33) {}
+    explicit Registry(Plattform& p) : p_(p) {}
 
     // RegOpenKeyExA with all access; the return code is dropped, so a failed open leaves
     // the handle as it was (0 when the caller started from 0).
@@ -45,27 +43,26 @@ public:
     // True when RegCloseKey returned 0.
     bool CloseKey(RegHandle handle);
 
-    // Subkey names; the last entry is that of the failing call (2000 NULs). With the
-    // category "Dienste" a walk past 3000 entries gives no entries at all, and so does a
-    // walk on a handle the platform refuses (it would never reach the end).
-    std::vector<std::string> EnumSubkeys(RegHandle handle);
+    // Subkey names; the last entry is that of the failing call (2000 NULs). With a grenze
+    // above 0 a walk past that many entries gives no entries at all, and so does a walk on
+    // a handle the platform refuses (it would never reach the end).
+    std::vector<std::string> EnumSubkeys(RegHandle handle, std::size_t grenze = 0);
     // Types and names of the values, the last column again from the failing call.
     std::vector<WertEintrag> EnumValues(RegHandle handle);
 
     // Opens with all access whatever the outcome, walks, closes.
-    std::vector<std::string> GetSubkeys(RegHandle root, const std::string& key);
+    std::vector<std::string> GetSubkeys(RegHandle root, const std::string& key, std::size_t grenze = 0);
     // The names of EnumValues, surplus entry included.
     std::vector<std::string> GetValueNames(RegHandle root, const std::string& key);
     // Opens with query rights only. Only the last value survives in the result (the array
-    // is redimensioned each round); with the category "AutostartRegistry" every value of
-    // HKLM, HKCU and HKU adds a row to ListView33, which is the real result. A missing key
-    // gives an empty result and no row.
-    std::vector<WertDaten> GetValueList(RegHandle root, const std::string& key);
+    // is redimensioned each round); every value is also handed to zeile as it is read,
+    // which is the real result for the caller that lists rows. A missing key gives an empty
+    // result and no call.
+    std::vector<WertDaten> GetValueList(RegHandle root, const std::string& key,
+                                        const std::function<void(const WertDaten&)>& zeile = {});
 
 private:
     Plattform& p_;
-    const std::string& kategorie_;
-    ListView* listView33_;
 };
 
 // Subkey names, opened with enumerate rights only: exactly one entry per subkey, or one

@@ -1,12 +1,11 @@
 #include "warning/form1.h"
 
-#include "core/programm.h"
 #include "platform/allefunktionen.h"
 #include "warning/form3.h"
 
 namespace kes {
 
-Form1Fenster::Form1Fenster(Programm& prg) : prg_(prg) {
+Form1Fenster::Form1Fenster(WarnKontext& k) : k_(k) {
     Caption = "Achtung!";
     Label1.Caption = "Sind sie sich sich das der Eintrag gelöscht werden soll ?";
     Check1.Caption = "keine Nachfrage mehr beim löschen anzeigen";
@@ -18,17 +17,17 @@ Form1Fenster::Form1Fenster(Programm& prg) : prg_(prg) {
 
 void Form1Fenster::Form_Load() {
     ImmerOben(*this, true);
-    FensterMitte(prg_.p, *this);
+    FensterMitte(k_.P(), *this);
 }
 
 void Form1Fenster::Check1_Click() {
-    prg_.AnzeigeLöschen = Check1.Value == 1;
+    k_.W().AnzeigeLöschen = Check1.Value == 1;
 }
 
 void Form1Fenster::Command1_Click(int index) {
     // The question stays until löschen has run, so that its own questions come on top of it.
-    if (prg_.Form3Geladen()) prg_.Form3().löschen(index == 0);
-    prg_.Form1Entladen();
+    if (k_.Form3Geladen()) k_.Form3().löschen(index == 0);
+    k_.Form1Entladen();
 }
 
 }  // namespace kes

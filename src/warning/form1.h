@@ -4,16 +4,15 @@
 
 #include <array>
 
-#include "core/fenster.h"
-#include "core/steuerelemente.h"
+#include "common/fenster.h"
+#include "common/steuerelemente.h"
+#include "warning/warn_kontext.h"
 
 namespace kes {
 
-class Programm;
-
 class Form1Fenster : public Fenster {
 public:
-    explicit Form1Fenster(Programm& prg);
+    explicit Form1Fenster(WarnKontext& k);
 
     Label Label1;
     CheckBox Check1;
@@ -26,7 +25,7 @@ public:
     void Command1_Click(int index);
 
 private:
-    Programm& prg_;
+    WarnKontext& k_;
 };
 
 }  // namespace kes

@@ -1,71 +1,109 @@
-// The other buttons of the warning window that the categories watched so far use: put off
-// until the end of the run, put the hosts file back, and open it in the editor.
-#include "core/programm.h"
-#include "panel/alarm.h"
+// The other buttons of the warning window: end a process, the file warnings' own answers,
+// put off until the end of the run, put an original back, open a tool; and the menus
+// behind them.
 #include "platform/allefunktionen.h"
 #include "platform/sysfolder.h"
+#include "warning/aktionen.h"
 #include "warning/form3.h"
+#include "warning/kategorien.h"
+#include "watchers/alarm_daten.h"
+#include "watchers/hosts.h"
 
 namespace kes {
 
+namespace später {
+std::string Text0(const Form3Fenster& f) {
+    return f.Text1[0].Text;
+}
+std::string Text1(const Form3Fenster& f) {
+    return f.Text1[1].Text;
+}
+std::string Text3(const Form3Fenster& f) {
+    return f.Text1[3].Text;
+}
+std::string Zeile2(const Form3Fenster& f) {
+    return f.Zeile2();
+}
+std::string Label1_1(const Form3Fenster& f) {
+    return f.Label1[1].Caption;
+}
+// Without the data: a deferred value that changes stays deferred.
+std::string Registryzeile(const Form3Fenster& f) {
+    if (f.ListView4.Items.empty()) return "\\\\";
+    const ListItem& z = f.ListView4.Items[0];
+    return z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3);
+}
+}  // namespace später
+
+namespace weitere {
+void HostsMenü(Form3Fenster& f) {
+    f.Popup = PopupWunsch{"host", 0, false, 0};  // the menu finishes the job
+}
+void HostsÖffnen(Form3Fenster& f) {
+    f.K().P().shell.RunCommand("notepad.exe " + HostsPfad(f.K().W()), kSwShowNormal);
+}
+void DiensteÖffnen(Form3Fenster& f) {
+    ImmerOben(f, false);
+    f.K().P().shell.RunCommand("mmc.exe " + f.K().W().Windowsordner + "\\system32\\services.msc", kSwShowNormal);
+}
+}  // namespace weitere
+
+void Form3Fenster::Image2_Click() {
+    if (const Aktion a = Zeile(k_.W().Kategorieschlüssel).töten) return a(*this);
+    raus();
+}
+
+void Form3Fenster::Image4_Click() {
+    if (const Aktion a = Zeile(k_.W().Kategorieschlüssel).ausnahme) return a(*this);
+    raus();
+}
+
+void Form3Fenster::Image5_Click() {
+    if (const Aktion a = Zeile(k_.W().Kategorieschlüssel).nagut) return a(*this);
+    raus();
+}
+
 void Form3Fenster::Image6_Click() {
-    const std::string& k = prg_.Kategorie;
-    auto zeile2 = [this]() { return ListView2.Items.size() >= 2 ? ListView2.Items[1].Text : std::string(); };
-    std::string text;
-    bool hinzu = true;
-    if (k == "ToolBar" || k == "URLSearchHooks" || k == "WindowsDatei" || k == "BHO" || k == "ShellService") {
-        text = Text1[0].Text;
-    } else if (k == "Dienste" || k == "HtaFile") {
-        text = Text1[3].Text;
-    } else if (k == "TaskScheduler") {
-        text = Text1[1].Text;
-    } else if (k == "Prozesse" || k == "AutostartOrdner" || k == "ActiveX") {
-        text = zeile2();
-    } else if (k == "StartPage" || k == "Favorit1" || k == "Favorit2" || k == "Favoriten" || k == "DFÜ" ||
-               k == "HostsDatei") {
-        text = Label1[1].Caption;
-    } else if (k == "AutostartRegistry") {
-        const ListItem leer;
-        const ListItem& z = ListView4.Items.empty() ? leer : ListView4.Items[0];
-        // Without the data: a deferred value that changes stays deferred.
-        text = z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3);
-    } else {
-        hinzu = false;  // "ToolBar1" among them: no deferral, the warning comes again
-    }
-    if (hinzu) prg_.Alarm().List8.Items.push_back(text);
+    if (const Aufschub text = Zeile(k_.W().Kategorieschlüssel).später) k_.Alarm().List8.Items.push_back(text(*this));
     raus();
 }
 
 void Form3Fenster::Image8_Click() {
-    if (prg_.Kategorie == "HostsDatei") {
-        Popup = PopupWunsch{"host", 0, false, 0};
-        return;  // the menu finishes the job
-    }
-    raus();
-}
-
-void Form3Fenster::host1_Click(int index) {
-    const std::string hosts = Sysfolder(prg_.p, kCsidlSystem) + "\\drivers\\etc\\hosts";
-    // Errors are passed over: the size is taken of whatever stands there afterwards.
-    if (DateiVorhanden(prg_.p, hosts)) prg_.p.files.Delete(hosts);
-    if (index == 0) {
-        prg_.p.files.WriteAll(hosts, "127.0.0.1  localhost\r\n#Orginal Host Datei\r\n");
-    } else if (index == 1) {
-        if (const auto eigene = prg_.p.files.ReadAll(prg_.Programmordner + "daten\\hosts"))
-            prg_.p.files.WriteAll(hosts, *eigene);
-    }
-    prg_.Hostsgrösse = static_cast<std::int32_t>(prg_.p.files.Length(hosts).value_or(0));
+    if (const Aktion a = Zeile(k_.W().Kategorieschlüssel).original) return a(*this);
     raus();
 }
 
 void Form3Fenster::Image9_Click() {
-    const std::string& k = prg_.Kategorie;
-    if (k == "Dienste") {
-        ImmerOben(*this, false);
-        prg_.p.shell.RunCommand("mmc.exe " + prg_.Windowsordner + "\\system32\\services.msc", kSwShowNormal);
-    } else if (k == "HostsDatei") {
-        prg_.p.shell.RunCommand("notepad.exe " + prg_.Systemordner + "\\drivers\\etc\\hosts", kSwShowNormal);
-    }
+    if (const Aktion a = Zeile(k_.W().Kategorieschlüssel).infos) a(*this);
 }
+
+void Form3Fenster::host1_Click(int index) {
+    const std::string hosts = Sysfolder(k_.P(), kCsidlSystem) + "\\drivers\\etc\\hosts";
+    Plattform& p = k_.P();
+    // Errors are passed over: the size is taken of whatever stands there afterwards, and a
+    // length that cannot be read leaves the saved size as it was. The program's own file is
+    // read before the old one goes, so that a lost copy of it never costs the user theirs.
+    if (index == 0) {
+        if (DateiVorhanden(p, hosts)) p.files.Delete(hosts);
+        p.files.WriteAll(hosts, "127.0.0.1  localhost\r\n#Orginal Host Datei\r\n");
+    } else if (index == 1) {
+        if (const auto eigene = p.files.ReadAll(k_.W().Programmordner + "daten\\hosts")) {
+            if (DateiVorhanden(p, hosts)) p.files.Delete(hosts);
+            p.files.WriteAll(hosts, *eigene);
+        }
+    }
+    if (const auto länge = p.files.Length(hosts)) k_.W().Hostsgrösse = static_cast<std::int32_t>(*länge);
+    raus();
+}
+
+void Form3Fenster::killprozess1_Click(int) {
+    raus();
+}
+
+void Form3Fenster::dienst1_Click(int) {
+    raus();
+}
+
+void Form3Fenster::dfü1_Click(int) {}
 
 }  // namespace kes

@@ -1,14 +1,11 @@
-// The registry values that start programs: the Run keys of the user, of the machine and of
-// every user hive below HKEY_USERS. A value that is neither in the baseline (with its data)
-// nor deferred (without them) raises a warning; a value that goes raises nothing.
-#include "core/programm.h"
-#include "panel/alarm.h"
+#include "watchers/autostart_registry.h"
+
+#include "common/text.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
 #include "platform/registry.h"
-#include "platform/text.h"
-#include "warning/form3.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
@@ -30,24 +27,24 @@ std::string Trimmen(const std::string& s) {
 
 // The program's path from a value's data: quotes off the ends, switches cut off, and for
 // the user hives a search in the Windows and system folders.
-std::string ProgrammPfad(Programm& prg, std::string s, bool ordnerSuchen) {
+std::string ProgrammPfad(Plattform& p, const Prozesswerte& w, std::string s, bool ordnerSuchen) {
     for (int i = 0; i < 2; ++i)
         if (!s.empty() && s.back() == '"') s.pop_back();
     for (int i = 0; i < 2; ++i)
         if (!s.empty() && s.front() == '"') s.erase(0, 1);
-    if (!DateiVorhanden(prg.p, s) && s.find('/') != std::string::npos) s = Trimmen(s.substr(0, s.find('/')));
+    if (!DateiVorhanden(p, s) && s.find('/') != std::string::npos) s = Trimmen(s.substr(0, s.find('/')));
     if (ordnerSuchen) {
-        for (const std::string& ordner : {prg.Windowsordner, prg.Systemordner}) {
-            if (DateiVorhanden(prg.p, s)) break;
-            if (DateiVorhanden(prg.p, ordner + "\\" + s)) s = ordner + "\\" + s;
+        for (const std::string& ordner : {w.Windowsordner, w.Systemordner}) {
+            if (DateiVorhanden(p, s)) break;
+            if (DateiVorhanden(p, ordner + "\\" + s)) s = ordner + "\\" + s;
         }
     }
     return s;
 }
 }  // namespace
 
-void AlarmFenster::LadeAutostartregistry() {
-    const auto inhalt = prg_.p.files.ReadAll(prg_.Programmordner + "daten\\AutostartREG.txt");
+void AutostartRegistry::LadeAutostartregistry() {
+    const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\AutostartREG.txt");
     if (!inhalt) return;  // no file: the list stays as it is
     ListView1.Items.clear();
     for (const auto& zeile : ZeilenLesen(*inhalt)) {
@@ -56,7 +53,19 @@ void AlarmFenster::LadeAutostartregistry() {
     }
 }
 
-int AlarmFenster::AutostartUnbekannt() const {
+void AutostartRegistry::Auflisten(RegHandle root, const std::string& key) {
+    HiveOCX hive(k_.P().registry);
+    Registry(k_.P()).GetValueList(root, key, [&](const WertDaten& wert) {
+        std::string pfad = key, name = wert.Name;
+        ListItem& zeile = ListView33.Add(RootName(root));
+        zeile.SetSubItem(1, key);
+        zeile.SetSubItem(2, wert.Name);
+        zeile.SetSubItem(3, wert.Daten);
+        zeile.SetSubItem(4, hive.ReadValueText(HiveVonHandle(root), pfad, name));
+    });
+}
+
+int AutostartRegistry::Unbekannt() {
     for (std::size_t i = 0; i < ListView33.Items.size(); ++i) {
         const ListItem& z = ListView33.Items[i];
         const std::string vergleich = Klein(z.Text + "\\" + z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3));
@@ -67,16 +76,16 @@ int AlarmFenster::AutostartUnbekannt() const {
                 break;
             }
         // The deferred key has no data in it: a deferred value that changes stays deferred.
-        if (!bekannt && !Später(z.Text + "\\" + z.SubItem(1) + "\\" + z.SubItem(2))) return static_cast<int>(i);
+        if (!bekannt && !k_.Später(z.Text + "\\" + z.SubItem(1) + "\\" + z.SubItem(2))) return static_cast<int>(i);
     }
     return -1;
 }
 
-void AlarmFenster::TesteAutostartRegistry() {
+void AutostartRegistry::TesteAutostartRegistry() {
     try {
         ListView33.Items.clear();
-        prg_.Kategorie = "AutostartRegistry";
-        HiveOCX hive(prg_.p.registry);
+        k_.W().Kategorieschlüssel = Kategorie::AutostartRegistry;
+        HiveOCX hive(k_.P().registry);
         for (int code : {1, 2}) {
             if (!hive.ValueExists(code, kWindowsNT, "run")) continue;
             ListItem& z = ListView33.Add(RootName(HandleVonHive(code)));
@@ -84,37 +93,35 @@ void AlarmFenster::TesteAutostartRegistry() {
             z.SetSubItem(2, "run");
             z.SetSubItem(3, hive.ReadValue(code, kWindowsNT, "run"));
         }
-        Registry reg(prg_.p, prg_.Kategorie, &ListView33);
         for (RegHandle root : {kHkeyCurrentUser, kHkeyLocalMachine})
-            for (const char* ort : kOrte) reg.GetValueList(root, ort);
-        const int zeile = AutostartUnbekannt();
-        if (zeile >= 0) AutostartWarnen(zeile, false);
+            for (const char* ort : kOrte) Auflisten(root, ort);
+        const int zeile = Unbekannt();
+        if (zeile >= 0) Warnen(zeile, false);
     } catch (...) {
         // A failed read ends the routine without a word and without a warning.
     }
 }
 
-void AlarmFenster::TesteAutostartHkeyUser() {
+void AutostartRegistry::TesteAutostartHkeyUser() {
     try {
-        prg_.Kategorie = "AutostartRegistry";
-        const auto liste = ListSubkeys(prg_.p, kHkeyUsers, "");
+        k_.W().Kategorieschlüssel = Kategorie::AutostartRegistry;
+        const auto liste = ListSubkeys(k_.P(), kHkeyUsers, "");
         if (liste.empty() || liste.front().empty()) return;
         std::vector<std::string> benutzer;
         for (const auto& name : liste) {
             benutzer.push_back(name);
-            prg_.p.timers.PumpMessages();
+            k_.Pumpen();
         }
-        HiveOCX hive(prg_.p.registry);
-        Registry reg(prg_.p, prg_.Kategorie, &ListView33);
+        HiveOCX hive(k_.P().registry);
         for (const auto& u : benutzer) {
             ListView33.Items.clear();
             for (const char* ort : kOrte) {
                 const std::string pfad = u + "\\" + ort;
                 if (!hive.KeyExists(3, pfad)) continue;
-                reg.GetValueList(kHkeyUsers, pfad);
-                const int zeile = AutostartUnbekannt();
+                Auflisten(kHkeyUsers, pfad);
+                const int zeile = Unbekannt();
                 if (zeile >= 0) {
-                    AutostartWarnen(zeile, true);
+                    Warnen(zeile, true);
                     return;
                 }
             }
@@ -123,36 +130,26 @@ void AlarmFenster::TesteAutostartHkeyUser() {
     }
 }
 
-void AlarmFenster::AutostartWarnen(int zeile, bool benutzerHives) {
-    prg_.Beschäftigt = true;
-    Timer1.SetEnabled(false);
-    if (prg_.Soundflag == 1) SoundSpielen(prg_.p, "ALARM");
-    if (!benutzerHives) prg_.Kategorie = "AutostartRegistry";
+void AutostartRegistry::Warnen(int zeile, bool benutzerHives) {
     const ListItem z = ListView33.Items.at(static_cast<std::size_t>(zeile));
-
-    Form3Fenster& f = prg_.Form3();
-    f.Label1[0].Caption = "Neuer Eintrag in der Registry Autostart-Funktion gefunden.";
-    std::string pfad = ProgrammPfad(prg_, z.SubItem(3), benutzerHives);
-    f.ListView2.Add(DateiName(pfad));
-    f.ListView2.Add(pfad);
-    ListItem& reihe = f.ListView4.Add("Autostart");
-    for (std::size_t s = 1; s <= 4; ++s) reihe.SetSubItem(s, s == 1 ? z.Text : z.SubItem(s - 1));
-    f.Picture3[4].Visible = false;
-    f.Text1[0].Text = z.Text + "\\" + z.SubItem(1);
-    f.Text1[1].Text = z.Text;
-    f.Text1[2].Text = z.SubItem(1);
-    f.Text1[3].Text = z.SubItem(2);
-    f.Text1[4].Text = pfad;
-    f.Text1[5].Text = z.SubItem(4);
-    // The warning is raised by now: whatever the file's details do, the window must show,
-    // or the busy flag would stop the watch for the rest of the run.
-    try {
-        holedaten(prg_, pfad);
-        IcoHolen(prg_.p, pfad, f.picProcIcon);
-    } catch (...) {
-    }
-    f.Show();
-    FensterMitte(prg_.p, f);
+    Plattform& p = k_.P();
+    k_.Warnen(Kategorie::AutostartRegistry, [&](Warnung& f) {
+        f.Label1[0].Caption = "Neuer Eintrag in der Registry Autostart-Funktion gefunden.";
+        std::string pfad = ProgrammPfad(p, k_.W(), z.SubItem(3), benutzerHives);
+        f.ListView2.Add(DateiName(pfad));
+        f.ListView2.Add(pfad);
+        ListItem& reihe = f.ListView4.Add("Autostart");
+        for (std::size_t s = 1; s <= 4; ++s) reihe.SetSubItem(s, s == 1 ? z.Text : z.SubItem(s - 1));
+        f.Picture3[4].Visible = false;
+        f.Text1[0].Text = z.Text + "\\" + z.SubItem(1);
+        f.Text1[1].Text = z.Text;
+        f.Text1[2].Text = z.SubItem(1);
+        f.Text1[3].Text = z.SubItem(2);
+        f.Text1[4].Text = pfad;
+        f.Text1[5].Text = z.SubItem(4);
+        holedaten(p, f, pfad);
+        IcoHolen(p, pfad, f.picProcIcon);
+    });
 }
 
 }  // namespace kes

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "core/fehler.h"
+#include "common/fehler.h"
 #include "platform/alledateien.h"
 #include "platform/icoholen.h"
 #include "platform/infos.h"

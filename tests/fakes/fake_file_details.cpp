@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "common/text.h"
 #include "fake_processes.h"
-#include "platform/text.h"
 
 namespace kes::fake {
 

@@ -1,6 +1,6 @@
 #include "fake_files.h"
 
-#include "platform/text.h"
+#include "common/text.h"
 
 namespace kes::fake {
 

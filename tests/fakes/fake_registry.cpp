@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "platform/text.h"
+#include "common/text.h"
 
 namespace kes::fake {
 

@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "core/programm.h"
-#include "panel/alarm.h"
-#include "warning/form3.h"
 #include "core/property_bag.h"
 #include "fake_plattform.h"
+#include "panel/alarm.h"
+#include "warning/form3.h"
 
 namespace kes::test {
 
@@ -39,8 +39,8 @@ protected:
         prg.Alarm().Box1[2].setValue(1);
         prg.Beschäftigt = true;
     }
-    Form3Fenster& Warnung(const std::string& kategorie) {
-        prg.Kategorie = kategorie;  // before the first touch, which loads the window
+    Form3Fenster& Warnung(Kategorie kategorie) {
+        prg.Kategorieschlüssel = kategorie;  // before the first touch, which loads the window
         return prg.Form3();
     }
     std::string Log() { return fp.files.Content(ordner + "Kestrella.log"); }

@@ -5,7 +5,7 @@
 
 #include <windows.h>
 
-#include "core/fenster.h"
+#include "common/fenster.h"
 
 namespace kes::ui {
 

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "core/steuerelemente.h"
+#include "common/steuerelemente.h"
 
 namespace kes::ui {
 

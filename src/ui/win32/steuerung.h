@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/steuerelemente.h"
+#include "common/steuerelemente.h"
 
 namespace kes::ui {
 

@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "core/fehler.h"
+#include "common/fehler.h"
 #include "core/property_bag.h"
 
 namespace kes::test {

@@ -158,7 +158,7 @@ TEST_F(Beenden, YesToTheQuestion_RemovesTheIconAndEnds) {
 }
 
 TEST_F(Beenden, SessionEndDuringAWarning_EndsWithoutAQuestion) {
-    prg.Kategorie = "HostsDatei";
+    prg.Kategorieschlüssel = Kategorie::HostsDatei;
     prg.Form3().Show();
     prg.AlarmEntladen(kEntladenSitzungsende);
     EXPECT_TRUE(fp.dialogs.meldungen.empty());

@@ -1,8 +1,8 @@
 // The panel's own controls: the three-state box and the number field of the stage.
 #include <gtest/gtest.h>
 
+#include "common/box.h"
 #include "panel/aufab.h"
-#include "panel/box.h"
 
 namespace kes::test {
 namespace {

@@ -1,8 +1,8 @@
 // The shared helpers: sizes as text, path parts, file presence and deletion, the readers.
 #include <gtest/gtest.h>
 
-#include "core/fenster.h"
-#include "core/steuerelemente.h"
+#include "common/fenster.h"
+#include "common/steuerelemente.h"
 #include "fake_plattform.h"
 #include "platform/allefunktionen.h"
 

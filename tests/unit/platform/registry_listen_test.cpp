@@ -1,8 +1,8 @@
-// The registry listings where the category key decides: the services cut-off, the rows of
-// the autostart list by root, and walks that the platform refuses.
+// The registry listings where the caller decides: the cut-off of a large walk, and walks
+// that the platform refuses.
 #include <gtest/gtest.h>
 
-#include "core/steuerelemente.h"
+#include "common/steuerelemente.h"
 #include "fake_plattform.h"
 #include "platform/registry.h"
 
@@ -12,9 +12,7 @@ namespace {
 class RegistryListen : public ::testing::Test {
 protected:
     fake::FakePlattform fp;
-    std::string kategorie;
-    ListView liste33;
-    Registry reg{fp.plattform, kategorie, &liste33};
+    Registry reg{fp.plattform};
     const std::string dienste = "SYSTEM\\CurrentControlSet\\Services";
 
     void Dienste(int anzahl) {
@@ -23,22 +21,19 @@ protected:
     }
 };
 
-TEST_F(RegistryListen, Dienste_2999Subkeys_AreListedWithTheSurplusEntry) {
-    kategorie = "Dienste";
+TEST_F(RegistryListen, CutOff3000_2999Subkeys_AreListedWithTheSurplusEntry) {
     Dienste(2999);
-    EXPECT_EQ(reg.GetSubkeys(kHkeyLocalMachine, dienste).size(), 3000u);
+    EXPECT_EQ(reg.GetSubkeys(kHkeyLocalMachine, dienste, 3000).size(), 3000u);
 }
 
-TEST_F(RegistryListen, Dienste_3000SubkeysOrMore_GiveNoEntriesAtAll) {
-    kategorie = "Dienste";
+TEST_F(RegistryListen, CutOff3000_3000SubkeysOrMore_GiveNoEntriesAtAll) {
     Dienste(3000);
-    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, dienste).empty()) << "the surplus entry is the 3001st";
+    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, dienste, 3000).empty()) << "the surplus entry is the 3001st";
     fp.registry.MakeKey("HKEY_LOCAL_MACHINE\\" + dienste + "\\Noch einer");
-    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, dienste).empty());
+    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, dienste, 3000).empty());
 }
 
-TEST_F(RegistryListen, OtherCategory_HasNoCutOff) {
-    kategorie = "BHO";
+TEST_F(RegistryListen, NoCutOff_ListsEverySubkey) {
     Dienste(3001);
     EXPECT_EQ(reg.GetSubkeys(kHkeyLocalMachine, dienste).size(), 3002u);
 }
@@ -75,22 +70,6 @@ TEST_F(RegistryListen, KeyDeletedDuringTheWalk_EndsTheWalkInsteadOfSpinning) {
 TEST_F(RegistryListen, MissingKey_GetSubkeysAndGetValueNamesEndInsteadOfSpinning) {
     EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, "SOFTWARE\\Fehlt").empty());
     EXPECT_TRUE(reg.GetValueNames(kHkeyLocalMachine, "SOFTWARE\\Fehlt").empty());
-    EXPECT_EQ(fp.registry.OpenHandles(), 0);
-}
-
-TEST_F(RegistryListen, AutostartRows_OnlyForTheThreeRootsOfTheLists) {
-    kategorie = "AutostartRegistry";
-    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-    fp.registry.SetString("HKEY_LOCAL_MACHINE\\" + run, "Lokal", "C:\\l.exe");
-    fp.registry.SetString(std::string("HKEY_USERS\\") + fake::kBenutzerSid + "\\" + run, "Nutzer", "C:\\n.exe");
-    fp.registry.SetString("HKEY_CURRENT_CONFIG\\" + run, "Konfig", "C:\\k.exe");
-    reg.GetValueList(kHkeyLocalMachine, run);
-    reg.GetValueList(kHkeyUsers, std::string(fake::kBenutzerSid) + "\\" + run);
-    EXPECT_EQ(reg.GetValueList(kHkeyCurrentConfig, run).size(), 1u) << "listed, but without a row";
-    ASSERT_EQ(liste33.Items.size(), 2u);
-    EXPECT_EQ(liste33.Items[0].Text, "HKEY_LOCAL_MACHINE");
-    EXPECT_EQ(liste33.Items[1].Text, "HKEY_USERS");
-    EXPECT_EQ(liste33.Items[1].SubItem(4), "C:\\n.exe") << "the second reading goes by the hive code of the root";
     EXPECT_EQ(fp.registry.OpenHandles(), 0);
 }
 

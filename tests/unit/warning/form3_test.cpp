@@ -11,14 +11,14 @@ class Warnfenster : public ProgrammTest {
 protected:
     void SetUp() override { Pfade(); }
     // The visible buttons, with their captions, for a category key.
-    std::vector<std::string> Knöpfe(const std::string& kategorie) {
-        prg.Kategorie = kategorie;
+    std::vector<std::string> Knöpfe(Kategorie kategorie) {
+        prg.Kategorieschlüssel = kategorie;
         Form3Fenster& f = prg.Form3();
         std::vector<std::string> sichtbar;
         for (int i = 1; i <= 9; ++i) {
             if (!f.Image[i].Visible) continue;
-            const int k = Form3Fenster::LabelVon(i);
-            EXPECT_EQ(k < 0 || f.Label3[k].Visible, true) << kategorie << " Image" << i;
+            const int k = Warnung::LabelVon(i);
+            EXPECT_EQ(k < 0 || f.Label3[k].Visible, true) << KategorieName(kategorie) << " Image" << i;
             sichtbar.push_back(k < 0 ? "Image7" : f.Label3[k].Caption);
         }
         prg.Form3Entladen();
@@ -29,21 +29,22 @@ protected:
 };
 
 TEST_F(Warnfenster, EachCategoryShowsItsRowOfButtons) {
-    EXPECT_EQ(Knöpfe("Dienste"), (V{"Übernehmen", "Löschen", "Später", "Image7", "Service-Dienste"}));
-    for (const char* k : {"TaskScheduler", "URLSearchHooks", "ShellService", "ActiveX", "BHO", "AutostartOrdner",
-                          "Favorit1", "Favoriten", "ToolBar"})
-        EXPECT_EQ(Knöpfe(k), (V{"Übernehmen", "Löschen", "Später", "Image7"})) << k;
-    EXPECT_EQ(Knöpfe("Prozesse"), (V{"Übernehmen", "Kill Prozess", "Später", "Image7"}));
-    EXPECT_EQ(Knöpfe("StartPage"), (V{"Übernehmen", "Später", "Image7", "Original"}));
-    EXPECT_EQ(Knöpfe("Favorit2"), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
-    EXPECT_EQ(Knöpfe("DFÜ"), (V{"Übernehmen", "Löschen", "Später", "Image7", "Mehr Infos"}));
-    EXPECT_EQ(Knöpfe("HostsDatei"), (V{"Übernehmen", "Später", "Image7", "Original", "Öffnen"}));
-    EXPECT_EQ(Knöpfe("AutostartRegistry"), (V{"Übernehmen", "Registry löschen", "Später", "Image7"}));
-    EXPECT_EQ(Knöpfe("HtaFile"), (V{"Später", "Image7", "Original"}));
-    EXPECT_EQ(Knöpfe("ToolBar1"), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
-    for (const char* k : {"WindowsDatei", "RegeditDeaktiviert", "TaskmanagerDeaktiviert", "Ordnermeister"})
-        EXPECT_EQ(Knöpfe(k), (V{"Später", "Image7"})) << k;
-    EXPECT_EQ(Knöpfe("Unbekannt"), (V{"Später", "Image7"}));
+    EXPECT_EQ(Knöpfe(Kategorie::Dienste), (V{"Übernehmen", "Löschen", "Später", "Image7", "Service-Dienste"}));
+    for (Kategorie k :
+         {Kategorie::TaskScheduler, Kategorie::URLSearchHooks, Kategorie::ShellService, Kategorie::ActiveX,
+          Kategorie::BHO, Kategorie::AutostartOrdner, Kategorie::Favorit1, Kategorie::Favoriten, Kategorie::ToolBar})
+        EXPECT_EQ(Knöpfe(k), (V{"Übernehmen", "Löschen", "Später", "Image7"})) << KategorieName(k);
+    EXPECT_EQ(Knöpfe(Kategorie::Prozesse), (V{"Übernehmen", "Kill Prozess", "Später", "Image7"}));
+    EXPECT_EQ(Knöpfe(Kategorie::StartPage), (V{"Übernehmen", "Später", "Image7", "Original"}));
+    EXPECT_EQ(Knöpfe(Kategorie::Favorit2), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
+    EXPECT_EQ(Knöpfe(Kategorie::DFÜ), (V{"Übernehmen", "Löschen", "Später", "Image7", "Mehr Infos"}));
+    EXPECT_EQ(Knöpfe(Kategorie::HostsDatei), (V{"Übernehmen", "Später", "Image7", "Original", "Öffnen"}));
+    EXPECT_EQ(Knöpfe(Kategorie::AutostartRegistry), (V{"Übernehmen", "Registry löschen", "Später", "Image7"}));
+    EXPECT_EQ(Knöpfe(Kategorie::HtaFile), (V{"Später", "Image7", "Original"}));
+    EXPECT_EQ(Knöpfe(Kategorie::ToolBar1), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
+    for (Kategorie k : {Kategorie::WindowsDatei, Kategorie::RegeditDeaktiviert, Kategorie::TaskmanagerDeaktiviert,
+                        Kategorie::Ordnermeister, Kategorie::Keine})
+        EXPECT_EQ(Knöpfe(k), (V{"Später", "Image7"})) << KategorieName(k);
 }
 
 TEST_F(Warnfenster, ShrinksToTheVisiblePanes) {
@@ -104,7 +105,7 @@ TEST_F(HostsAnnehmen, HostsFile_TakesTheNewSizeSavesItAndWritesNoLog) {
     prg.Alarm().Box1[2].setValue(1);
     fp.files.Put(hostsPfad, "127.0.0.1 localhost\r\n");
     prg.Hostsgrösse = 3;
-    prg.Kategorie = "HostsDatei";
+    prg.Kategorieschlüssel = Kategorie::HostsDatei;
     prg.Beschäftigt = true;
     prg.Form3().Image_Click(1);
     EXPECT_EQ(prg.Hostsgrösse, 21);

@@ -27,7 +27,7 @@ protected:
 
 TEST_F(Detailfenster, MissingFile_UnbekanntInAGreyRowAndNoTimes) {
     std::string pfad = "C:\\WINDOWS\\system32\\weg.dll";
-    holedaten(prg, pfad);
+    holedaten(prg.p, prg.Form3(), pfad);
     const ListView& l = f().ListView1;
     ASSERT_EQ(l.Items.size(), 12u);
     EXPECT_EQ(l.Items[0].Text, "Hersteller:");
@@ -57,7 +57,7 @@ TEST_F(Detailfenster, HiddenSystemFile_LightsVerstecktSystemAndTemp_AndOnlyVerst
                          {"FileVersion", "5.1.2600.0"}}}};
     fp.details.SetVersion(pfad, v);
 
-    holedaten(prg, pfad);
+    holedaten(prg.p, prg.Form3(), pfad);
     const ListView& l = f().ListView1;
     EXPECT_EQ(l.Items[0].SubItem(1), "Microsoft Corporation");
     EXPECT_EQ(l.Items[1].SubItem(1), "Betriebssystem Microsoft® Windows®");
@@ -83,7 +83,7 @@ TEST_F(Detailfenster, HiddenSystemFile_LightsVerstecktSystemAndTemp_AndOnlyVerst
 TEST_F(Detailfenster, ReadOnlyFile_LightsReadOnlyAndDoesNotBlink) {
     std::string pfad = "C:\\Programme\\tool.exe";
     fp.files.Put(pfad, "MZ", kAttrReadOnly);
-    holedaten(prg, pfad);
+    holedaten(prg.p, prg.Form3(), pfad);
     EXPECT_EQ(LeuchtendeBoxen(), (std::vector<int>{5}));
     EXPECT_FALSE(f().Timer1.Enabled());
 }

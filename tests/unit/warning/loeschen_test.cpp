@@ -18,7 +18,7 @@ protected:
     }
     Form3Fenster& AutostartWarnung() {
         fp.registry.SetString(run, "Tool", "C:\\tool.exe");
-        Form3Fenster& f = Warnung("AutostartRegistry");
+        Form3Fenster& f = Warnung(Kategorie::AutostartRegistry);
         f.Text1[1].Text = "HKEY_CURRENT_USER";
         f.Text1[2].Text = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
         f.Text1[3].Text = "Tool";
@@ -78,7 +78,7 @@ TEST_F(LoeschAktion, UnknownHiveName_DeletesNothing) {
 TEST_F(LoeschAktion, LockedFile_ReportsThenLogsTheFailureAndCloses) {
     fp.files.Put("C:\\Start\\a.lnk", "x");
     fp.files.Lock("C:\\Start\\a.lnk");
-    Form3Fenster& f = Warnung("AutostartOrdner");
+    Form3Fenster& f = Warnung(Kategorie::AutostartOrdner);
     f.ListView2.Add("a.lnk");
     f.ListView2.Add("C:\\Start\\a.lnk");
     prg.AnzeigeLöschen = true;
@@ -90,7 +90,7 @@ TEST_F(LoeschAktion, LockedFile_ReportsThenLogsTheFailureAndCloses) {
 
 TEST_F(LoeschAktion, ReadOnlyFavourite_IsDeletedWithItsOwnResultLine) {
     fp.files.Put("C:\\Fav\\x.url", "x", kAttrReadOnly);
-    Form3Fenster& f = Warnung("Favorit1");
+    Form3Fenster& f = Warnung(Kategorie::Favorit1);
     f.Label1[1].Caption = "C:\\Fav\\x.url";
     prg.AnzeigeLöschen = true;
     f.Image_Click(3);
@@ -105,7 +105,7 @@ TEST_F(LoeschAktion, ClassCategories_RunCommandAndRegistryRoutineInTheirOrder) {
     bool wertDaBeimBefehl = false;
     fp.registry.SetString(bho, "{B}", "");
     fp.shell.beimStarten = [&](const std::string&) { wertDaBeimBefehl = fp.registry.HasValue(bho, "{B}"); };
-    Form3Fenster& b = Warnung("BHO");
+    Form3Fenster& b = Warnung(Kategorie::BHO);
     b.Text1[0].Text = "{B}";
     b.Image_Click(3);
     EXPECT_EQ(Befehle().back(), "REG DELETE HKCR\\CLSID\\{B} /f");
@@ -115,16 +115,16 @@ TEST_F(LoeschAktion, ClassCategories_RunCommandAndRegistryRoutineInTheirOrder) {
 
     const std::string hooks = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\URLSearchHooks";
     fp.registry.SetString(hooks, "{U}", "");
-    Form3Fenster& u = Warnung("URLSearchHooks");
+    Form3Fenster& u = Warnung(Kategorie::URLSearchHooks);
     u.Text1[0].Text = "{U}";
     u.Image_Click(3);
     EXPECT_FALSE(wertDaBeimBefehl) << "the value goes first for URLSearchHooks";
     EXPECT_NE(Log().find("< gelöscht OK >"), std::string::npos);
 
-    Warnung("ShellService").Image_Click(3);
+    Warnung(Kategorie::ShellService).Image_Click(3);
     EXPECT_EQ(Log().find("ShellService"), std::string::npos);
     const std::size_t vorher = Log().size();
-    Warnung("ShellService").Image_Click(3);
+    Warnung(Kategorie::ShellService).Image_Click(3);
     EXPECT_EQ(Log().size(), vorher) << "ShellService writes no log entry";
 }
 
@@ -132,14 +132,14 @@ TEST_F(LoeschAktion, TrustedSites_UseTheirSwitchesAndTheStrayQuote) {
     prg.AnzeigeLöschen = true;
     const std::string domains = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\";
     fp.registry.SetDword("HKEY_LOCAL_MACHINE\\" + domains + "boese.example\\www", "http", 2);
-    Form3Fenster& f = Warnung("ToolBar");
+    Form3Fenster& f = Warnung(Kategorie::ToolBar);
     f.Text1[0].Text = "boese.example";
     f.Image_Click(3);
     EXPECT_EQ(Befehle().back(), "REG DELETE HKLM\\" + domains + "boese.example /v/f");
     EXPECT_FALSE(fp.registry.HasKey("HKEY_LOCAL_MACHINE\\" + domains + "boese.example"));
     EXPECT_NE(Log().find("< gelöscht OK >\""), std::string::npos);
 
-    Form3Fenster& g = Warnung("ToolBar1");
+    Form3Fenster& g = Warnung(Kategorie::ToolBar1);
     g.Text1[0].Text = "x.example";
     g.Image_Click(3);
     EXPECT_EQ(Befehle().back(), "REG DELETE HKCU\\" + domains + "x.example /f");
@@ -148,20 +148,20 @@ TEST_F(LoeschAktion, TrustedSites_UseTheirSwitchesAndTheStrayQuote) {
 TEST_F(LoeschAktion, Services_AskEvenWithoutTheQuestionWindowAndNoSkipsTheCommand) {
     prg.AnzeigeLöschen = true;
     fp.dialogs.antworten = {kIdNo, kIdYes};
-    Form3Fenster& f = Warnung("Dienste");
+    Form3Fenster& f = Warnung(Kategorie::Dienste);
     f.Text1[0].Text = "Boese";
     f.Image_Click(3);
     EXPECT_TRUE(fp.shell.kommandos.empty());
     EXPECT_FALSE(prg.Form3Geladen()) << "raus closes the window all the same";
     EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Kestrella Info!");
-    Form3Fenster& g = Warnung("Dienste");
+    Form3Fenster& g = Warnung(Kategorie::Dienste);
     g.Text1[0].Text = "Boese";
     g.Image_Click(3);
     EXPECT_EQ(Befehle(), std::vector<std::string>{"REG DELETE HKLM\\SYSTEM\\CurrentControlSet\\Services\\Boese /f"});
 }
 
 TEST_F(LoeschAktion, ServicesQuestion_ComesWhileTheDeleteQuestionIsStillOpen) {
-    Form3Fenster& f = Warnung("Dienste");
+    Form3Fenster& f = Warnung(Kategorie::Dienste);
     f.Text1[0].Text = "Boese";
     f.Image_Click(3);
     bool fensterDa = false;
@@ -177,7 +177,7 @@ TEST_F(LoeschAktion, ServicesQuestion_ComesWhileTheDeleteQuestionIsStillOpen) {
 TEST_F(LoeschAktion, DialUpFailure_IsReportedThenLogged) {
     prg.AnzeigeLöschen = true;
     fp.dialup.löschFehler = 623;
-    Form3Fenster& f = Warnung("DFÜ");
+    Form3Fenster& f = Warnung(Kategorie::DFÜ);
     f.Text1[0].Text = "Einwahl";
     f.Text1[1].Text = "0190";
     f.Image_Click(3);

@@ -18,7 +18,7 @@ protected:
 
 TEST_F(Annehmen, AutostartRegistry_AddsTheRowRewritesTheFileAndQuotesTheLastRowPrinted) {
     prg.Alarm().ListView1.Add("HKEY_LOCAL_MACHINE\\Run\\zuletzt\\z.exe");
-    Form3Fenster& f = Warnung("AutostartRegistry");
+    Form3Fenster& f = Warnung(Kategorie::AutostartRegistry);
     ListItem& z = f.ListView4.Add("Autostart");
     z.SetSubItem(1, "HKEY_CURRENT_USER");
     z.SetSubItem(2, "Software\\Run");
@@ -38,7 +38,7 @@ TEST_F(Annehmen, AutostartRegistry_AddsTheRowRewritesTheFileAndQuotesTheLastRowP
 }
 
 TEST_F(Annehmen, ListCategories_WriteTheirFiles) {
-    Form3Fenster& f = Warnung("AutostartOrdner");
+    Form3Fenster& f = Warnung(Kategorie::AutostartOrdner);
     f.ListView2.Add("a.lnk");
     f.ListView2.Add("C:\\Start\\a.lnk");
     f.Image_Click(1);
@@ -46,7 +46,7 @@ TEST_F(Annehmen, ListCategories_WriteTheirFiles) {
     EXPECT_NE(Log().find("Neuer Eintrag im Autostart Ordner.\r\nDatei: C:\\Start\\a.lnk\r\n< Übernommen OK >"),
               std::string::npos);
 
-    Form3Fenster& d = Warnung("DFÜ");
+    Form3Fenster& d = Warnung(Kategorie::DFÜ);
     d.Text1[0].Text = "Einwahl";
     d.Text1[1].Text = "0190123";
     d.Image_Click(1);
@@ -54,19 +54,19 @@ TEST_F(Annehmen, ListCategories_WriteTheirFiles) {
               "Einwahl\x80"
               "0190123\r\n");
 
-    Form3Fenster& fav = Warnung("Favorit2");
+    Form3Fenster& fav = Warnung(Kategorie::Favorit2);
     fav.Label1[1].Caption = "C:\\Fav\\x.url";
     fav.Label1[2].Caption = "x.url";
     fav.Image_Click(1);
     EXPECT_EQ(Datei("favoriten.txt"), "x.url\r\n");
     EXPECT_NE(Log().find("Favorit: C:\\Fav\\x.url\r\n< Favorit hinzugefügt OK >"), std::string::npos);
 
-    Form3Fenster& t = Warnung("ToolBar1");
+    Form3Fenster& t = Warnung(Kategorie::ToolBar1);
     t.Text1[0].Text = "boese.example";
     t.Image_Click(1);
     EXPECT_EQ(Datei("V_seiten.txt"), "boese.example\r\n");
 
-    Form3Fenster& u = Warnung("URLSearchHooks");
+    Form3Fenster& u = Warnung(Kategorie::URLSearchHooks);
     u.Text1[0].Text = "{CLSID}";
     u.Image_Click(1);
     EXPECT_EQ(Datei("URLSearchHook.txt"), "{CLSID}\r\n");
@@ -75,7 +75,7 @@ TEST_F(Annehmen, ListCategories_WriteTheirFiles) {
 
 TEST_F(Annehmen, IniCategories_TakeTheFirstFreeSectionWithSwappedFieldsForTaskScheduler) {
     fp.files.Put(ordner + "daten\\bho.ini", "[1]\r\nClisd={alt}\r\n");
-    Form3Fenster& b = Warnung("BHO");
+    Form3Fenster& b = Warnung(Kategorie::BHO);
     b.Text1[0].Text = "{neu}";
     b.Text1[1].Text = "C:\\bho.dll";
     b.Text1[2].Text = "Helfer";
@@ -83,14 +83,14 @@ TEST_F(Annehmen, IniCategories_TakeTheFirstFreeSectionWithSwappedFieldsForTaskSc
     EXPECT_EQ(fp.profiles.GetString("2", "clisd", "", ordner + "daten\\bho.ini"), "{neu}");
     EXPECT_EQ(fp.profiles.GetString("2", "Pfad", "", ordner + "daten\\bho.ini"), "C:\\bho.dll");
 
-    Form3Fenster& t = Warnung("TaskScheduler");
+    Form3Fenster& t = Warnung(Kategorie::TaskScheduler);
     for (int i = 0; i < 4; ++i) t.Text1[i].Text = "t" + std::to_string(i);
     t.Image_Click(1);
     const std::string ts = ordner + "daten\\taskscheduler.ini";
     EXPECT_EQ(fp.profiles.GetString("1", "name", "", ts), "t1");
     EXPECT_EQ(fp.profiles.GetString("1", "wert", "", ts), "t0");
 
-    Form3Fenster& s = Warnung("ShellService");
+    Form3Fenster& s = Warnung(Kategorie::ShellService);
     for (int i = 0; i < 4; ++i) s.Text1[i].Text = "s" + std::to_string(i);
     s.Image_Click(1);
     EXPECT_EQ(fp.profiles.GetString("1", "name", "", ordner + "daten\\shellservice.ini"), "s0");
@@ -100,7 +100,7 @@ TEST_F(Annehmen, AllTwoHundredSectionsTaken_WritesSection201) {
     std::string voll;
     for (int i = 1; i <= 200; ++i) voll += "[" + std::to_string(i) + "]\r\nName=x\r\n";
     fp.files.Put(ordner + "daten\\shellservice.ini", voll);
-    Form3Fenster& s = Warnung("ShellService");
+    Form3Fenster& s = Warnung(Kategorie::ShellService);
     s.Text1[0].Text = "neu";
     s.Image_Click(1);
     EXPECT_EQ(fp.profiles.GetString("201", "name", "", ordner + "daten\\shellservice.ini"), "neu");
@@ -108,7 +108,7 @@ TEST_F(Annehmen, AllTwoHundredSectionsTaken_WritesSection201) {
 
 TEST_F(Annehmen, BoxTwoOff_ChangesListAndFileButWritesNoLog) {
     prg.Alarm().Box1[2].setValue(0);
-    Form3Fenster& f = Warnung("AutostartOrdner");
+    Form3Fenster& f = Warnung(Kategorie::AutostartOrdner);
     f.ListView2.Add("a");
     f.ListView2.Add("C:\\a");
     f.Image_Click(1);
@@ -117,7 +117,7 @@ TEST_F(Annehmen, BoxTwoOff_ChangesListAndFileButWritesNoLog) {
 }
 
 TEST_F(Annehmen, StartPage_StoresTheValueInItsSlot) {
-    Form3Fenster& f = Warnung("StartPage");
+    Form3Fenster& f = Warnung(Kategorie::StartPage);
     f.Text1[2].Text = "Start Page";
     f.Text1[3].Text = "http://neu/";
     f.Text1[5].Text = "4";
@@ -128,7 +128,7 @@ TEST_F(Annehmen, StartPage_StoresTheValueInItsSlot) {
 
 TEST_F(Annehmen, UnwritableFile_ReportedByMostCategoriesPassedOverByTheRegistryRows) {
     fp.files.Put(ordner + "daten\\Autostart.txt", "alt\r\n", kAttrReadOnly);
-    Form3Fenster& f = Warnung("AutostartOrdner");
+    Form3Fenster& f = Warnung(Kategorie::AutostartOrdner);
     f.ListView2.Add("a");
     f.ListView2.Add("C:\\a");
     f.Image_Click(1);
@@ -138,7 +138,7 @@ TEST_F(Annehmen, UnwritableFile_ReportedByMostCategoriesPassedOverByTheRegistryR
 
     fp.files.Put(ordner + "daten\\AutostartREG.txt", "alt\r\n", kAttrReadOnly);
     prg.Form3Entladen();
-    Form3Fenster& g = Warnung("AutostartRegistry");
+    Form3Fenster& g = Warnung(Kategorie::AutostartRegistry);
     g.ListView4.Add("Autostart");
     g.Image_Click(1);
     EXPECT_EQ(fp.dialogs.meldungen.size(), 1u) << "no message for this file";
@@ -148,7 +148,7 @@ TEST_F(Annehmen, UnwritableFile_ReportedByMostCategoriesPassedOverByTheRegistryR
 TEST_F(Annehmen, LockedLog_GoesToTheErrorExitAfterTheListChanged) {
     fp.files.Put(ordner + "Kestrella.log", "alt\r\n");
     fp.files.Lock(ordner + "Kestrella.log");
-    Form3Fenster& f = Warnung("AutostartOrdner");
+    Form3Fenster& f = Warnung(Kategorie::AutostartOrdner);
     f.ListView2.Add("a");
     f.ListView2.Add("C:\\a");
     f.Image_Click(1);
@@ -161,7 +161,7 @@ TEST_F(Annehmen, LockedLog_GoesToTheErrorExitAfterTheListChanged) {
 TEST_F(Annehmen, StartPageIndex_RoundsHalvesToEven) {
     for (auto [text, slot] : {std::pair{"0.5", 0}, std::pair{"1.5", 2}, std::pair{"2.5", 2}}) {
         prg.StartSeiten = {};
-        Form3Fenster& f = Warnung("StartPage");
+        Form3Fenster& f = Warnung(Kategorie::StartPage);
         f.Text1[3].Text = "http://x/";
         f.Text1[5].Text = text;
         f.Image_Click(1);
@@ -170,7 +170,7 @@ TEST_F(Annehmen, StartPageIndex_RoundsHalvesToEven) {
 }
 
 TEST_F(Annehmen, HostsFileGoneBeforeTheClick_EndsInTheErrorExit) {
-    Form3Fenster& f = Warnung("HostsDatei");
+    Form3Fenster& f = Warnung(Kategorie::HostsDatei);
     f.Image_Click(1);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Übernehmen) Fehler: 53");
@@ -178,7 +178,7 @@ TEST_F(Annehmen, HostsFileGoneBeforeTheClick_EndsInTheErrorExit) {
 }
 
 TEST_F(Annehmen, StartPageIndexBeyondTheSlots_EndsWithTheErrorAndKeepsTheWindow) {
-    Form3Fenster& f = Warnung("StartPage");
+    Form3Fenster& f = Warnung(Kategorie::StartPage);
     f.Text1[5].Text = "21";
     f.Image_Click(1);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
@@ -190,7 +190,7 @@ TEST_F(Annehmen, StartPageIndexBeyondTheSlots_EndsWithTheErrorAndKeepsTheWindow)
 TEST_F(Annehmen, WindowsFileChanged_UpdatesOnlyAMatchingRow) {
     fp.files.Put("C:\\WINDOWS\\a.dll", "12345");
     prg.Alarm().ListView4.Add("C:\\WINDOWS\\a.dll").SetSubItem(1, "3");
-    Form3Fenster& f = Warnung("WindowsDatei");
+    Form3Fenster& f = Warnung(Kategorie::WindowsDatei);
     f.ListView2.Add("a.dll");
     f.ListView2.Add("C:\\WINDOWS\\b.dll");
     f.Text1[3].Text = "3";
@@ -204,7 +204,7 @@ TEST_F(Annehmen, WindowsFileChanged_UpdatesOnlyAMatchingRow) {
 }
 
 TEST_F(Annehmen, ProcessesAndServices_OpenTheirMenuAndStayOpen) {
-    Form3Fenster& f = Warnung("Prozesse");
+    Form3Fenster& f = Warnung(Kategorie::Prozesse);
     f.ListView2.Add("x.exe");
     f.ListView2.Add("C:\\x.exe");
     f.ListView1.Add("Firma").SetSubItem(1, "Unbekannt");
@@ -216,8 +216,8 @@ TEST_F(Annehmen, ProcessesAndServices_OpenTheirMenuAndStayOpen) {
     EXPECT_EQ(f.Popup.Standard, 0);
 }
 
-TEST_F(Annehmen, UnknownKey_OnlyClosesTheWindow) {
-    Warnung("Sonstwas").Image_Click(1);
+TEST_F(Annehmen, KeyWithoutAcceptBranch_OnlyClosesTheWindow) {
+    Warnung(Kategorie::OrdnerAllUser).Image_Click(1);
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(fp.files.Exists(ordner + "Kestrella.log"));
 }

@@ -7,7 +7,7 @@ namespace {
 class WeitereAktionen : public WarnungsTest {};
 
 TEST_F(WeitereAktionen, Spaeter_AddsTheTextOfItsCategoryAndCloses) {
-    Form3Fenster& r = Warnung("AutostartRegistry");
+    Form3Fenster& r = Warnung(Kategorie::AutostartRegistry);
     ListItem& z = r.ListView4.Add("Autostart");
     z.SetSubItem(1, "HKEY_CURRENT_USER");
     z.SetSubItem(2, "Software\\Run");
@@ -17,13 +17,13 @@ TEST_F(WeitereAktionen, Spaeter_AddsTheTextOfItsCategoryAndCloses) {
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(prg.Beschäftigt);
 
-    Form3Fenster& t = Warnung("TaskScheduler");
+    Form3Fenster& t = Warnung(Kategorie::TaskScheduler);
     t.Text1[1].Text = "{T}";
     t.Image_Click(6);
-    Form3Fenster& h = Warnung("HostsDatei");
+    Form3Fenster& h = Warnung(Kategorie::HostsDatei);
     h.Label1[1].Caption = hostsPfad;
     h.Image_Click(6);
-    Form3Fenster& b = Warnung("ToolBar1");
+    Form3Fenster& b = Warnung(Kategorie::ToolBar1);
     b.Text1[0].Text = "nicht.example";
     b.Image_Click(6);
     EXPECT_EQ(prg.Alarm().List8.Items,
@@ -35,18 +35,18 @@ TEST_F(WeitereAktionen, Spaeter_AddsTheTextOfItsCategoryAndCloses) {
 
 TEST_F(WeitereAktionen, DeferredHostsChange_ComesBackAllTheSame) {
     fp.files.Put(hostsPfad, "127.0.0.1 x\r\n");
-    prg.Alarm().TesteHosts();
+    prg.Alarm().hosts.TesteHosts();
     ASSERT_TRUE(prg.Form3Geladen());
     prg.Form3().Image_Click(6);
     prg.Aufräumen();
-    prg.Alarm().TesteHosts();
+    prg.Alarm().hosts.TesteHosts();
     EXPECT_TRUE(prg.Form3Geladen()) << "the hosts watcher does not ask the deferred list";
 }
 
 TEST_F(WeitereAktionen, HostsOriginal_OpensItsMenuAndWritesTheChosenFile) {
     fp.files.Put(hostsPfad, "127.0.0.1 boese.example\r\n");
     fp.files.Put(ordner + "daten\\hosts", "# eigene\r\n127.0.0.1 localhost\r\n");
-    Form3Fenster& f = Warnung("HostsDatei");
+    Form3Fenster& f = Warnung(Kategorie::HostsDatei);
     f.Image_Click(8);
     EXPECT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(f.Popup.Menü, "host");
@@ -56,13 +56,13 @@ TEST_F(WeitereAktionen, HostsOriginal_OpensItsMenuAndWritesTheChosenFile) {
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_EQ(std::get<std::int32_t>(GespeicherteEinstellungen().ReadProperty("hostsgrösse", std::int32_t{0})), 43);
 
-    Warnung("HostsDatei").host1_Click(1);
+    Warnung(Kategorie::HostsDatei).host1_Click(1);
     EXPECT_EQ(fp.files.Content(hostsPfad), "# eigene\r\n127.0.0.1 localhost\r\n");
     EXPECT_EQ(prg.Hostsgrösse, 31);
 }
 
 TEST_F(WeitereAktionen, HostsOpen_StartsNotepadAndKeepsTheWarning) {
-    Form3Fenster& f = Warnung("HostsDatei");
+    Form3Fenster& f = Warnung(Kategorie::HostsDatei);
     f.Image_Click(9);
     ASSERT_EQ(fp.shell.kommandos.size(), 1u);
     EXPECT_EQ(fp.shell.kommandos[0].kommando, "notepad.exe " + hostsPfad);

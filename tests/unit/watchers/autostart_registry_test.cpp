@@ -28,7 +28,7 @@ TEST_F(AutostartRegistry, NewValue_RaisesTheWarningWithRowPathAndFields) {
     fp.files.Put("C:\\Tool\\tool.exe", "MZ");
     Benutzerwert("Tool", "C:\\Tool\\tool.exe /min");
     prg.Soundflag = 1;
-    alarm().TesteAutostartRegistry();
+    alarm().autostartRegistry.TesteAutostartRegistry();
 
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_TRUE(prg.Beschäftigt);
@@ -58,27 +58,27 @@ TEST_F(AutostartRegistry, NewValue_RaisesTheWarningWithRowPathAndFields) {
 TEST_F(AutostartRegistry, KnownInAnyCase_OrDeferredEvenWhenChanged_StaysSilent) {
     Benutzerwert("Tool", "C:\\TOOL\\tool.exe");
     Kennen("hkey_current_user\\" + kRun + "\\tool\\c:\\tool\\TOOL.EXE");
-    alarm().TesteAutostartRegistry();
+    alarm().autostartRegistry.TesteAutostartRegistry();
     EXPECT_FALSE(prg.Form3Geladen());
 
     Benutzerwert("Zweiter", "a.exe");
     alarm().List8.Items.push_back("HKEY_CURRENT_USER\\" + kRun + "\\Zweiter");
     Benutzerwert("Zweiter", "b.exe");
-    alarm().TesteAutostartRegistry();
+    alarm().autostartRegistry.TesteAutostartRegistry();
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
 TEST_F(AutostartRegistry, ChangedData_CountsAsNew) {
     Benutzerwert("Tool", "neu.exe");
     Kennen("HKEY_CURRENT_USER\\" + kRun + "\\Tool\\alt.exe");
-    alarm().TesteAutostartRegistry();
+    alarm().autostartRegistry.TesteAutostartRegistry();
     EXPECT_TRUE(prg.Form3Geladen());
 }
 
 TEST_F(AutostartRegistry, WindowsNtRunValueOfTheMachine_IsWatchedToo) {
     fp.registry.SetString("HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows", "run",
                           "x.exe");
-    alarm().TesteAutostartRegistry();
+    alarm().autostartRegistry.TesteAutostartRegistry();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(Wert(1), "HKEY_LOCAL_MACHINE");
     EXPECT_EQ(Wert(3), "run");
@@ -86,14 +86,14 @@ TEST_F(AutostartRegistry, WindowsNtRunValueOfTheMachine_IsWatchedToo) {
 
 TEST_F(AutostartRegistry, QuotedPathWithSwitch_KeepsTheClosingQuoteAsTheOriginalDid) {
     Benutzerwert("Tool", "\"C:\\Program Files\\Tool\\tool.exe\" /min");
-    alarm().TesteAutostartRegistry();
+    alarm().autostartRegistry.TesteAutostartRegistry();
     EXPECT_EQ(Wert(4), "C:\\Program Files\\Tool\\tool.exe\"");
 }
 
 TEST_F(AutostartRegistry, UserHives_AlsoSearchTheWindowsFolder) {
     fp.files.Put("C:\\WINDOWS\\tool.exe", "MZ");
     Benutzerwert("Tool", "tool.exe /min");
-    alarm().TesteAutostartHkeyUser();
+    alarm().autostartRegistry.TesteAutostartHkeyUser();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(Wert(1), "HKEY_USERS");
     EXPECT_EQ(Wert(2), std::string(fake::kBenutzerSid) + "\\" + kRun);
@@ -101,7 +101,7 @@ TEST_F(AutostartRegistry, UserHives_AlsoSearchTheWindowsFolder) {
     prg.Form3Entladen();
     prg.Aufräumen();
 
-    alarm().TesteAutostartRegistry();
+    alarm().autostartRegistry.TesteAutostartRegistry();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(Wert(4), "tool.exe") << "the user and machine keys search no folder";
 }
@@ -109,14 +109,14 @@ TEST_F(AutostartRegistry, UserHives_AlsoSearchTheWindowsFolder) {
 TEST_F(AutostartRegistry, CurrentUsersValueAcceptedAsHkcu_IsStillNewBelowHkeyUsers) {
     Benutzerwert("Tool", "t.exe");
     Kennen("HKEY_CURRENT_USER\\" + kRun + "\\Tool\\t.exe");
-    alarm().TesteAutostartHkeyUser();
+    alarm().autostartRegistry.TesteAutostartHkeyUser();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(Wert(1), "HKEY_USERS");
 }
 
 TEST_F(AutostartRegistry, DefaultHive_IsWalkedAsWell) {
     fp.registry.SetString("HKEY_USERS\\.DEFAULT\\" + kRun, "Vorlage", "v.exe");
-    alarm().TesteAutostartHkeyUser();
+    alarm().autostartRegistry.TesteAutostartHkeyUser();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(Wert(2), ".DEFAULT\\" + kRun);
 }
@@ -127,18 +127,18 @@ TEST_F(AutostartRegistry, FileWhoseVersionBlockOverflows_StillGetsItsWarningShow
     v.übersetzungen.push_back({0x0407, 0xFDE9, {{"CompanyName", "x"}}});
     fp.details.SetVersion("C:\\boese.exe", v);
     Benutzerwert("Boese", "C:\\boese.exe");
-    alarm().TesteAutostartRegistry();
+    alarm().autostartRegistry.TesteAutostartRegistry();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_TRUE(prg.Form3().Visible) << "a raised warning that never shows would stop the watch for good";
 }
 
 TEST_F(AutostartRegistry, Baseline_IsReadUpToTheFirstEmptyLine) {
     fp.files.Put(ordner + "daten\\AutostartREG.txt", "eins\r\nzwei\r\n\r\ndrei\r\n");
-    alarm().LadeAutostartregistry();
+    alarm().autostartRegistry.LadeAutostartregistry();
     ASSERT_EQ(alarm().ListView1.Items.size(), 2u);
     EXPECT_EQ(alarm().ListView1.Items[1].Text, "zwei");
     fp.files.Delete(ordner + "daten\\AutostartREG.txt");
-    alarm().LadeAutostartregistry();
+    alarm().autostartRegistry.LadeAutostartregistry();
     EXPECT_EQ(alarm().ListView1.Items.size(), 2u) << "without the file the list stays as it is";
 }
 

@@ -15,19 +15,19 @@ protected:
 };
 
 TEST_F(Hosts, NoBaselineAndEmptyOrMissingFile_RaisesNothing) {
-    prg.Alarm().TesteHosts();
+    prg.Alarm().hosts.TesteHosts();
     EXPECT_FALSE(prg.Form3Geladen());
     fp.files.Put(hostsPfad, "");
-    prg.Alarm().TesteHosts();
+    prg.Alarm().hosts.TesteHosts();
     EXPECT_FALSE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Kategorie, "HostsDatei") << "the key is set on every run";
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::HostsDatei) << "the key is set on every run";
 }
 
 TEST_F(Hosts, SameSizeOtherContent_GoesUnseen) {
     fp.files.Put(hostsPfad, "127.0.0.1 localhost\r\n");
     prg.Hostsgrösse = 21;
     fp.files.Put(hostsPfad, "127.0.0.1 localhosX\r\n");
-    prg.Alarm().TesteHosts();
+    prg.Alarm().hosts.TesteHosts();
     EXPECT_FALSE(prg.Beschäftigt);
     EXPECT_FALSE(prg.Form3Geladen());
 }
@@ -36,7 +36,7 @@ TEST_F(Hosts, ChangedSize_RaisesTheWarningAndStopsTheCycle) {
     prg.Hostsgrösse = 734;
     prg.Soundflag = 1;
     fp.files.Put(hostsPfad, "x");
-    prg.Alarm().TesteHosts();
+    prg.Alarm().hosts.TesteHosts();
 
     EXPECT_TRUE(prg.Beschäftigt);
     EXPECT_FALSE(prg.Alarm().Timer1.Enabled());
@@ -59,7 +59,7 @@ TEST_F(Hosts, ChangedSize_RaisesTheWarningAndStopsTheCycle) {
 
 TEST_F(Hosts, MissingFileAgainstABaseline_ShowsZeroBytesAndNoSoundWhenMuted) {
     prg.Hostsgrösse = 2048;
-    prg.Alarm().TesteHosts();
+    prg.Alarm().hosts.TesteHosts();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(prg.Form3().Label1[2].Caption, " [Neue Grösse 0 Bytes       Alte Grösse war: 2,00 KB ]");
     EXPECT_TRUE(fp.sound.gespielt.empty());
@@ -69,7 +69,7 @@ TEST_F(Hosts, LockedFile_IsMeasuredAllTheSame) {
     fp.files.Put(hostsPfad, "12345");
     prg.Hostsgrösse = 5;
     fp.files.Lock(hostsPfad);
-    prg.Alarm().TesteHosts();
+    prg.Alarm().hosts.TesteHosts();
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
@@ -85,18 +85,18 @@ protected:
 
 TEST_F(Online, EachChangeOfStateRunsItsCommandOnce) {
     AlarmFenster& a = prg.Alarm();
-    a.TesteOnline();
+    a.hosts.TesteOnline();
     EXPECT_TRUE(Kommandos().empty()) << "no connection at start: no start command";
     fp.dialup.verbindungen = 1;
-    a.TesteOnline();
-    a.TesteOnline();
+    a.hosts.TesteOnline();
+    a.hosts.TesteOnline();
     fp.dialup.verbindungen = 2;
-    a.TesteOnline();
+    a.hosts.TesteOnline();
     EXPECT_EQ(Kommandos(), std::vector<std::string>{"Net stop Nachrichtendienst"});
     EXPECT_EQ(fp.shell.kommandos[0].show, kSwShowNormal);
     fp.dialup.verbindungen = 0;
-    a.TesteOnline();
-    a.TesteOnline();
+    a.hosts.TesteOnline();
+    a.hosts.TesteOnline();
     EXPECT_EQ(Kommandos(), (std::vector<std::string>{"Net stop Nachrichtendienst", "Net start Nachrichtendienst"}));
 }
 

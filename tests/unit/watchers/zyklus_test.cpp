@@ -106,7 +106,7 @@ TEST_F(Zyklus, UserHivesComeBeforeTheUserKeyAndBothBeforeTheHostsRow) {
     fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool", "t.exe");
     fp.timers.Advance(5000);
     ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Kategorie, "AutostartRegistry");
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::AutostartRegistry);
     EXPECT_EQ(prg.Form3().Text1[1].Text, "HKEY_USERS") << "row 8 walks HKEY_USERS before row 9 reads HKCU";
 }
 

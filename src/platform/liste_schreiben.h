@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-namespace kes {
+#include "platform/seam/plattform.h"
 
-class Programm;
+namespace kes {
 
 enum class Schreibfehler { Melden, Übergehen };
 
 // Returns the last line printed: the scratch text some log entries quote. A file that
 // cannot be written throws Fehler 75 for the caller's error exit, unless the caller passes
 // such errors over.
-std::string ListeSchreiben(Programm& prg, const std::string& datei, const std::vector<std::string>& zeilen,
-                           Schreibfehler fehler = Schreibfehler::Melden);
+std::string ListeSchreiben(Plattform& p, const std::string& programmordner, const std::string& datei,
+                           const std::vector<std::string>& zeilen, Schreibfehler fehler = Schreibfehler::Melden);
 
 }  // namespace kes

@@ -1,4 +1,4 @@
-#include "core/steuerelemente.h"
+#include "common/steuerelemente.h"
 
 namespace kes {
 

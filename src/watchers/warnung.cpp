@@ -1,12 +1,7 @@
-// The detail panes of the warning window: a file's version texts, times, size and
-// attributes, and the clicks into the lists that open a folder, show a module, or open the
-// registry editor at the warned-of key.
-#include "core/programm.h"
+#include "watchers/warnung.h"
+
 #include "platform/allefunktionen.h"
-#include "platform/hive_ocx.h"
 #include "platform/infos.h"
-#include "platform/prozesse1.h"
-#include "warning/form3.h"
 
 namespace kes {
 
@@ -40,11 +35,71 @@ struct Bit {
     int box;
 };
 constexpr Bit kBits[] = {{1, 5}, {32, 0}, {2048, 1}, {2, 3}, {128, 4}, {4, 6}, {4, 7}};
+
+// Heights of the five panes and of the bar of buttons, in pixels.
+constexpr int kPaneHöhe[5] = {126, 236, 72, 84, 180};
+constexpr int kLeisteHöhe = 56;
 }  // namespace
 
-void holedaten(Programm& prg, std::string& pfad) {
-    Plattform& p = prg.p;
-    Form3Fenster& f = prg.Form3();
+Warnung::Warnung(TimerApi& timers, int blinkTimerId) : Timer1(timers, blinkTimerId, 500) {
+    for (int i = 0; i < 5; ++i) Picture3[i].Height = kPaneHöhe[i];
+    Picture2.Height = kLeisteHöhe;
+    Label3 = {Label{"Übernehmen"}, Label{"Kill Prozess"}, Label{"Löschen"}, Label{"Ausnahmeliste"},
+              Label{"Na gut.."},   Label{"Freigeben"},    Label{"Später"},  Label{"Mehr Infos"}};
+    // Only "Später" and the switch-off button show from the start.
+    for (int i = 1; i <= 9; ++i) Image[i].Visible = (i == 6 || i == 7);
+    for (int k = 0; k < 8; ++k) Label3[k].Visible = (k == 6);
+    Image[6].ToolTipText = "Später den Eintrag  auswerten.";
+    Image[7].ToolTipText = "Kestrella sofort Deaktivieren";
+
+    static const char* kSpalten[] = {"Name", "Subkey", "ValueKey", "Wert", "Folge CLISD", "Wert"};
+    ListView4.Columns.assign(std::begin(kSpalten), std::end(kSpalten));
+    ListView1.Columns = {"Eigenschaft", "Wert", "Eigenschaft", "Wert"};
+    ListView1.ColumnWidths = {110, 0, 150, 0};
+    ListView2.Columns = {"Eintrag"};
+    ListView3.Columns = {"Modul", "Pfad"};
+    static const char* kAttribute[] = {"Archiv", "Komprimiert", "Ordner", "Versteckt",
+                                       "Normal", "Read Only",   "System", "Temp"};
+    for (int i = 0; i < 8; ++i) {
+        Check1[i].Caption = kAttribute[i];
+        Check1[i].Enabled = false;
+    }
+}
+
+int Warnung::LabelVon(int image) {
+    switch (image) {
+        case 1:
+            return 0;
+        case 2:
+            return 1;
+        case 3:
+            return 2;
+        case 4:
+            return 3;
+        case 5:
+            return 4;
+        case 8:
+            return 5;
+        case 6:
+            return 6;
+        case 9:
+            return 7;
+        default:
+            return -1;
+    }
+}
+
+void Warnung::Zeigen(int image) {
+    Image[image].Visible = true;
+    const int k = LabelVon(image);
+    if (k >= 0) Label3[k].Visible = true;
+}
+
+std::string Warnung::Zeile2() const {
+    return ListView2.Items.size() >= 2 ? ListView2.Items[1].Text : std::string();
+}
+
+void holedaten(Plattform& p, Warnung& f, std::string& pfad) {
     ListView& liste = f.ListView1;
 
     for (const auto& z : kZeilen) {
@@ -100,57 +155,6 @@ void holedaten(Programm& prg, std::string& pfad) {
         ListeFärben(liste, kBlau, 3, n);
     }
     // The view draws these colours and gives the columns the widths the list asks for.
-}
-
-void Form3Fenster::ListView2_ItemClick(int index) {
-    if (ListView2.Items.empty() || index < 1 || index > static_cast<int>(ListView2.Items.size())) return;
-    ListView2Index = index;
-    Merktext = DateiOrdner(ListView2.Items[index - 1].Text);
-    if (index == 2) Popup = PopupWunsch{"Prozesse", 0, false, -355};
-}
-
-void Form3Fenster::Prozesse1_Click(int) {
-    prg_.p.shell.RunCommand("explorer.exe " + Merktext, 3);
-}
-
-void Form3Fenster::ListView3_ItemClick(int index) {
-    if (index < 1 || index > static_cast<int>(ListView3.Items.size())) return;
-    try {
-        const ListItem& item = ListView3.Items[index - 1];
-        const std::string pfad = item.SubItem(1);
-        lblModName.Caption = item.Text;
-        txtMdlSPath.Text = KurzerPfad(prg_.p, pfad);
-        txtMdlLPath.Text = pfad;
-        DateiVersion v;
-        DateiInfos(prg_.p, pfad, v);
-        txtMdlDesc.Text = v.FileDescription;
-    } catch (...) {
-        // No error leaves a click: what was filled stays.
-    }
-}
-
-void Form3Fenster::ListView4_ItemClick(int index) {
-    if (ListView4.Items.empty() || index < 1 || index > static_cast<int>(ListView4.Items.size())) return;
-    ListView4Index = index;
-    const ListItem& item = ListView4.Items[index - 1];
-    regedit1[0].Caption = "\"" + item.SubItem(3) + "\" --> mit Regedit öffnen";
-    if (item.SubItem(6).empty())
-        regedit1[1].Enabled = false;
-    else
-        regedit1[1].Caption =
-            "Folge CLISD: \"" + item.SubItem(6) + "\\" + item.SubItem(7) + "\" --> mit Regedit öffnen";
-    Popup = PopupWunsch{"regedit", 0, true, 0};
-}
-
-void Form3Fenster::regedit1_Click(int index) {
-    ImmerOben(*this, false);
-    if (ListView4Index < 1 || ListView4Index > static_cast<int>(ListView4.Items.size())) return;
-    const ListItem& item = ListView4.Items[ListView4Index - 1];
-    const std::string schlüssel =
-        index == 0 ? item.SubItem(1) + "\\" + item.SubItem(2) : item.SubItem(6) + "\\" + item.SubItem(7);
-    HiveOCX(prg_.p.registry)
-        .WriteValue(1, "Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit", "LastKey", schlüssel);
-    prg_.p.shell.RunCommand("regedit.exe", kSwShowNormal);
 }
 
 }  // namespace kes

@@ -1,4 +1,4 @@
-#include "panel/box.h"
+#include "common/box.h"
 
 namespace kes {
 

@@ -1,0 +1,31 @@
+// The process-wide values: written in one place (Main, the settings, the watchers and
+// actions that own them) and read everywhere. One instance lives as long as the program.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "common/kategorie.h"
+#include "platform/seam/tray_api.h"
+
+namespace kes {
+
+struct Prozesswerte {
+    std::string Programmordner;  // always ends in "\"
+    std::string Windowsordner;   // no trailing "\"
+    std::string Systemordner;    // no trailing "\"
+    std::string Logkopf;
+    std::int16_t Intervallstufe = 0;
+    std::int16_t Soundflag = 0;
+    bool Beschäftigt = false;                         // the busy flag: true stops the watch cycle
+    Kategorie Kategorieschlüssel = Kategorie::Keine;  // the current category key
+    std::int32_t Hostsgrösse = 0;
+    std::array<std::string, 21> StartSeiten;
+    bool AnzeigeLöschen = false;
+    bool Zurücksetzen = false;
+    // The tray record, reused for every call of the notification area.
+    TrayRecord Tray;
+};
+
+}  // namespace kes

@@ -1,0 +1,58 @@
+// The branches of the warning window's actions, one function per category and action,
+// reached through the category table. The bodies lie in the file of their action.
+#pragma once
+
+#include <string>
+
+namespace kes {
+
+class Form3Fenster;
+
+namespace übernehmen {
+bool ToolBar(Form3Fenster& f);
+bool Dienste(Form3Fenster& f);
+bool URLSearchHooks(Form3Fenster& f);
+bool KlassenIni(Form3Fenster& f);  // BHO, ShellService, TaskScheduler
+bool ActiveX(Form3Fenster& f);
+bool WindowsDatei(Form3Fenster& f);
+bool AutostartRegistry(Form3Fenster& f);
+bool AutostartOrdner(Form3Fenster& f);
+bool HostsDatei(Form3Fenster& f);
+bool DFÜ(Form3Fenster& f);
+bool Favoriten(Form3Fenster& f);
+bool Prozesse(Form3Fenster& f);
+bool StartPage(Form3Fenster& f);
+}  // namespace übernehmen
+
+namespace entfernen {
+void ToolBar(Form3Fenster& f);
+void ToolBar1(Form3Fenster& f);
+void Dienste(Form3Fenster& f);
+void URLSearchHooks(Form3Fenster& f);
+void TaskScheduler(Form3Fenster& f);
+void ShellService(Form3Fenster& f);
+void BHO(Form3Fenster& f);
+void ActiveX(Form3Fenster& f);
+void WindowsDatei(Form3Fenster& f);
+void AutostartRegistry(Form3Fenster& f);
+void AutostartOrdner(Form3Fenster& f);
+void DFÜ(Form3Fenster& f);
+void Favoriten(Form3Fenster& f);
+}  // namespace entfernen
+
+namespace später {
+std::string Text0(const Form3Fenster& f);
+std::string Text1(const Form3Fenster& f);
+std::string Text3(const Form3Fenster& f);
+std::string Zeile2(const Form3Fenster& f);
+std::string Label1_1(const Form3Fenster& f);
+std::string Registryzeile(const Form3Fenster& f);
+}  // namespace später
+
+namespace weitere {
+void HostsMenü(Form3Fenster& f);      // Image8 of "HostsDatei"
+void HostsÖffnen(Form3Fenster& f);    // Image9 of "HostsDatei"
+void DiensteÖffnen(Form3Fenster& f);  // Image9 of "Dienste"
+}  // namespace weitere
+
+}  // namespace kes

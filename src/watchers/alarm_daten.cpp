@@ -1,0 +1,31 @@
+#include "watchers/alarm_daten.h"
+
+namespace kes {
+
+AlarmDaten::AlarmDaten(WächterKontext& k)
+    : Timer1(k.P().timers, kTimerAlarm1, 5000),
+      prozesse(k, ListView6, List1, List2),
+      favoriten(k, List4, Label2),
+      startSeite(k, ListView3),
+      dfü(k, ListView2),
+      autostartOrdner(k, List3, Label2),
+      autostartRegistry(k, ListView1, ListView33),
+      hosts(k),
+      windowsDateien(k, ListView4, ListView7, ListView5, List5),
+      klassenlisten(k, ListView8, ListView9, ListView10, List9, ww),
+      activeX(k, List6, List7),
+      dienste(k, ListView11, List10, ww),
+      sperren(k),
+      shellBefehle(k, Text5),
+      vertrauenswürdigeSeiten(k, ListView12),
+      k_(k) {
+    ListView1.Columns = {"Wert"};
+}
+
+bool AlarmDaten::Später(const std::string& schlüssel) const {
+    for (const auto& eintrag : List8.Items)
+        if (eintrag == schlüssel) return true;
+    return false;
+}
+
+}  // namespace kes

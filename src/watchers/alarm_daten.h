@@ -1,0 +1,103 @@
+// The window Alarm as the owner of every watcher: its option boxes Box1, read live by the
+// cycle; its lists, which are at once the baselines and what the control panel shows; the
+// deferred list; Timer1, whose tick is one watch cycle; and one object per watched
+// category. The visible control panel builds on this one layer up.
+#pragma once
+
+#include <array>
+
+#include "common/box.h"
+#include "common/steuerelemente.h"
+#include "watchers/activex.h"
+#include "watchers/autostart_ordner.h"
+#include "watchers/autostart_registry.h"
+#include "watchers/dfue.h"
+#include "watchers/dienste.h"
+#include "watchers/favoriten.h"
+#include "watchers/hosts.h"
+#include "watchers/klassenlisten.h"
+#include "watchers/kontext.h"
+#include "watchers/prozesse.h"
+#include "watchers/shell_befehle.h"
+#include "watchers/sperren.h"
+#include "watchers/startseite.h"
+#include "watchers/systemordner.h"
+#include "watchers/vertrauenswuerdige_seiten.h"
+
+namespace kes {
+
+// Timer ids of the window timers; the platform delivers ticks by these.
+enum TimerId : int {
+    kTimerAlarm1 = 1,   // Timer1 of Alarm: the watch cycle
+    kTimerStart2 = 2,   // Timer2 of Start: the delayed second stage
+    kTimerForm3_1 = 3,  // Timer1 of Form3: blinks the hidden-file box
+    kTimerAufAb0 = 4,   // the arrows of AufAb1, one timer each
+    kTimerAufAb1 = 5,
+};
+
+class AlarmDaten {
+public:
+    explicit AlarmDaten(WächterKontext& k);
+    AlarmDaten(const AlarmDaten&) = delete;
+    AlarmDaten& operator=(const AlarmDaten&) = delete;
+
+    std::array<Box, 32> Box1;
+    Timer Timer1;
+    ListBox List8;  // the deferred list, in memory only
+    TextBox Text2;  // the log's master text
+
+    // Baselines and exception lists, by the names the control panel gives them.
+    ListView ListView1;            // known autostart registry entries
+    ListView ListView2;            // known dial-up entries: name, number
+    ListView ListView3;            // saved browser values
+    ListView ListView4;            // files of the Windows folder: path, length
+    ListView ListView5;            // the live snapshot of the folder being tested
+    ListView ListView6;            // known processes: name, path
+    ListView ListView7;            // files of the system folder: path, length
+    ListView ListView8;            // known Browser Helper Objects
+    ListView ListView9;            // known ShellServiceObjectDelayLoad entries
+    ListView ListView10;           // known SharedTaskScheduler entries
+    ListView ListView11;           // known services
+    ListView ListView12;           // known trusted sites
+    ListView ListView33;           // the autostart registry rows of the current listing
+    ListBox List1;                 // trusted makers of processes
+    ListBox List2;                 // processes allowed for this run only
+    ListBox List3;                 // known autostart folder entries
+    ListBox List4;                 // known favourites
+    ListBox List5;                 // exceptions of the Windows folder
+    ListBox List6;                 // known ActiveX objects
+    ListBox List7;                 // the live ActiveX folder
+    ListBox List9;                 // known URL search hooks
+    ListBox List10;                // trusted makers of services
+    std::array<Label, 16> Label2;  // watched folders and keys
+    std::array<Label, 35> ww;      // counts and paths shown on the pages
+    std::array<TextBox, 3> Text5;  // expected shell open commands
+
+    // True when the key stands in the deferred list, compared whole and with case.
+    bool Später(const std::string& schlüssel) const;
+
+    // The watchers, one object per watched category, each with its own lists.
+    Prozesse prozesse;
+    Favoriten favoriten;
+    StartSeite startSeite;
+    DFÜ dfü;
+    AutostartOrdner autostartOrdner;
+    AutostartRegistry autostartRegistry;
+    Hosts hosts;
+    WindowsDateien windowsDateien;
+    Klassenlisten klassenlisten;
+    ActiveX activeX;
+    Dienste dienste;
+    Sperren sperren;
+    ShellBefehle shellBefehle;
+    VertrauenswürdigeSeiten vertrauenswürdigeSeiten;
+
+    // One tick of Timer1: the rows of the cycle's table, each run only while the busy flag
+    // is false and its box is 1, both tested anew for every row.
+    void Durchlauf();
+
+private:
+    WächterKontext& k_;
+};
+
+}  // namespace kes

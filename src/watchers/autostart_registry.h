@@ -1,0 +1,33 @@
+// The registry values that start programs: the Run keys of the user, of the machine and of
+// every user hive below HKEY_USERS. A value that is neither in the baseline (with its data)
+// nor deferred (without them) raises a warning; a value that goes raises nothing.
+#pragma once
+
+#include "common/steuerelemente.h"
+#include "watchers/kontext.h"
+
+namespace kes {
+
+class AutostartRegistry {
+public:
+    AutostartRegistry(WächterKontext& k, ListView& ListView1, ListView& ListView33)
+        : ListView1(ListView1), ListView33(ListView33), k_(k) {}
+
+    void LadeAutostartregistry();
+    void TesteAutostartRegistry();
+    void TesteAutostartHkeyUser();
+
+    ListView& ListView1;   // the baseline: one text per known entry
+    ListView& ListView33;  // the rows of the current listing
+
+private:
+    // Adds the values of one key to ListView33, with the second reading in column 5.
+    void Auflisten(RegHandle root, const std::string& key);
+    // The first row of ListView33 that is neither known nor deferred, or -1.
+    int Unbekannt();
+    // Raises the warning for that row; the user hives also search the system folders.
+    void Warnen(int zeile, bool benutzerHives);
+    WächterKontext& k_;
+};
+
+}  // namespace kes
