@@ -122,14 +122,15 @@ void Form3Ansicht::MenüZeigen() {
     if (w.Menü == "killprozess") übernehmen(f_.killprozess1);
     if (w.Menü == "dienst") übernehmen(f_.dienst1);
     if (w.Menü == "host") übernehmen(f_.host1);
+    if (w.Menü == "dfü") übernehmen(f_.dfü1);
     if (einträge.empty()) return;
     // The menus of "Übernehmen" open under that button, the one of the name list above it
     // (its offset is in twips); the others at the pointer.
     POINT ort{};
     RECT r{};
-    const bool amKnopf = w.Menü == "killprozess" || w.Menü == "dienst" || w.Menü == "host";
+    const bool amKnopf = w.Menü == "killprozess" || w.Menü == "dienst" || w.Menü == "host" || w.Menü == "dfü";
     if (amKnopf) {
-        ::GetWindowRect(image_[w.Menü == "host" ? 8 : 1], &r);
+        ::GetWindowRect(image_[w.Menü == "host" ? 8 : w.Menü == "dfü" ? 9 : 1], &r);
         ort = {r.left, r.bottom};
     } else if (!w.AmZeiger) {
         ::GetWindowRect(lv2_.Fenster(), &r);
@@ -140,6 +141,9 @@ void Form3Ansicht::MenüZeigen() {
     if (w.Menü == "Prozesse") f_.Prozesse1_Click(wahl);
     if (w.Menü == "regedit") f_.regedit1_Click(wahl);
     if (w.Menü == "host") f_.host1_Click(wahl);
+    if (w.Menü == "killprozess") f_.killprozess1_Click(wahl);
+    if (w.Menü == "dienst") f_.dienst1_Click(wahl);
+    if (w.Menü == "dfü") f_.dfü1_Click(wahl);
 }
 
 void Form3Ansicht::Abgleichen() {
