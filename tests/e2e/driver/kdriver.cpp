@@ -9,6 +9,7 @@
 //   texts        class, visible, control id, text: every child control, parents first;
 //                list views and list boxes follow with lines "ROW", row number, texts
 //   menu         index, text ("-" for a separator), id, checked, grayed, has submenu
+//   tray         the number of icons in the notification area
 // TITLE is a title (the first visible top-level window with exactly that title) or a
 // handle "0x..." as printed by list and wait. Texts are in the ANSI code page (1252) and
 // escaped so that one record stays one line: "\\" "\t" "\r" "\n".
@@ -318,6 +319,28 @@ int Post(const std::string& klasse, const char* msg, const char* wparam, const c
     return 0;
 }
 
+// Wine draws each icon of the notification area as a window of its own in the desktop
+// process: a child of its stand-alone tray window when no X tray is there, a top-level
+// window docked into the X tray otherwise. On Windows the icons are the buttons of the
+// toolbar in the taskbar's notification area.
+int Tray() {
+    constexpr const char* kWineSymbol = "__winex11_tray_icon";
+    int anzahl = 0;
+    for (HWND h : ObersteFenster()) {
+        const std::string klasse = Klasse(h);
+        if (klasse == kWineSymbol && IsWindowVisible(h)) ++anzahl;
+        if (klasse == "__winex11_standalone_tray")
+            Kinder(h, [&](HWND k) { anzahl += Klasse(k) == kWineSymbol && IsWindowVisible(k) ? 1 : 0; });
+    }
+    HWND leiste = FindWindowA("Shell_TrayWnd", nullptr);
+    HWND bereich = leiste ? FindWindowExA(leiste, nullptr, "TrayNotifyWnd", nullptr) : nullptr;
+    HWND blätter = bereich ? FindWindowExA(bereich, nullptr, "SysPager", nullptr) : nullptr;
+    HWND knöpfe = FindWindowExA(blätter ? blätter : bereich, nullptr, TOOLBARCLASSNAMEA, nullptr);
+    if (knöpfe && bereich) anzahl += static_cast<int>(SendMessageA(knöpfe, TB_BUTTONCOUNT, 0, 0));
+    std::printf("%d\n", anzahl);
+    return 0;
+}
+
 HWND OffenesMenü() {
     for (HWND h : ObersteFenster())
         if (IsWindowVisible(h) && Klasse(h) == "#32768") return h;
@@ -460,6 +483,7 @@ int main(int argc, char** argv) {
     if (befehl == "click" && argc == 4) return Click(argv[2], argv[3]);
     if (befehl == "close" && argc == 3) return Close(argv[2]);
     if (befehl == "post" && argc == 6) return Post(argv[2], argv[3], argv[4], argv[5]);
+    if (befehl == "tray" && argc == 2) return Tray();
     if (befehl == "menu" && argc == 2) return MenuList();
     if (befehl == "menu-click" && argc == 3) return MenuClick(argv[2]);
     std::fprintf(stderr,
@@ -470,6 +494,7 @@ int main(int argc, char** argv) {
                  "       kdriver click TITLE CAPTION\n"
                  "       kdriver close TITLE\n"
                  "       kdriver post CLASS MSG WPARAM LPARAM\n"
+                 "       kdriver tray\n"
                  "       kdriver menu\n"
                  "       kdriver menu-click TEXT\n");
     return 2;
