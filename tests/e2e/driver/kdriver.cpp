@@ -10,6 +10,7 @@
 //                list views and list boxes follow with lines "ROW", row number, texts
 //   menu         index, text ("-" for a separator), id, checked, grayed, has submenu
 //   tray         the number of icons in the notification area
+//   redraw       nothing; returns once the window and its controls have painted anew
 // TITLE is a title (the first visible top-level window with exactly that title) or a
 // handle "0x..." as printed by list and wait. Texts are in the ANSI code page (1252) and
 // escaped so that one record stays one line: "\\" "\t" "\r" "\n".
@@ -309,6 +310,17 @@ int Close(const std::string& titel) {
     return 0;
 }
 
+// A picture taken right after a window appears may catch it half painted. RDW_UPDATENOW
+// sends WM_PAINT to each part that needs it and waits for the owner to handle it.
+int Redraw(const std::string& titel) {
+    HWND fenster = SichtbaresFenster(titel);
+    if (!fenster) return Fehler("no visible window \"" + titel + "\"");
+    if (!RedrawWindow(fenster, nullptr, nullptr,
+                      RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW))
+        return Fehler("RedrawWindow failed: error " + std::to_string(GetLastError()));
+    return 0;
+}
+
 int Post(const std::string& klasse, const char* msg, const char* wparam, const char* lparam) {
     HWND fenster = FindWindowA(klasse.c_str(), nullptr);
     if (!fenster) return Fehler("no top-level window of class \"" + klasse + "\"");
@@ -484,6 +496,7 @@ int main(int argc, char** argv) {
     if (befehl == "close" && argc == 3) return Close(argv[2]);
     if (befehl == "post" && argc == 6) return Post(argv[2], argv[3], argv[4], argv[5]);
     if (befehl == "tray" && argc == 2) return Tray();
+    if (befehl == "redraw" && argc == 3) return Redraw(argv[2]);
     if (befehl == "menu" && argc == 2) return MenuList();
     if (befehl == "menu-click" && argc == 3) return MenuClick(argv[2]);
     std::fprintf(stderr,
@@ -495,6 +508,7 @@ int main(int argc, char** argv) {
                  "       kdriver close TITLE\n"
                  "       kdriver post CLASS MSG WPARAM LPARAM\n"
                  "       kdriver tray\n"
+                 "       kdriver redraw TITLE\n"
                  "       kdriver menu\n"
                  "       kdriver menu-click TEXT\n");
     return 2;
