@@ -129,6 +129,17 @@ def hosts_change_raises_warning_with_path_and_sizes(h):
 
 
 @test
+def locked_hosts_file_counts_as_zero_bytes(h):
+    start_monitoring(h, "hostslocked")
+    old = os.path.getsize(h.hosts_path())
+    h.hold_locked(h.win_path(h.hosts_path()))
+    h.wait_window(WARNING_TITLE, 15)
+    texts = [c["text"] for c in h.texts(WARNING_TITLE) if c["visible"]]
+    line = f" [Neue Grösse 0 Bytes       Alte Grösse war: {sizes(old)} ]"
+    check(line in texts, f"size line {line!r} missing, visible texts: {texts}")
+
+
+@test
 def hosts_warning_closed_by_close_box_comes_back(h):
     start_monitoring(h, "hostsclose")
     hosts_grown(h)

@@ -218,6 +218,18 @@ class Harness:
         res = self.run(["wine", self.kdriver, *args], timeout=timeout, env=self.tool_env, check=check)
         return res.stdout.decode("cp1252", "replace").replace("\r\n", "\n")
 
+    def hold_locked(self, win_path, secs=60):
+        """Holds a file open without sharing in a process of its own, as another program
+        can; gives that process once the file is locked. Killing it releases the file."""
+        proc = subprocess.Popen(["wine", self.kdriver, "lock", win_path, str(secs)], env=self.tool_env,
+                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.procs.append(proc)
+        ready, _, _ = select.select([proc.stdout], [], [], 30)
+        line = proc.stdout.readline().decode("cp1252", "replace").strip() if ready else ""
+        if line != "locked":
+            raise E2EError(f"kdriver lock {win_path}: not locked (said {line!r}, exit {proc.poll()})")
+        return proc
+
     def windows(self):
         """All top-level windows: dicts with hwnd, class, title, visible, pid."""
         result = []

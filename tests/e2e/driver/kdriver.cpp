@@ -11,6 +11,7 @@
 //   menu         index, text ("-" for a separator), id, checked, grayed, has submenu
 //   tray         the number of icons in the notification area
 //   redraw       nothing; returns once the window and its controls have painted anew
+//   lock         "locked" once PATH is open without sharing; holds it SECONDS, or until killed
 // TITLE is a title (the first visible top-level window with exactly that title) or a
 // handle "0x..." as printed by list and wait. Texts are in the ANSI code page (1252) and
 // escaped so that one record stays one line: "\\" "\t" "\r" "\n".
@@ -321,6 +322,18 @@ int Redraw(const std::string& titel) {
     return 0;
 }
 
+// As another program that holds a file open for itself alone: nobody else can open it.
+int Lock(const std::string& pfad, double sekunden) {
+    HANDLE datei = CreateFileA(pfad.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (datei == INVALID_HANDLE_VALUE)
+        return Fehler("cannot open " + pfad + ": error " + std::to_string(GetLastError()));
+    std::printf("locked\n");
+    std::fflush(stdout);
+    Sleep(static_cast<DWORD>(sekunden * 1000));
+    CloseHandle(datei);
+    return 0;
+}
+
 int Post(const std::string& klasse, const char* msg, const char* wparam, const char* lparam) {
     HWND fenster = FindWindowA(klasse.c_str(), nullptr);
     if (!fenster) return Fehler("no top-level window of class \"" + klasse + "\"");
@@ -497,6 +510,7 @@ int main(int argc, char** argv) {
     if (befehl == "post" && argc == 6) return Post(argv[2], argv[3], argv[4], argv[5]);
     if (befehl == "tray" && argc == 2) return Tray();
     if (befehl == "redraw" && argc == 3) return Redraw(argv[2]);
+    if (befehl == "lock" && argc == 4) return Lock(argv[2], Sekunden(argc, argv, 3));
     if (befehl == "menu" && argc == 2) return MenuList();
     if (befehl == "menu-click" && argc == 3) return MenuClick(argv[2]);
     std::fprintf(stderr,
@@ -509,6 +523,7 @@ int main(int argc, char** argv) {
                  "       kdriver post CLASS MSG WPARAM LPARAM\n"
                  "       kdriver tray\n"
                  "       kdriver redraw TITLE\n"
+                 "       kdriver lock PATH SECONDS\n"
                  "       kdriver menu\n"
                  "       kdriver menu-click TEXT\n");
     return 2;
