@@ -12,6 +12,8 @@
 //   tray         the number of icons in the notification area
 //   redraw       nothing; returns once the window and its controls have painted anew
 //   lock         "locked" once PATH is open without sharing; holds it SECONDS, or until killed
+//   between      "ready" while no window of CLASS exists; then, once a window of CLASS has
+//                appeared and after it a visible window TITLE, the seconds between the two
 // TITLE is a title (the first visible top-level window with exactly that title) or a
 // handle "0x..." as printed by list and wait. Texts are in the ANSI code page (1252) and
 // escaped so that one record stays one line: "\\" "\t" "\r" "\n".
@@ -334,6 +336,30 @@ int Lock(const std::string& pfad, double sekunden) {
     return 0;
 }
 
+// Times from one process that polls both windows closely, so that the start-up time of
+// the tools cannot shorten or lengthen what is measured.
+int Between(const std::string& klasse, const std::string& titel, double sekunden) {
+    if (FindWindowA(klasse.c_str(), nullptr)) return Fehler("a window of class \"" + klasse + "\" exists already");
+    std::printf("ready\n");
+    std::fflush(stdout);
+    const auto genau = [](double s, const std::function<bool()>& erfüllt) {
+        const auto ende = std::chrono::steady_clock::now() + std::chrono::duration<double>(s);
+        while (!erfüllt()) {
+            if (std::chrono::steady_clock::now() >= ende) return false;
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+        return true;
+    };
+    if (!genau(sekunden, [&] { return FindWindowA(klasse.c_str(), nullptr) != nullptr; }))
+        return Fehler("no window of class \"" + klasse + "\" within " + Zahl(sekunden) + " s");
+    const auto erst = std::chrono::steady_clock::now();
+    if (!genau(sekunden, [&] { return SichtbaresFenster(titel) != nullptr; }))
+        return Fehler("no visible window \"" + titel + "\" within " + Zahl(sekunden) + " s");
+    const std::chrono::duration<double> dazwischen = std::chrono::steady_clock::now() - erst;
+    std::printf("%.2f\n", dazwischen.count());
+    return 0;
+}
+
 int Post(const std::string& klasse, const char* msg, const char* wparam, const char* lparam) {
     HWND fenster = FindWindowA(klasse.c_str(), nullptr);
     if (!fenster) return Fehler("no top-level window of class \"" + klasse + "\"");
@@ -511,6 +537,7 @@ int main(int argc, char** argv) {
     if (befehl == "tray" && argc == 2) return Tray();
     if (befehl == "redraw" && argc == 3) return Redraw(argv[2]);
     if (befehl == "lock" && argc == 4) return Lock(argv[2], Sekunden(argc, argv, 3));
+    if (befehl == "between" && argc == 5) return Between(argv[2], argv[3], Sekunden(argc, argv, 4));
     if (befehl == "menu" && argc == 2) return MenuList();
     if (befehl == "menu-click" && argc == 3) return MenuClick(argv[2]);
     std::fprintf(stderr,
@@ -524,6 +551,7 @@ int main(int argc, char** argv) {
                  "       kdriver tray\n"
                  "       kdriver redraw TITLE\n"
                  "       kdriver lock PATH SECONDS\n"
+                 "       kdriver between CLASS TITLE SECONDS\n"
                  "       kdriver menu\n"
                  "       kdriver menu-click TEXT\n");
     return 2;
