@@ -12,7 +12,7 @@ kes_build_native
 kes_build_win
 
 echo "== native: unit and contract tests against the fakes"
-ctest --test-dir build-native --output-on-failure -j2
+ctest --test-dir build-native --output-on-failure --no-tests=error -j2
 
 echo "== Windows build under Wine: contract tests against the real API, end-to-end tests"
 export WINEDEBUG=-all
@@ -26,4 +26,4 @@ if [ -z "${DISPLAY:-}" ]; then
   # Wine needs the server up before it starts, or its windows go nowhere.
   for _ in $(seq 100); do [ -e /tmp/.X11-unix/X92 ] && break; sleep 0.1; done
 fi
-ctest --test-dir build-win --output-on-failure
+ctest --test-dir build-win --output-on-failure --no-tests=error

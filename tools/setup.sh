@@ -31,13 +31,26 @@ kes_locale() {
   $sudo localedef -i de_DE -f UTF-8 de_DE.UTF-8
 }
 
+# Configure quietly, but show everything it said when it fails.
+kes_configure() {
+  local log
+  log=$(mktemp)
+  if ! cmake "$@" >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    echo "configure failed: cmake $*" >&2
+    return 1
+  fi
+  rm -f "$log"
+}
+
 kes_build_native() {
-  cmake -S . -B build-native -DCMAKE_BUILD_TYPE=Debug >/dev/null
+  kes_configure -S . -B build-native -DCMAKE_BUILD_TYPE=Debug
   cmake --build build-native -j2
 }
 
 kes_build_win() {
-  cmake -S . -B build-win -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake -DCMAKE_BUILD_TYPE=Release >/dev/null
+  kes_configure -S . -B build-win -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake -DCMAKE_BUILD_TYPE=Release
   cmake --build build-win -j2
   # The program folder as delivered: the program, daten\ beside it, and the settings tool.
   mkdir -p build-win/program/daten

@@ -4,6 +4,9 @@
 //   kestrella-dat show FILE
 //   kestrella-dat set FILE KEY VALUE     (creates FILE when it does not exist)
 //   kestrella-dat del FILE KEY
+//
+// The file holds code page 1252. The native Linux build converts names and values from and
+// to the terminal's UTF-8; the Windows build leaves that to the console's code page.
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -13,12 +16,15 @@
 #include "common/fehler.h"
 #include "common/text.h"
 #include "core/property_bag.h"
+#include "kestrella_dat/zeichensatz.h"
 
 using namespace kes;
 
 namespace {
 
 #ifdef _WIN32
+// A console shows the file's bytes by its own code page; redirected output keeps them as
+// they are, in the program's code page.
 std::string Eingabe(const std::string& s) {
     return s;
 }
@@ -26,31 +32,12 @@ std::string Ausgabe(const std::string& s) {
     return s;
 }
 #else
-// On Linux the terminal speaks UTF-8 and the file Windows-1252; the program's keys use only
-// Latin-1 letters, so the two map one to one there.
+// On Linux the terminal and the command line speak UTF-8, the file code page 1252.
 std::string Eingabe(const std::string& s) {
-    std::string aus;
-    for (std::size_t i = 0; i < s.size(); ++i) {
-        const auto c = static_cast<unsigned char>(s[i]);
-        if ((c == 0xC2 || c == 0xC3) && i + 1 < s.size()) {
-            aus += static_cast<char>(((c & 0x03) << 6) | (static_cast<unsigned char>(s[++i]) & 0x3F));
-        } else {
-            aus += static_cast<char>(c);
-        }
-    }
-    return aus;
+    return zeichensatz::NachCp1252(s);
 }
 std::string Ausgabe(const std::string& s) {
-    std::string aus;
-    for (unsigned char c : s) {
-        if (c < 0x80) {
-            aus += static_cast<char>(c);
-        } else {
-            aus += static_cast<char>(0xC0 | (c >> 6));
-            aus += static_cast<char>(0x80 | (c & 0x3F));
-        }
-    }
-    return aus;
+    return zeichensatz::NachUtf8(s);
 }
 #endif
 

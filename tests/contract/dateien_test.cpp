@@ -69,9 +69,19 @@ TEST_F(Dateien, LockedFile_CountsAsUnreadableAndCannotBeDeletedOrWritten) {
     EXPECT_FALSE(f.ReadAll(Pfad("gesperrt.txt")).has_value());
     EXPECT_FALSE(f.WriteAll(Pfad("gesperrt.txt"), "neu"));
     EXPECT_EQ(f.Delete(Pfad("gesperrt.txt")), 32);
-    EXPECT_EQ(f.Length(Pfad("gesperrt.txt")).value_or(-1), 3);
     DieUmgebung().Freigeben(Pfad("gesperrt.txt"));
     EXPECT_EQ(f.ReadAll(Pfad("gesperrt.txt")).value_or(""), "123");
+}
+
+// The hosts watcher measures through this call: a hosts file held open without sharing by
+// another program must count as missing (size 0), not give its size behind the lock.
+TEST_F(Dateien, LockedFile_HasNoLengthUntilTheOtherHandleCloses) {
+    ASSERT_TRUE(f.WriteAll(Pfad("hosts"), std::string(734, 'h')));
+    DieUmgebung().Sperren(Pfad("hosts"));
+    EXPECT_FALSE(f.Length(Pfad("hosts")).has_value());
+    EXPECT_EQ(f.GetAttributes(Pfad("hosts")) & kAttrDirectory, 0u) << "the file itself is still there";
+    DieUmgebung().Freigeben(Pfad("hosts"));
+    EXPECT_EQ(f.Length(Pfad("hosts")).value_or(-1), 734);
 }
 
 TEST_F(Dateien, ReadOnlyFile_RefusesDeleteUntilAttributesAreCleared) {

@@ -66,9 +66,10 @@ def new_run_value_accepted_then_another_deleted(h):
     accept_whatever_is_there(h)
 
     h.reg_add(RUN, "Tool", r"C:\windows\notepad.exe /min")
-    h.wait_window(WARNING_TITLE, 15)
+    hwnd = h.wait_window(WARNING_TITLE, 15)
     texts = [c["text"] for c in h.texts(WARNING_TITLE) if c["visible"]]
     check("Neuer Eintrag in der Registry Autostart-Funktion gefunden." in texts, f"headline missing: {texts}")
+    h.kd("redraw", hwnd)
     h.screenshot(os.path.join(h.shots, "warnung-autostart.png"))
     roots = accept_until_quiet(h, "Tool")
     check("HKEY_CURRENT_USER" in roots, f"no warning for the value below HKEY_CURRENT_USER: {roots}")

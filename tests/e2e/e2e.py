@@ -84,13 +84,14 @@ def start_without_settings_shows_assistant(h):
 @test
 def silent_start_without_settings_shows_assistant_after_delay(h):
     h.program_folder("firstsilent")
+    # Measured inside one kdriver that is watching before the program starts: timed from
+    # here, the start-up of each kdriver call under load made the delay look short.
+    watch = h.kd_background("between", HIDDEN_CLASS, ASSISTANT_TITLE, "40", first_line="ready")
     h.start("/s")
-    check(wait_until(lambda: hidden_windows(h), 30, 0.1), f"no hidden {HIDDEN_CLASS} window appeared")
-    hidden_at = time.monotonic()
-    h.wait_window(ASSISTANT_TITLE, 20)
-    delay = time.monotonic() - hidden_at
-    # Polling and the start of kdriver make the measured delay a little late, never early.
-    check(delay >= 2.5, f"the assistant came {delay:.1f} s after the hidden window, not after the 3 s timer")
+    said = h.read_line(watch, 60)
+    check(said != "", f"no hidden {HIDDEN_CLASS} window or no assistant after it (exit {watch.poll()})")
+    delay = float(said)
+    check(delay >= 2.5, f"the assistant came {delay:.2f} s after the hidden window, not after the 3 s timer")
 
 
 @test
@@ -129,6 +130,17 @@ def hosts_change_raises_warning_with_path_and_sizes(h):
 
 
 @test
+def locked_hosts_file_counts_as_zero_bytes(h):
+    start_monitoring(h, "hostslocked")
+    old = os.path.getsize(h.hosts_path())
+    h.hold_locked(h.win_path(h.hosts_path()))
+    h.wait_window(WARNING_TITLE, 15)
+    texts = [c["text"] for c in h.texts(WARNING_TITLE) if c["visible"]]
+    line = f" [Neue Grösse 0 Bytes       Alte Grösse war: {sizes(old)} ]"
+    check(line in texts, f"size line {line!r} missing, visible texts: {texts}")
+
+
+@test
 def hosts_warning_closed_by_close_box_comes_back(h):
     start_monitoring(h, "hostsclose")
     hosts_grown(h)
@@ -143,6 +155,7 @@ def hosts_warning_closed_by_close_box_comes_back(h):
 if __name__ == "__main__":
     # The tests of the other files register themselves when imported.
     import autostart  # noqa: F401
+    import beenden  # noqa: F401
     import warnung  # noqa: F401
 
     sys.exit(main())

@@ -218,6 +218,29 @@ class Harness:
         res = self.run(["wine", self.kdriver, *args], timeout=timeout, env=self.tool_env, check=check)
         return res.stdout.decode("cp1252", "replace").replace("\r\n", "\n")
 
+    def kd_background(self, *args, first_line, secs=30):
+        """Starts kdriver.exe in a process of its own and waits for the line FIRST_LINE; gives
+        the process, whose further output the caller reads with read_line."""
+        proc = subprocess.Popen(["wine", self.kdriver, *args], env=self.tool_env, stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL)
+        self.procs.append(proc)
+        line = self.read_line(proc, secs)
+        if line != first_line:
+            raise E2EError(f"kdriver {shown(list(args))}: said {line!r} in place of {first_line!r} "
+                           f"(exit {proc.poll()})")
+        return proc
+
+    @staticmethod
+    def read_line(proc, secs):
+        """The next line of a process's output, or "" when none comes within SECS."""
+        ready, _, _ = select.select([proc.stdout], [], [], secs)
+        return proc.stdout.readline().decode("cp1252", "replace").strip() if ready else ""
+
+    def hold_locked(self, win_path, secs=60):
+        """Holds a file open without sharing in a process of its own, as another program
+        can; gives that process once the file is locked. Killing it releases the file."""
+        return self.kd_background("lock", win_path, str(secs), first_line="locked")
+
     def windows(self):
         """All top-level windows: dicts with hwnd, class, title, visible, pid."""
         result = []

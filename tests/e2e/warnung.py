@@ -13,6 +13,7 @@ def hosts_warning_accepted_takes_the_size_and_does_not_return(h):
     start_monitoring(h, "hostsaccept")
     _, new = hosts_grown(h)
     hwnd = h.wait_window(WARNING_TITLE, 15)
+    h.kd("redraw", hwnd)
     h.screenshot(os.path.join(h.shots, "warnung-hosts.png"))
     buttons = [c["text"] for c in h.texts(WARNING_TITLE) if c["class"].lower() == "button" and c["visible"]]
     for caption in ("Übernehmen", "Original", "Öffnen", "Später", "Kestrella sofort Deaktivieren"):

@@ -105,9 +105,8 @@ bool FakeFiles::SetAttributes(const std::string& path, std::uint32_t attributes)
 }
 
 std::optional<std::int64_t> FakeFiles::Length(const std::string& path) {
-    const Eintrag* e = Finde(path);
-    if (!e || e->ordner) return std::nullopt;
-    return static_cast<std::int64_t>(e->daten.size());
+    if (!CanRead(path)) return std::nullopt;
+    return static_cast<std::int64_t>(Finde(path)->daten.size());
 }
 
 bool FakeFiles::MakeDirectory(const std::string& path) {

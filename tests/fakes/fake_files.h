@@ -1,6 +1,7 @@
 // An in-memory file system with Windows manners: paths compare without regard to case,
-// folders must exist before files go in, a locked file can be neither read, written nor
-// deleted, a read-only one not deleted or written, and find walks give "." and ".." first.
+// folders must exist before files go in, a locked file can be neither read, measured,
+// written nor deleted, a read-only one not deleted or written, and find walks give "." and
+// ".." first.
 #pragma once
 
 #include <map>

@@ -46,7 +46,8 @@ public:
     // GetFileAttributesA: kInvalidAttributes for a missing path.
     virtual std::uint32_t GetAttributes(const std::string& path) = 0;
     virtual bool SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
-    // Length in bytes; nullopt for a missing file or a folder.
+    // Length in bytes, taken from the file opened for reading: nullopt for a missing file,
+    // a folder, or a file locked against reading.
     virtual std::optional<std::int64_t> Length(const std::string& path) = 0;
     virtual bool MakeDirectory(const std::string& path) = 0;
     // FindFirstFileA with a pattern such as "C:\dir\*.*" ('*' and '?' in the last part).

@@ -76,10 +76,14 @@ bool Win32Files::SetAttributes(const std::string& path, std::uint32_t attributes
 }
 
 std::optional<std::int64_t> Win32Files::Length(const std::string& path) {
-    WIN32_FILE_ATTRIBUTE_DATA d;
-    if (!::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &d)) return std::nullopt;
-    if (d.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return std::nullopt;
-    return (static_cast<std::int64_t>(d.nFileSizeHigh) << 32) | d.nFileSizeLow;
+    // Measured through a handle opened for reading, like every other existence test of the
+    // program: a file that another program holds open without sharing counts as missing.
+    // A folder cannot be opened this way either.
+    UniqueFile f = Öffnen(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
+    if (!f) return std::nullopt;
+    LARGE_INTEGER größe{};
+    if (!::GetFileSizeEx(f.Get(), &größe)) return std::nullopt;
+    return static_cast<std::int64_t>(größe.QuadPart);
 }
 
 bool Win32Files::MakeDirectory(const std::string& path) {

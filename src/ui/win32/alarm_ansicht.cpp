@@ -1,6 +1,7 @@
 #include "ui/win32/alarm_ansicht.h"
 
 #include "core/programm.h"
+#include "ui/win32/schliessen.h"
 
 namespace kes::ui {
 
@@ -11,7 +12,13 @@ AlarmAnsicht::AlarmAnsicht(Programm& prg, AlarmFenster& modell)
 
 bool AlarmAnsicht::Nachricht(UINT msg, WPARAM, LPARAM, LRESULT& ergebnis) {
     if (msg == WM_CLOSE) {
-        prg_.AlarmEntladen(kEntladenNormal);
+        const int grund = GrundFürWmClose(h_);
+        if (grund == kEntladenNormal) {
+            EigenesSchliessen eigenes;
+            prg_.AlarmEntladen(grund);
+        } else if (grund >= 0) {
+            prg_.AlarmEntladen(grund);
+        }
         ergebnis = 0;
         return true;
     }

@@ -31,11 +31,17 @@ Form3Ansicht::Form3Ansicht(Programm& prg, Form3Fenster& modell)
     for (int i = 0; i < 3; ++i)
         label1_[i] = Kind(h_, "STATIC", "", WS_VISIBLE | SS_NOPREFIX | SS_LEFTNOWORDWRAP, 10 + i, 0, 0, 10, 10);
     ::SendMessageA(label1_[0], WM_SETFONT, reinterpret_cast<WPARAM>(Fettschrift()), FALSE);
+    // Name and path, and the registry row, are shown whole: their columns follow the content.
+    lv2_.NachInhalt();
+    lv4_.NachInhalt();
     lv2_.Anlegen(h_, kIdLv2, kRand, 0, breite, 10, false);
     lv1_.Anlegen(h_, kIdLv1, kRand, 0, breite, 10);
+    attribut_ = Kind(h_, "STATIC", "Attribut:", WS_VISIBLE | SS_NOPREFIX, 0, 0, 0, 10, 10);
     for (int i = 0; i < 8; ++i)
         check1_[i] = Kind(h_, "BUTTON", f_.Check1[i].Caption, WS_VISIBLE | BS_CHECKBOX, kIdCheck + i, 0, 0, 10, 10);
     lv4_.Anlegen(h_, kIdLv4, kRand, 0, breite, 10);
+    module_ = Kind(h_, "STATIC", "Modules:", WS_VISIBLE | SS_NOPREFIX, 0, 0, 0, 10, 10);
+    ::SendMessageA(module_, WM_SETFONT, reinterpret_cast<WPARAM>(Fettschrift()), FALSE);
     modulName_ = Kind(h_, "STATIC", "", WS_VISIBLE | SS_NOPREFIX, 20, 0, 0, 10, 10);
     modulPfad_ = Kind(h_, "STATIC", "", WS_VISIBLE | SS_NOPREFIX | SS_PATHELLIPSIS, 21, 0, 0, 10, 10);
     lv3_.Anlegen(h_, kIdLv3, kRand, 0, breite, 10);
@@ -84,8 +90,10 @@ void Form3Ansicht::Anordnen() {
     if (!p1) Sichtbar(lv1_.Fenster(), false);
 
     auto [p2, y2] = pane(2);
+    Platz(attribut_, kRand, y2 + 4, breite, 16);
+    Sichtbar(attribut_, p2);
     for (int i = 0; i < 8; ++i) {
-        Platz(check1_[i], kRand + (i % 4) * (breite / 4), y2 + 8 + (i / 4) * 26, breite / 4 - 4, 22);
+        Platz(check1_[i], kRand + (i % 4) * (breite / 4), y2 + 22 + (i / 4) * 24, breite / 4 - 4, 22);
         Sichtbar(check1_[i], p2 && f_.Check1[i].Visible);
     }
 
@@ -94,11 +102,13 @@ void Form3Ansicht::Anordnen() {
     if (!p3) Sichtbar(lv4_.Fenster(), false);
 
     auto [p4, y4] = pane(4);
-    Platz(modulName_, kRand, y4 + 4, breite, 18);
-    Platz(modulPfad_, kRand, y4 + 24, breite, 18);
+    Platz(module_, kRand, y4 + 4, breite, 18);
+    Platz(modulName_, kRand, y4 + 24, breite, 18);
+    Platz(modulPfad_, kRand, y4 + 44, breite, 18);
+    Sichtbar(module_, p4);
     Sichtbar(modulName_, p4);
     Sichtbar(modulPfad_, p4);
-    Platz(lv3_.Fenster(), kRand, y4 + 46, breite, f_.Picture3[4].Height - 50);
+    Platz(lv3_.Fenster(), kRand, y4 + 66, breite, f_.Picture3[4].Height - 70);
     if (!p4) Sichtbar(lv3_.Fenster(), false);
 
     // The bar: visible action buttons from the left, the switch-off button at the right.

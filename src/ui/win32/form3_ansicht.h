@@ -32,6 +32,7 @@ private:
     ListenAnsicht lv1_, lv2_, lv3_, lv4_;
     std::array<HWND, 8> check1_{};
     std::array<HWND, 10> image_{};
+    HWND attribut_ = nullptr, module_ = nullptr;  // the captions of panes 2 and 4
     HWND modulName_ = nullptr, modulPfad_ = nullptr;
     HWND tipps_ = nullptr;
     int symbolIndex_ = -1;

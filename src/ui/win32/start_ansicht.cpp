@@ -2,6 +2,7 @@
 
 #include "core/programm.h"
 #include "ui/win32/menue.h"
+#include "ui/win32/schliessen.h"
 
 namespace kes::ui {
 
@@ -19,7 +20,10 @@ void StartAnsicht::MenüZeigen() {
     ::SetForegroundWindow(h_);
     const int wahl = PopupZeigen(h_, std::vector<MenuItem>(s_.fox1.begin(), s_.fox1.end()), 0);
     ::PostMessageA(h_, WM_NULL, 0, 0);
-    if (wahl >= 0) s_.fox1_Click(wahl);
+    if (wahl < 0) return;
+    // "Beenden" is one of the program's own ways out.
+    EigenesSchliessen eigenes;
+    s_.fox1_Click(wahl);
 }
 
 bool StartAnsicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) {
@@ -35,6 +39,14 @@ bool StartAnsicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
     }
     if (msg == taskleisteNeu_ && taskleisteNeu_ != 0) {
         s_.TaskleisteNeu();
+        return true;
+    }
+    if (msg == WM_CLOSE) {
+        // Never left to DefWindowProc, which would destroy the icon's owner and leave the
+        // program running without it.
+        const int grund = GrundFürWmClose(h_);
+        if (grund >= 0) prg_.AlarmEntladen(grund);
+        ergebnis = 0;
         return true;
     }
     if (msg == WM_QUERYENDSESSION) {

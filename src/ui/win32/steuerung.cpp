@@ -57,7 +57,42 @@ void ListenAnsicht::Anlegen(HWND eltern, int id, int x, int y, int b, int h, boo
     ::SendMessageA(h_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
 }
 
+// Each column as wide as its header and content ask for, and the last one also fills what
+// is left of the list: LVSCW_AUTOSIZE_USEHEADER, worked out here, since Wine's list view
+// cuts the header short and fills the last column to the very edge, where a horizontal
+// scroll bar then hides the second row of a two-row list.
+void ListenAnsicht::NachInhaltBreiten(const ListView& modell) {
+    const int n = static_cast<int>(modell.Columns.size());
+    const bool kopf = !(::GetWindowLongA(h_, GWL_STYLE) & LVS_NOCOLUMNHEADER);
+    auto breite = [&](int i) {
+        ::SendMessageA(h_, LVM_SETCOLUMNWIDTH, i, LVSCW_AUTOSIZE);
+        int b = static_cast<int>(::SendMessageA(h_, LVM_GETCOLUMNWIDTH, i, 0));
+        // The header's text with the margins the header control draws around it.
+        if (kopf)
+            b = std::max(b, 16 + static_cast<int>(::SendMessageA(h_, LVM_GETSTRINGWIDTHA, 0,
+                                                                 reinterpret_cast<LPARAM>(modell.Columns[i].c_str()))));
+        return b;
+    };
+    int links = 0;
+    for (int i = 0; i < n; ++i) {
+        int b = breite(i);
+        if (i + 1 == n) {
+            // What is left is measured on the outer size, whatever scroll bars show at the
+            // moment, less room for a vertical one, so that no horizontal one comes up.
+            RECT r;
+            ::GetWindowRect(h_, &r);
+            b = std::max<int>(b, r.right - r.left - 4 - ::GetSystemMetrics(SM_CXVSCROLL) - links);
+        }
+        ::SendMessageA(h_, LVM_SETCOLUMNWIDTH, i, b);
+        links += b;
+    }
+}
+
 void ListenAnsicht::Spaltenbreiten(const ListView& modell) {
+    if (nachInhalt_) {
+        NachInhaltBreiten(modell);
+        return;
+    }
     RECT r;
     ::GetClientRect(h_, &r);
     // Room for a vertical scroll bar, so that no horizontal one eats a row.
@@ -136,8 +171,9 @@ void ListenAnsicht::Abgleichen(const ListView& modell) {
             ::SendMessageA(h_, LVM_SETITEMTEXTA, i, reinterpret_cast<LPARAM>(&sub));
         }
     }
-    ::SendMessageA(h_, WM_SETREDRAW, TRUE, 0);
     zeilen_ = modell.Items;
+    if (nachInhalt_) Spaltenbreiten(modell);
+    ::SendMessageA(h_, WM_SETREDRAW, TRUE, 0);
 }
 
 }  // namespace kes::ui

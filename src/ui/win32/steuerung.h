@@ -23,6 +23,9 @@ void Platz(HWND h, int x, int y, int b, int hoch);
 class ListenAnsicht {
 public:
     void Anlegen(HWND eltern, int id, int x, int y, int b, int h, bool kopf = true);
+    // Columns as wide as header and content ask for (LVSCW_AUTOSIZE_USEHEADER), fitted anew
+    // whenever rows or columns change, in place of the model's widths.
+    void NachInhalt() { nachInhalt_ = true; }
     void Abgleichen(const ListView& modell);
     HWND Fenster() const { return h_; }
     // NM_CUSTOMDRAW of this list: draws the model's colours of items and sub-items.
@@ -31,6 +34,8 @@ public:
 private:
     HWND h_ = nullptr;
     void Spaltenbreiten(const ListView& modell);
+    void NachInhaltBreiten(const ListView& modell);
+    bool nachInhalt_ = false;
     std::vector<std::string> spalten_;
     std::vector<ListItem> zeilen_;
 };

@@ -9,6 +9,11 @@
 //   texts        class, visible, control id, text: every child control, parents first;
 //                list views and list boxes follow with lines "ROW", row number, texts
 //   menu         index, text ("-" for a separator), id, checked, grayed, has submenu
+//   tray         the number of icons in the notification area
+//   redraw       nothing; returns once the window and its controls have painted anew
+//   lock         "locked" once PATH is open without sharing; holds it SECONDS, or until killed
+//   between      "ready" while no window of CLASS exists; then, once a window of CLASS has
+//                appeared and after it a visible window TITLE, the seconds between the two
 // TITLE is a title (the first visible top-level window with exactly that title) or a
 // handle "0x..." as printed by list and wait. Texts are in the ANSI code page (1252) and
 // escaped so that one record stays one line: "\\" "\t" "\r" "\n".
@@ -308,6 +313,53 @@ int Close(const std::string& titel) {
     return 0;
 }
 
+// A picture taken right after a window appears may catch it half painted. RDW_UPDATENOW
+// sends WM_PAINT to each part that needs it and waits for the owner to handle it.
+int Redraw(const std::string& titel) {
+    HWND fenster = SichtbaresFenster(titel);
+    if (!fenster) return Fehler("no visible window \"" + titel + "\"");
+    if (!RedrawWindow(fenster, nullptr, nullptr,
+                      RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW))
+        return Fehler("RedrawWindow failed: error " + std::to_string(GetLastError()));
+    return 0;
+}
+
+// As another program that holds a file open for itself alone: nobody else can open it.
+int Lock(const std::string& pfad, double sekunden) {
+    HANDLE datei = CreateFileA(pfad.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (datei == INVALID_HANDLE_VALUE)
+        return Fehler("cannot open " + pfad + ": error " + std::to_string(GetLastError()));
+    std::printf("locked\n");
+    std::fflush(stdout);
+    Sleep(static_cast<DWORD>(sekunden * 1000));
+    CloseHandle(datei);
+    return 0;
+}
+
+// Times from one process that polls both windows closely, so that the start-up time of
+// the tools cannot shorten or lengthen what is measured.
+int Between(const std::string& klasse, const std::string& titel, double sekunden) {
+    if (FindWindowA(klasse.c_str(), nullptr)) return Fehler("a window of class \"" + klasse + "\" exists already");
+    std::printf("ready\n");
+    std::fflush(stdout);
+    const auto genau = [](double s, const std::function<bool()>& erfüllt) {
+        const auto ende = std::chrono::steady_clock::now() + std::chrono::duration<double>(s);
+        while (!erfüllt()) {
+            if (std::chrono::steady_clock::now() >= ende) return false;
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+        return true;
+    };
+    if (!genau(sekunden, [&] { return FindWindowA(klasse.c_str(), nullptr) != nullptr; }))
+        return Fehler("no window of class \"" + klasse + "\" within " + Zahl(sekunden) + " s");
+    const auto erst = std::chrono::steady_clock::now();
+    if (!genau(sekunden, [&] { return SichtbaresFenster(titel) != nullptr; }))
+        return Fehler("no visible window \"" + titel + "\" within " + Zahl(sekunden) + " s");
+    const std::chrono::duration<double> dazwischen = std::chrono::steady_clock::now() - erst;
+    std::printf("%.2f\n", dazwischen.count());
+    return 0;
+}
+
 int Post(const std::string& klasse, const char* msg, const char* wparam, const char* lparam) {
     HWND fenster = FindWindowA(klasse.c_str(), nullptr);
     if (!fenster) return Fehler("no top-level window of class \"" + klasse + "\"");
@@ -315,6 +367,28 @@ int Post(const std::string& klasse, const char* msg, const char* wparam, const c
     const auto w = static_cast<WPARAM>(std::strtoull(wparam, nullptr, 0));
     const auto l = static_cast<LPARAM>(std::strtoll(lparam, nullptr, 0));
     if (!PostMessageA(fenster, m, w, l)) return Fehler("PostMessage failed: error " + std::to_string(GetLastError()));
+    return 0;
+}
+
+// Wine draws each icon of the notification area as a window of its own in the desktop
+// process: a child of its stand-alone tray window when no X tray is there, a top-level
+// window docked into the X tray otherwise. On Windows the icons are the buttons of the
+// toolbar in the taskbar's notification area.
+int Tray() {
+    constexpr const char* kWineSymbol = "__winex11_tray_icon";
+    int anzahl = 0;
+    for (HWND h : ObersteFenster()) {
+        const std::string klasse = Klasse(h);
+        if (klasse == kWineSymbol && IsWindowVisible(h)) ++anzahl;
+        if (klasse == "__winex11_standalone_tray")
+            Kinder(h, [&](HWND k) { anzahl += Klasse(k) == kWineSymbol && IsWindowVisible(k) ? 1 : 0; });
+    }
+    HWND leiste = FindWindowA("Shell_TrayWnd", nullptr);
+    HWND bereich = leiste ? FindWindowExA(leiste, nullptr, "TrayNotifyWnd", nullptr) : nullptr;
+    HWND blätter = bereich ? FindWindowExA(bereich, nullptr, "SysPager", nullptr) : nullptr;
+    HWND knöpfe = FindWindowExA(blätter ? blätter : bereich, nullptr, TOOLBARCLASSNAMEA, nullptr);
+    if (knöpfe && bereich) anzahl += static_cast<int>(SendMessageA(knöpfe, TB_BUTTONCOUNT, 0, 0));
+    std::printf("%d\n", anzahl);
     return 0;
 }
 
@@ -460,6 +534,10 @@ int main(int argc, char** argv) {
     if (befehl == "click" && argc == 4) return Click(argv[2], argv[3]);
     if (befehl == "close" && argc == 3) return Close(argv[2]);
     if (befehl == "post" && argc == 6) return Post(argv[2], argv[3], argv[4], argv[5]);
+    if (befehl == "tray" && argc == 2) return Tray();
+    if (befehl == "redraw" && argc == 3) return Redraw(argv[2]);
+    if (befehl == "lock" && argc == 4) return Lock(argv[2], Sekunden(argc, argv, 3));
+    if (befehl == "between" && argc == 5) return Between(argv[2], argv[3], Sekunden(argc, argv, 4));
     if (befehl == "menu" && argc == 2) return MenuList();
     if (befehl == "menu-click" && argc == 3) return MenuClick(argv[2]);
     std::fprintf(stderr,
@@ -470,6 +548,10 @@ int main(int argc, char** argv) {
                  "       kdriver click TITLE CAPTION\n"
                  "       kdriver close TITLE\n"
                  "       kdriver post CLASS MSG WPARAM LPARAM\n"
+                 "       kdriver tray\n"
+                 "       kdriver redraw TITLE\n"
+                 "       kdriver lock PATH SECONDS\n"
+                 "       kdriver between CLASS TITLE SECONDS\n"
                  "       kdriver menu\n"
                  "       kdriver menu-click TEXT\n");
     return 2;

@@ -81,12 +81,13 @@ TEST_F(Hosts, MissingFileAgainstABaseline_ShowsZeroBytesAndNoSoundWhenMuted) {
     EXPECT_TRUE(fp.sound.gespielt.empty());
 }
 
-TEST_F(Hosts, LockedFile_IsMeasuredAllTheSame) {
+TEST_F(Hosts, LockedFile_CountsAsZeroBytesAndWarns) {
     fp.files.Put(hostsPfad, "12345");
     prg.Hostsgrösse = 5;
     fp.files.Lock(hostsPfad);
     prg.Alarm().hosts.TesteHosts();
-    EXPECT_FALSE(prg.Form3Geladen());
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Form3().Label1[2].Caption, " [Neue Grösse 0 Bytes       Alte Grösse war: 5 Bytes ]");
 }
 
 class Online : public ProgrammTest {

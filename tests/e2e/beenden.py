@@ -1,0 +1,74 @@
+"""End-to-end tests of the ways out: the task manager's "End task" (a WM_CLOSE posted from
+another process to a hidden window of the program) ends it at once, without the question,
+and takes the tray icon with it; the tray menu's "Beenden" asks first, and an "End task"
+that comes while that question is open does not start a second way out."""
+
+import subprocess
+
+from e2e_gemeinsam import HIDDEN_CLASS, hidden_windows, start_monitoring, visible_titles
+from harness import check, test, wait_until
+
+WM_CLOSE = "16"
+PANEL_CLASS = "KestrellaPanel"
+QUESTION_TITLE = "Kestrella-Info!"
+QUESTION_TEXT = "Wollen sie die Überwachung beenden?"
+
+
+def tray_icons(h):
+    return int(h.kd("tray").strip())
+
+
+def started_with_icon(h, name):
+    proc = start_monitoring(h, name)
+    check(wait_until(lambda: tray_icons(h) == 1, 15), f"no tray icon after the start ({tray_icons(h)} icons)")
+    return proc
+
+
+def ended_cleanly(h, proc, how):
+    """The process ends on its own, with exit code 0, and leaves neither windows nor icon."""
+    try:
+        code = proc.wait(15)
+    except subprocess.TimeoutExpired:
+        raise AssertionError(f"the program still runs 15 s after {how}; visible windows: {visible_titles(h)}") from None
+    check(code == 0, f"the program ended with exit code {code} after {how}")
+    check(not hidden_windows(h), f"a hidden {HIDDEN_CLASS} window is left after {how}")
+    check(wait_until(lambda: tray_icons(h) == 0, 5), f"the tray icon is left after {how}")
+
+
+def end_task(h, window_class, name):
+    proc = started_with_icon(h, name)
+    h.kd("post", window_class, WM_CLOSE, "0", "0")
+    # Whichever comes first: the question, or the end of the process.
+    asked = wait_until(lambda: QUESTION_TITLE in visible_titles(h) or proc.poll() is not None, 15, 0.1)
+    check(not (asked and proc.poll() is None), "End task brought the question up")
+    ended_cleanly(h, proc, f"WM_CLOSE to the hidden {window_class} window")
+
+
+@test
+def end_task_on_hidden_start_window_quits_without_question_and_removes_icon(h):
+    end_task(h, HIDDEN_CLASS, "endtaskstart")
+
+
+@test
+def end_task_on_hidden_panel_quits_without_question_and_removes_icon(h):
+    end_task(h, PANEL_CLASS, "endtaskpanel")
+
+
+@test
+def tray_beenden_asks_and_end_task_meanwhile_leaves_the_question_to_decide(h):
+    proc = started_with_icon(h, "beenden")
+    h.kd("post", HIDDEN_CLASS, "512", "0", "517")
+    check(wait_until(lambda: "Beenden" in h.kd("menu", check=False), 5), "the tray menu did not open")
+    h.kd("menu-click", "Beenden")
+    question = h.wait_window(QUESTION_TITLE, 10)
+    texts = [c["text"] for c in h.texts(question)]
+    check(QUESTION_TEXT in texts, f"question text missing, the box says {texts}")
+    # An End task while the program's own close is asking: the question stays, alone.
+    h.kd("post", HIDDEN_CLASS, WM_CLOSE, "0", "0")
+    h.kd("post", PANEL_CLASS, WM_CLOSE, "0", "0")
+    check(not wait_until(lambda: proc.poll() is not None, 2), "the program ended under its own question")
+    boxes = [w for w in h.windows() if w["visible"] and w["title"] == QUESTION_TITLE]
+    check(len(boxes) == 1, f"expected the one question, found {len(boxes)}")
+    check(tray_icons(h) == 1, "the tray icon went before the question was answered")
+    h.click(question, "Ja")
+    ended_cleanly(h, proc, "Beenden and Ja")
