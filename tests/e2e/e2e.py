@@ -144,5 +144,6 @@ if __name__ == "__main__":
     # The tests of the other files register themselves when imported.
     import autostart  # noqa: F401
     import warnung  # noqa: F401
+    import dauerlauf  # noqa: F401  # last: the longest
 
     sys.exit(main())
