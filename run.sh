@@ -15,7 +15,7 @@ export WINEPREFIX="${WINEPREFIX:-$PWD/build-win/wineprefix}"
 [ -d "$WINEPREFIX/drive_c" ] || wineboot -i >/dev/null 2>&1
 
 if [ -z "${DISPLAY:-}" ]; then
-  # Started before Wine: without a server Wine's windows go nowhere.
+  # Up before any Wine program opens a window: without a server its windows go nowhere.
   kes_xvfb
   trap 'kill $KES_XVFB_PID 2>/dev/null || true' EXIT
   echo "No display: Kestrella runs on Xvfb $DISPLAY (a picture: DISPLAY=$DISPLAY import -window root shot.png)"

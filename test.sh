@@ -20,9 +20,11 @@ export WINEPREFIX="$PWD/build-win/test-prefix"
 [ -d "$WINEPREFIX/drive_c" ] || wineboot -i >/dev/null 2>&1
 trap 'wineserver -k 2>/dev/null || true' EXIT
 if [ -z "${DISPLAY:-}" ]; then
-  # Started before Wine: without a server Wine's windows go nowhere.
+  # Up before any Wine program opens a window: without a server its windows go nowhere.
   kes_xvfb
   trap 'kill $KES_XVFB_PID 2>/dev/null || true; wineserver -k 2>/dev/null || true' EXIT
   echo "Xvfb on $DISPLAY"
 fi
-ctest --test-dir build-win --output-on-failure
+ctest --test-dir build-win --output-on-failure -LE e2e
+# In full: the lines on what an earlier test left and the soak's working set figures.
+ctest --test-dir build-win --output-on-failure -L e2e --verbose
