@@ -17,6 +17,7 @@ export WINEPREFIX="${WINEPREFIX:-$PWD/build-win/wineprefix}"
 if [ -z "${DISPLAY:-}" ]; then
   # Up before any Wine program opens a window: without a server its windows go nowhere.
   kes_xvfb
+  trap 'exit 143' TERM INT  # so that the EXIT trap ends the server
   trap 'kill $KES_XVFB_PID 2>/dev/null || true' EXIT
   echo "No display: Kestrella runs on Xvfb $DISPLAY (a picture: DISPLAY=$DISPLAY import -window root shot.png)"
 fi

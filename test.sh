@@ -22,6 +22,7 @@ trap 'wineserver -k 2>/dev/null || true' EXIT
 if [ -z "${DISPLAY:-}" ]; then
   # Up before any Wine program opens a window: without a server its windows go nowhere.
   kes_xvfb
+  trap 'exit 143' TERM INT  # so that the EXIT trap ends the server
   trap 'kill $KES_XVFB_PID 2>/dev/null || true; wineserver -k 2>/dev/null || true' EXIT
   echo "Xvfb on $DISPLAY"
 fi

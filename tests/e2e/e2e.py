@@ -84,13 +84,16 @@ def start_without_settings_shows_assistant(h):
 @test
 def silent_start_without_settings_shows_assistant_after_delay(h):
     h.program_folder("firstsilent")
+    # Measured from before the start: the 3 s timer cannot start earlier, and whatever the
+    # start of Wine and the polling add only makes the figure later. (Measured from the
+    # first sight of the hidden window it came out short when a busy machine made that
+    # sight late.)
+    started = time.monotonic()
     h.start("/s")
     check(wait_until(lambda: hidden_windows(h), 30, 0.1), f"no hidden {HIDDEN_CLASS} window appeared")
-    hidden_at = time.monotonic()
     h.wait_window(ASSISTANT_TITLE, 20)
-    delay = time.monotonic() - hidden_at
-    # Polling and the start of kdriver make the measured delay a little late, never early.
-    check(delay >= 2.5, f"the assistant came {delay:.1f} s after the hidden window, not after the 3 s timer")
+    delay = time.monotonic() - started
+    check(delay >= 3.0, f"the assistant came {delay:.1f} s after the start, not after the 3 s timer")
 
 
 @test

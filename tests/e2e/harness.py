@@ -15,9 +15,11 @@ main() prints "PASS name" or "FAIL name: reason" per test and ends with the line
 """
 
 import argparse
+import ctypes
 import os
 import select
 import shutil
+import signal
 import socket
 import subprocess
 import sys
@@ -32,6 +34,15 @@ MESSAGE_TITLE = "Kestrella"
 
 class E2EError(Exception):
     """A step of the harness itself went wrong (a tool failed or timed out)."""
+
+
+def end_with_parent():
+    """In a child before it starts: it ends when the harness ends, even when the harness is
+    killed before it can end it (Linux)."""
+    try:
+        ctypes.CDLL(None, use_errno=True).prctl(1, signal.SIGTERM)  # PR_SET_PDEATHSIG
+    except (OSError, AttributeError):
+        pass
 
 
 def german_locale_installed():
@@ -135,7 +146,8 @@ class Harness:
         self.xvfb_pipe, write_end = os.pipe()
         self.xvfb = subprocess.Popen(["Xvfb", "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
                                       "-noreset", "-displayfd", str(write_end)], pass_fds=(write_end,),
-                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                     preexec_fn=end_with_parent)
         os.close(write_end)
         ready, _, _ = select.select([self.xvfb_pipe], [], [], 15)
         number = os.read(self.xvfb_pipe, 16).strip().decode() if ready else ""
@@ -418,6 +430,8 @@ def main():
     parser.add_argument("-k", dest="pick", default="", help="run only tests whose name holds this text")
     args = parser.parse_args()
 
+    # A run that is stopped (ctest's time limit) still ends its program, wineserver and Xvfb.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("e2e: stopped by SIGTERM"))
     chosen = [t for t in TESTS if args.pick in t.__name__]
     passed = failed = 0
     began = time.monotonic()
