@@ -15,13 +15,11 @@ export WINEPREFIX="${WINEPREFIX:-$PWD/build-win/wineprefix}"
 [ -d "$WINEPREFIX/drive_c" ] || wineboot -i >/dev/null 2>&1
 
 if [ -z "${DISPLAY:-}" ]; then
-  Xvfb :91 -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
-  xvfb=$!
-  trap 'kill $xvfb 2>/dev/null || true' EXIT
-  export DISPLAY=:91
-  # Wine needs the server up before it starts, or its windows go nowhere.
-  for _ in $(seq 100); do [ -e /tmp/.X11-unix/X91 ] && break; sleep 0.1; done
-  echo "No display: Kestrella runs on Xvfb :91 (a picture: DISPLAY=:91 import -window root shot.png)"
+  # Up before any Wine program opens a window: without a server its windows go nowhere.
+  kes_xvfb
+  trap 'exit 143' TERM INT  # so that the EXIT trap ends the server
+  trap 'kill $KES_XVFB_PID 2>/dev/null || true' EXIT
+  echo "No display: Kestrella runs on Xvfb $DISPLAY (a picture: DISPLAY=$DISPLAY import -window root shot.png)"
 fi
 echo "Program folder: build-win/program (kestrella.dat, daten\ and Kestrella.log live there)"
 cd build-win/program

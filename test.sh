@@ -18,12 +18,14 @@ echo "== Windows build under Wine: contract tests against the real API, end-to-e
 export WINEDEBUG=-all
 export WINEPREFIX="$PWD/build-win/test-prefix"
 [ -d "$WINEPREFIX/drive_c" ] || wineboot -i >/dev/null 2>&1
+trap 'wineserver -k 2>/dev/null || true' EXIT
 if [ -z "${DISPLAY:-}" ]; then
-  Xvfb :92 -screen 0 1280x1024x24 >/dev/null 2>&1 &
-  xvfb=$!
-  trap 'kill $xvfb 2>/dev/null || true; wineserver -k 2>/dev/null || true' EXIT
-  export DISPLAY=:92
-  # Wine needs the server up before it starts, or its windows go nowhere.
-  for _ in $(seq 100); do [ -e /tmp/.X11-unix/X92 ] && break; sleep 0.1; done
+  # Up before any Wine program opens a window: without a server its windows go nowhere.
+  kes_xvfb
+  trap 'exit 143' TERM INT  # so that the EXIT trap ends the server
+  trap 'kill $KES_XVFB_PID 2>/dev/null || true; wineserver -k 2>/dev/null || true' EXIT
+  echo "Xvfb on $DISPLAY"
 fi
-ctest --test-dir build-win --output-on-failure --no-tests=error
+ctest --test-dir build-win --output-on-failure -LE e2e --no-tests=error
+# In full: the lines on what an earlier test left and the soak's working set figures.
+ctest --test-dir build-win --output-on-failure -L e2e --verbose --no-tests=error

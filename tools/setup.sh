@@ -57,3 +57,23 @@ kes_build_win() {
   cp build-win/Kestrella.exe build-win/kestrella-dat.exe build-win/program/
   cp -r daten/. build-win/program/daten/ 2>/dev/null || true
 }
+
+# Starts Xvfb on the first free display and exports DISPLAY. Xvfb itself picks the number
+# and writes it to a descriptor once it takes connections; a fixed number would be shared
+# with any other run on the machine, whose end would take our windows with it. -noreset:
+# Xvfb writes the number again at each server reset and ends when nobody reads it.
+# KES_XVFB_PID is the server's process, for the caller to end.
+kes_xvfb() {
+  local dir number=""
+  dir=$(mktemp -d)
+  mkfifo "$dir/display"
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset 3>"$dir/display" >/dev/null 2>&1 &
+  KES_XVFB_PID=$!
+  read -r -t 30 number <"$dir/display" || true
+  rm -rf "$dir"
+  if [ -z "$number" ]; then
+    echo "Xvfb did not start" >&2
+    return 1
+  fi
+  export DISPLAY=":$number"
+}

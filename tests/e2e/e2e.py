@@ -84,14 +84,16 @@ def start_without_settings_shows_assistant(h):
 @test
 def silent_start_without_settings_shows_assistant_after_delay(h):
     h.program_folder("firstsilent")
-    # Measured inside one kdriver that is watching before the program starts: timed from
-    # here, the start-up of each kdriver call under load made the delay look short.
-    watch = h.kd_background("between", HIDDEN_CLASS, ASSISTANT_TITLE, "40", first_line="ready")
+    # Measured from before the start: the 3 s timer cannot start earlier, and whatever the
+    # start of Wine and the polling add only makes the figure later. (Measured from the
+    # first sight of the hidden window it came out short when a busy machine made that
+    # sight late.)
+    started = time.monotonic()
     h.start("/s")
-    said = h.read_line(watch, 60)
-    check(said != "", f"no hidden {HIDDEN_CLASS} window or no assistant after it (exit {watch.poll()})")
-    delay = float(said)
-    check(delay >= 2.5, f"the assistant came {delay:.2f} s after the hidden window, not after the 3 s timer")
+    check(wait_until(lambda: hidden_windows(h), 30, 0.1), f"no hidden {HIDDEN_CLASS} window appeared")
+    h.wait_window(ASSISTANT_TITLE, 20)
+    delay = time.monotonic() - started
+    check(delay >= 3.0, f"the assistant came {delay:.1f} s after the start, not after the 3 s timer")
 
 
 @test
@@ -157,5 +159,6 @@ if __name__ == "__main__":
     import autostart  # noqa: F401
     import beenden  # noqa: F401
     import warnung  # noqa: F401
+    import dauerlauf  # noqa: F401  # last: the longest
 
     sys.exit(main())

@@ -4,23 +4,29 @@ display), changes the system for real (registry, files in the Wine prefix) and d
 windows from outside with kdriver.exe, never through anything the program offers for tests.
 
 One Wine prefix, BUILD_DIR/e2e-prefix, serves every run; each test gets a program folder
-of its own in it and ends with every Kestrella stopped. A test is a function registered
-with @test that takes the Harness and fails by raising. main() prints "PASS name" or
-"FAIL name: reason" per test and ends with the line "N passed, M failed". The tests
-themselves and the entry point are in e2e.py.
+of its own in it and ends with every Kestrella stopped. Before each test the harness makes
+sure that no Kestrella process or window is left from an earlier one, and says so when it
+had to end one. A failed test leaves a picture of the screen, the window and process lists
+and the files of its program folder in BUILD_DIR/e2e-shots/FAILED-name/.
+
+A test is a function registered with @test that takes the Harness and fails by raising.
+main() prints "PASS name" or "FAIL name: reason" per test and ends with the line
+"N passed, M failed". The tests themselves and the entry point are in e2e.py.
 """
 
 import argparse
+import ctypes
 import os
 import select
 import shutil
+import signal
+import socket
 import subprocess
 import sys
 import tempfile
 import time
 import traceback
 
-XVFB_DISPLAY = ":97"
 # Windows that belong to the program: its own classes, and its message boxes.
 OWN_CLASS_PREFIX = "Kestrella"
 MESSAGE_TITLE = "Kestrella"
@@ -28,6 +34,15 @@ MESSAGE_TITLE = "Kestrella"
 
 class E2EError(Exception):
     """A step of the harness itself went wrong (a tool failed or timed out)."""
+
+
+def end_with_parent():
+    """In a child before it starts: it ends when the harness ends, even when the harness is
+    killed before it can end it (Linux)."""
+    try:
+        ctypes.CDLL(None, use_errno=True).prctl(1, signal.SIGTERM)  # PR_SET_PDEATHSIG
+    except (OSError, AttributeError):
+        pass
 
 
 def german_locale_installed():
@@ -116,25 +131,43 @@ class Harness:
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         if not os.path.exists(os.path.join(self.prefix, "system.reg")):
             self.run(["wineboot", "-i"], timeout=180)
+        # Xvfb has no window manager. For a window that it leaves to the manager, Wine waits
+        # up to 2 s at each hide for the manager's answer, which never comes: every closed
+        # window would cost 2 s, and the next window timer could fire inside that wait.
+        self.reg_add(r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
         with open(self.hosts_path(), "rb") as f:
             self.hosts_backup = f.read()
-        # A run that was cut short may have left a program behind.
-        self.stop_program()
 
     def start_xvfb(self):
-        # Xvfb writes the display number to the descriptor once it takes connections, and
-        # ends at once if the display is taken. It writes again at each server reset and
-        # dies if nobody listens, hence -noreset and a pipe kept open until the end.
+        # Given no number, Xvfb takes the first free display and writes its number to the
+        # descriptor once it takes connections: no display is shared with another run. It
+        # writes again at each server reset and dies if nobody listens, hence -noreset and
+        # a pipe kept open until the end.
         self.xvfb_pipe, write_end = os.pipe()
-        self.xvfb = subprocess.Popen(["Xvfb", XVFB_DISPLAY, "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+        self.xvfb = subprocess.Popen(["Xvfb", "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
                                       "-noreset", "-displayfd", str(write_end)], pass_fds=(write_end,),
-                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                     preexec_fn=end_with_parent)
         os.close(write_end)
         ready, _, _ = select.select([self.xvfb_pipe], [], [], 15)
-        if not ready or not os.read(self.xvfb_pipe, 16).strip():
-            raise E2EError(f"Xvfb {XVFB_DISPLAY} did not start (is the display taken?)")
+        number = os.read(self.xvfb_pipe, 16).strip().decode() if ready else ""
+        if not number:
+            raise E2EError(f"Xvfb did not start (exit code {self.xvfb.poll()})")
         for env in (self.env, self.tool_env):
-            env["DISPLAY"] = XVFB_DISPLAY
+            env["DISPLAY"] = ":" + number
+
+    def display_alive(self):
+        """Whether the X server of DISPLAY still takes connections: a server that ends
+        under a running suite takes every later window with it."""
+        number = self.env.get("DISPLAY", "").split(":")[-1].split(".")[0]
+        if not number.isdigit():
+            return True  # a remote display: not ours to check
+        with socket.socket(socket.AF_UNIX, socket.SOCK_STREAM) as s:
+            try:
+                s.connect(f"/tmp/.X11-unix/X{number}")
+                return True
+            except OSError:
+                return False
 
     def close(self):
         try:
@@ -196,20 +229,55 @@ class Harness:
         return proc
 
     def stop_program(self):
-        """Ends every Kestrella of this test, also one the program started itself."""
+        """Ends every Kestrella of this test, also one the program started itself, and
+        waits until the prefix knows none of its processes and windows any more."""
         for proc in self.procs:
             if proc.poll() is None:
                 proc.kill()
             proc.wait(15)
         self.procs = []
-        if self.own_windows():
-            self.run(["wine", "taskkill", "/F", "/IM", "Kestrella.exe"], env=self.tool_env, check=False)
-            if wait_until(lambda: not self.own_windows(), 10):
-                raise E2EError("Kestrella windows remain after taskkill")
+        for p in self.own_processes():
+            self.kd("kill", str(p["pid"]), check=False)
+        left = wait_until(lambda: not self.leftovers(), 10) is not True
+        if left:
+            raise E2EError("left after ending Kestrella: " + self.describe(*self.leftovers()))
 
     def own_windows(self):
         return [w for w in self.windows() if w["class"].startswith(OWN_CLASS_PREFIX)
                 or (w["class"] == "#32770" and w["title"] == MESSAGE_TITLE)]
+
+    def own_processes(self):
+        return [p for p in self.processes() if p["exe"].lower() == "kestrella.exe"]
+
+    def leftovers(self):
+        """The Kestrella processes and windows this prefix still knows, or None."""
+        procs, wins = self.own_processes(), self.own_windows()
+        return (procs, wins) if procs or wins else None
+
+    @staticmethod
+    def describe(procs, wins):
+        return ", ".join([f"process {p['pid']}" for p in procs]
+                         + [f"window {w['title']!r} ({w['class']}, process {w['pid']})" for w in wins])
+
+    def make_clean(self):
+        """Before a test: ends whatever an earlier test left, the wineserver with it, so
+        that no window of another test can answer for this one. Gives a note on what was
+        ended, or None when nothing was left; raises when the prefix stays unclean."""
+        left = self.leftovers()
+        if not left:
+            return None
+        note = "left from an earlier test: " + self.describe(*left) + "; ended them and the wineserver"
+        self.procs = []
+        subprocess.run(["wineserver", "-k"], env=self.env, timeout=30,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        subprocess.run(["wineserver", "-w"], env=self.env, timeout=30,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        subprocess.run(["wineserver", "-p"], env=self.env, timeout=30,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        left = self.leftovers()
+        if left:
+            raise E2EError("still there after the wineserver ended: " + self.describe(*left))
+        return note
 
     # --- kdriver -----------------------------------------------------------------------
 
@@ -240,6 +308,18 @@ class Harness:
         """Holds a file open without sharing in a process of its own, as another program
         can; gives that process once the file is locked. Killing it releases the file."""
         return self.kd_background("lock", win_path, str(secs), first_line="locked")
+
+    def processes(self):
+        """All processes of the prefix: dicts with pid, exe."""
+        result = []
+        for line in self.kd("procs").splitlines():
+            pid, exe = line.split("\t")
+            result.append({"pid": int(pid), "exe": unescape(exe)})
+        return result
+
+    def working_set(self, pid):
+        """The working set of process PID in bytes, as GetProcessMemoryInfo gives it."""
+        return int(self.kd("memory", str(pid)).split("\t")[0])
 
     def windows(self):
         """All top-level windows: dicts with hwnd, class, title, visible, pid."""
@@ -315,28 +395,55 @@ def check(condition, message):
 # --- the runner --------------------------------------------------------------------------
 
 def run_one(h, t):
-    """Runs one test and cleans up after it; gives None or the reason of the failure."""
+    """Runs one test and cleans up after it; gives (None or the reason of the failure,
+    None or a note on what an earlier test had left)."""
     reason = None
+    note = None
+    kept = os.path.join(h.shots, "FAILED-" + t.__name__)
+    shutil.rmtree(kept, ignore_errors=True)
+    h.folder = None
     try:
+        note = h.make_clean()
         t(h)
     except Exception as e:
         reason = str(e) if isinstance(e, (AssertionError, E2EError)) else traceback.format_exc().strip()
-        # Taken before the program is stopped, so that it shows what the test saw.
-        h.screenshot(os.path.join(h.shots, t.__name__ + ".png"))
-        if h.xvfb and h.xvfb.poll() is not None:
-            reason += f"\n    Xvfb has ended (exit code {h.xvfb.poll()})"
-        try:
-            shown = [f"{w['title']!r} ({w['class']})" for w in h.windows() if w["visible"]]
-            reason += "\n    visible windows: " + (", ".join(shown) or "none")
-        except E2EError:
-            pass
+        # Kept before the program is stopped, so that it shows what the test saw.
+        reason += keep_failure(h, kept)
     try:
         h.stop_program()
     except E2EError as e:
         reason = reason or str(e)
     finally:
         h.restore_hosts()
-    return reason
+    return reason, note
+
+
+def keep_failure(h, kept):
+    """Keeps the screen, the window and process lists and the program folder's files in
+    KEPT; gives further lines for the reason: where they are, what was visible."""
+    lines = ""
+    if h.xvfb and h.xvfb.poll() is not None:
+        lines += f"\n    Xvfb has ended (exit code {h.xvfb.poll()})"
+    if not h.display_alive():
+        lines += f"\n    the display {h.env.get('DISPLAY')} takes no connections any more"
+    os.makedirs(kept, exist_ok=True)
+    h.screenshot(os.path.join(kept, "screen.png"))
+    for name, command in (("windows.txt", "list"), ("processes.txt", "procs")):
+        try:
+            listing = h.kd(command)
+        except E2EError as e:
+            listing = f"kdriver {command} failed: {e}\n"
+        with open(os.path.join(kept, name), "w", encoding="utf-8") as f:
+            f.write(listing)
+    if h.folder and os.path.isdir(h.folder):
+        shutil.copytree(h.folder, os.path.join(kept, "program"), ignore=shutil.ignore_patterns("*.exe"),
+                        dirs_exist_ok=True)
+    try:
+        shown = [f"{w['title']!r} ({w['class']})" for w in h.windows() if w["visible"]]
+        lines += "\n    visible windows: " + (", ".join(shown) or "none")
+    except E2EError:
+        pass
+    return lines + f"\n    kept in {os.path.relpath(kept)}"
 
 
 def main():
@@ -346,6 +453,8 @@ def main():
     parser.add_argument("-k", dest="pick", default="", help="run only tests whose name holds this text")
     args = parser.parse_args()
 
+    # A run that is stopped (ctest's time limit) still ends its program, wineserver and Xvfb.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("e2e: stopped by SIGTERM"))
     chosen = [t for t in TESTS if args.pick in t.__name__]
     passed = failed = 0
     began = time.monotonic()
@@ -354,7 +463,9 @@ def main():
         h = Harness(args.build)
         h.open()
         for t in chosen:
-            reason = run_one(h, t)
+            reason, note = run_one(h, t)
+            if note:
+                print(f"NOTE {t.__name__}: {note}", flush=True)
             if reason is None:
                 passed += 1
                 print(f"PASS {t.__name__}", flush=True)

@@ -1,5 +1,11 @@
 // One move-only owner for every kind of Win32 handle; the traits name the empty value and
 // how to close. Close happens in the destructor; Detach gives the handle up.
+//
+// The GDI and USER objects of the views (icons, fonts, brushes, bitmaps, menus) are created
+// only by the functions at the end of this file, each of which hands its object straight to
+// an owner. The build checks that no other file of the Win32 layers calls a creating
+// function itself (cmake/gdi_check.cmake): a tray program that raises thousands of
+// warnings over weeks must not lose an object with each.
 #pragma once
 
 #include <windows.h>
@@ -70,6 +76,12 @@ struct GdiTraits {
     static Type Empty() { return nullptr; }
     static void Close(Type h) { ::DeleteObject(h); }
 };
+template <typename T>  // a GDI object of one kind: HFONT, HBRUSH, HBITMAP
+struct GdiObjectTraits {
+    using Type = T;
+    static Type Empty() { return nullptr; }
+    static void Close(Type h) { ::DeleteObject(h); }
+};
 struct WindowTraits {
     using Type = HWND;
     static Type Empty() { return nullptr; }
@@ -83,6 +95,28 @@ using UniqueKey = UniqueHandle<KeyTraits>;
 using UniqueMenu = UniqueHandle<MenuTraits>;
 using UniqueIcon = UniqueHandle<IconTraits>;
 using UniqueGdi = UniqueHandle<GdiTraits>;
+using UniqueFont = UniqueHandle<GdiObjectTraits<HFONT>>;
+using UniqueBrush = UniqueHandle<GdiObjectTraits<HBRUSH>>;
+using UniqueBitmap = UniqueHandle<GdiObjectTraits<HBITMAP>>;
 using UniqueWindow = UniqueHandle<WindowTraits>;
+
+// The creating functions of the views, each owned from the start.
+
+// An icon resource of MODULE at SIZE pixels square, loaded as a copy of its own.
+inline UniqueIcon LoadOwnedIcon(HINSTANCE module, const char* name, int size) {
+    return UniqueIcon(static_cast<HICON>(::LoadImageA(module, name, IMAGE_ICON, size, size, 0)));
+}
+
+inline UniqueFont MakeFont(const LOGFONTA& lf) {
+    return UniqueFont(::CreateFontIndirectA(&lf));
+}
+
+inline UniqueBrush MakeSolidBrush(COLORREF colour) {
+    return UniqueBrush(::CreateSolidBrush(colour));
+}
+
+inline UniqueMenu MakePopupMenu() {
+    return UniqueMenu(::CreatePopupMenu());
+}
 
 }  // namespace kes::win32

@@ -1,12 +1,22 @@
 #include "ui/win32/fenster_ansicht.h"
 
 #include <cstring>
+#include <map>
 #include <string>
+#include <utility>
+
+#include "platform/win32/unique_handle.h"
 
 namespace kes::ui {
 
 HICON ProgrammIcon(const char* name, int grösse) {
-    return static_cast<HICON>(::LoadImageA(::GetModuleHandleA(nullptr), name, IMAGE_ICON, grösse, grösse, 0));
+    // Each name and size is loaded once and kept for the whole run: every warning asks
+    // for the same few icons. Not shared by the system instead, because a shared icon
+    // comes in the size it was first loaded in, whatever size is asked for later.
+    static std::map<std::pair<std::string, int>, win32::UniqueIcon> geladen;
+    auto& icon = geladen[{name, grösse}];
+    if (!icon) icon = win32::LoadOwnedIcon(::GetModuleHandleA(nullptr), name, grösse);
+    return icon.Get();
 }
 
 FensterAnsicht::FensterAnsicht(kes::Fenster& modell, const char* klasse, DWORD stil, DWORD exStil) : modell_(modell) {

@@ -33,6 +33,7 @@ private:
     bool oben_ = false;
 };
 
+// An icon of the program's resources; it stays valid, and owned here, until the program ends.
 HICON ProgrammIcon(const char* name, int grösse);
 
 }  // namespace kes::ui

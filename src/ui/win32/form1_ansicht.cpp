@@ -24,8 +24,10 @@ Form1Ansicht::Form1Ansicht(Programm& prg, Form1Fenster& modell)
     RECT r;
     ::GetClientRect(h_, &r);
     HWND symbol = Kind(h_, "STATIC", "", WS_VISIBLE | SS_ICON, 0, 14, 14, 32, 32);
-    ::SendMessageA(symbol, STM_SETICON,
-                   reinterpret_cast<WPARAM>(::LoadIconA(nullptr, reinterpret_cast<LPCSTR>(IDI_WARNING))), 0);
+    // The system's own warning sign, shared: it is never destroyed.
+    const auto warnung =
+        ::LoadImageA(nullptr, reinterpret_cast<LPCSTR>(IDI_WARNING), IMAGE_ICON, 0, 0, LR_SHARED | LR_DEFAULTSIZE);
+    ::SendMessageA(symbol, STM_SETICON, reinterpret_cast<WPARAM>(warnung), 0);
     Kind(h_, "STATIC", f_.Label1.Caption, WS_VISIBLE | SS_NOPREFIX, 0, 58, 18, r.right - 70, 34);
     check_ = Kind(h_, "BUTTON", f_.Check1.Caption, WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX, kIdCheck, 58, 56,
                   r.right - 70, 20);

@@ -170,7 +170,9 @@ void Form3Ansicht::Abgleichen() {
         SHFILEINFOA info{};
         const auto liste = reinterpret_cast<HIMAGELIST>(
             ::SHGetFileInfoA("C:\\", 0, &info, sizeof info, SHGFI_SYSICONINDEX | SHGFI_LARGEICON));
-        dateiSymbol_.Reset(liste && symbolIndex_ >= 0 ? ::ImageList_GetIcon(liste, symbolIndex_, ILD_NORMAL) : nullptr);
+        dateiSymbol_.Reset();
+        if (liste && symbolIndex_ >= 0)
+            dateiSymbol_.Reset(::ImageList_GetIcon(liste, symbolIndex_, ILD_NORMAL));  // gdi-check: owned
         HICON icon = dateiSymbol_ ? dateiSymbol_.Get() : ProgrammIcon("SCAN", 32);
         ::SendMessageA(symbol_, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
     }

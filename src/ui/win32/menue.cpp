@@ -5,7 +5,7 @@
 namespace kes::ui {
 
 int PopupZeigen(HWND besitzer, const std::vector<MenuItem>& einträge, int standard, const POINT* ort) {
-    win32::UniqueMenu menü(::CreatePopupMenu());
+    const win32::UniqueMenu menü = win32::MakePopupMenu();
     for (std::size_t i = 0; i < einträge.size(); ++i) {
         const MenuItem& e = einträge[i];
         if (!e.Visible) continue;

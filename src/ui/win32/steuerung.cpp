@@ -4,28 +4,30 @@
 
 #include <algorithm>
 
+#include "platform/win32/unique_handle.h"
+
 namespace kes::ui {
 
+// Both fonts are made once and serve every window until the program ends.
 HFONT Dialogschrift() {
-    static HFONT f = [] {
+    static const win32::UniqueFont f = [] {
         NONCLIENTMETRICSA m{};
         m.cbSize = sizeof m;
-        if (::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof m, &m, 0))
-            return ::CreateFontIndirectA(&m.lfMessageFont);
-        return static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
+        return ::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof m, &m, 0) ? win32::MakeFont(m.lfMessageFont)
+                                                                                 : win32::UniqueFont{};
     }();
-    return f;
+    return f ? f.Get() : static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
 }
 
 HFONT Fettschrift() {
-    static HFONT f = [] {
+    static const win32::UniqueFont f = [] {
         LOGFONTA lf{};
         ::GetObjectA(Dialogschrift(), sizeof lf, &lf);
         lf.lfWeight = FW_BOLD;
         lf.lfHeight = lf.lfHeight < 0 ? lf.lfHeight - 2 : lf.lfHeight + 2;
-        return ::CreateFontIndirectA(&lf);
+        return win32::MakeFont(lf);
     }();
-    return f;
+    return f ? f.Get() : Dialogschrift();
 }
 
 HWND Kind(HWND eltern, const char* klasse, const std::string& text, DWORD stil, int id, int x, int y, int b, int h) {

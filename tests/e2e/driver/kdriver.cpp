@@ -14,6 +14,10 @@
 //   lock         "locked" once PATH is open without sharing; holds it SECONDS, or until killed
 //   between      "ready" while no window of CLASS exists; then, once a window of CLASS has
 //                appeared and after it a visible window TITLE, the seconds between the two
+//   procs        process id, executable name: all processes of this Wine prefix
+//   memory       working set, peak working set, private bytes of one process, in bytes
+//   close-each   one line per window closed: round, hwnd, milliseconds since the start
+//                when it was seen and when it had gone
 // TITLE is a title (the first visible top-level window with exactly that title) or a
 // handle "0x..." as printed by list and wait. Texts are in the ANSI code page (1252) and
 // escaped so that one record stays one line: "\\" "\t" "\r" "\n".
@@ -21,6 +25,7 @@
 #include <windows.h>
 // after windows.h, which they need
 #include <commctrl.h>
+#include <psapi.h>
 #include <tlhelp32.h>
 
 #include <algorithm>
@@ -135,12 +140,12 @@ void Kinder(HWND eltern, const std::function<void(HWND)>& tu) {
     }
 }
 
-bool Warten(double sekunden, const std::function<bool()>& erfüllt) {
+bool Warten(double sekunden, const std::function<bool()>& erfüllt, int schrittMs = 100) {
     const auto ende = std::chrono::steady_clock::now() + std::chrono::duration<double>(sekunden);
     for (;;) {
         if (erfüllt()) return true;
         if (std::chrono::steady_clock::now() >= ende) return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        std::this_thread::sleep_for(std::chrono::milliseconds(schrittMs));
     }
 }
 
@@ -523,6 +528,70 @@ int MenuClick(const std::string& text) {
     return Fehler("menu item \"" + text + "\" could not be selected with the keyboard");
 }
 
+int Procs() {
+    HANDLE schnapp = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    if (schnapp == INVALID_HANDLE_VALUE) return Fehler("no process snapshot: error " + std::to_string(GetLastError()));
+    PROCESSENTRY32 p{};
+    p.dwSize = sizeof p;
+    for (BOOL gut = Process32First(schnapp, &p); gut; gut = Process32Next(schnapp, &p))
+        std::printf("%lu\t%s\n", p.th32ProcessID, Escape(p.szExeFile).c_str());
+    CloseHandle(schnapp);
+    return 0;
+}
+
+DWORD Pid(const char* text) {
+    return static_cast<DWORD>(std::strtoul(text, nullptr, 0));
+}
+
+int Kill(const char* pid) {
+    HANDLE prozess = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, Pid(pid));
+    if (!prozess) return Fehler("no process " + std::string(pid) + ": error " + std::to_string(GetLastError()));
+    const bool beendet = TerminateProcess(prozess, 1) && WaitForSingleObject(prozess, 10000) == WAIT_OBJECT_0;
+    CloseHandle(prozess);
+    return beendet ? 0 : Fehler("process " + std::string(pid) + " did not end");
+}
+
+// The figures the system keeps for the process, the same as the task manager shows.
+int Memory(const char* pid) {
+    HANDLE prozess = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, Pid(pid));
+    if (!prozess) return Fehler("no process " + std::string(pid) + ": error " + std::to_string(GetLastError()));
+    PROCESS_MEMORY_COUNTERS_EX z{};
+    z.cb = sizeof z;
+    const bool gut = GetProcessMemoryInfo(prozess, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&z), sizeof z);
+    CloseHandle(prozess);
+    if (!gut) return Fehler("GetProcessMemoryInfo failed: error " + std::to_string(GetLastError()));
+    std::printf("%llu\t%llu\t%llu\n", static_cast<unsigned long long>(z.WorkingSetSize),
+                static_cast<unsigned long long>(z.PeakWorkingSetSize), static_cast<unsigned long long>(z.PrivateUsage));
+    return 0;
+}
+
+// Closes ROUNDS windows titled TITLE one after the other with the close box, each within
+// SECONDS of the one before: one driver for a long series, so that starting it does not
+// dominate each round.
+int CloseEach(const std::string& titel, int runden, double sekunden) {
+    const auto anfang = std::chrono::steady_clock::now();
+    auto ms = [&] {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - anfang).count();
+    };
+    for (int runde = 1; runde <= runden; ++runde) {
+        HWND fenster = nullptr;
+        // Looked for often: the next window's timer starts only when this one has closed.
+        if (!Warten(
+                sekunden, [&] { return (fenster = SichtbaresFenster(titel)) != nullptr; }, 10))
+            return Fehler("round " + std::to_string(runde) + ": no visible window \"" + titel + "\" within " +
+                          Zahl(sekunden) + " s");
+        const auto gesehen = ms();
+        if (!PostMessageA(fenster, WM_SYSCOMMAND, SC_CLOSE, 0)) return Fehler("WM_SYSCOMMAND could not be posted");
+        if (!Warten(
+                sekunden, [&] { return !IsWindow(fenster); }, 10))
+            return Fehler("round " + std::to_string(runde) + ": window " + Hex(fenster) + " still there after " +
+                          Zahl(sekunden) + " s");
+        std::printf("%d\t%s\t%lld\t%lld\n", runde, Hex(fenster).c_str(), static_cast<long long>(gesehen),
+                    static_cast<long long>(ms()));
+    }
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -540,6 +609,11 @@ int main(int argc, char** argv) {
     if (befehl == "between" && argc == 5) return Between(argv[2], argv[3], Sekunden(argc, argv, 4));
     if (befehl == "menu" && argc == 2) return MenuList();
     if (befehl == "menu-click" && argc == 3) return MenuClick(argv[2]);
+    if (befehl == "procs" && argc == 2) return Procs();
+    if (befehl == "kill" && argc == 3) return Kill(argv[2]);
+    if (befehl == "memory" && argc == 3) return Memory(argv[2]);
+    if (befehl == "close-each" && (argc == 4 || argc == 5))
+        return CloseEach(argv[2], std::atoi(argv[3]), Sekunden(argc, argv, 4));
     std::fprintf(stderr,
                  "usage: kdriver list\n"
                  "       kdriver wait TITLE [SECONDS=20]\n"
@@ -553,6 +627,10 @@ int main(int argc, char** argv) {
                  "       kdriver lock PATH SECONDS\n"
                  "       kdriver between CLASS TITLE SECONDS\n"
                  "       kdriver menu\n"
-                 "       kdriver menu-click TEXT\n");
+                 "       kdriver menu-click TEXT\n"
+                 "       kdriver procs\n"
+                 "       kdriver kill PID\n"
+                 "       kdriver memory PID\n"
+                 "       kdriver close-each TITLE ROUNDS [SECONDS=20]\n");
     return 2;
 }
