@@ -194,8 +194,11 @@ class Harness:
             err.seek(0)
             res.stdout, res.stderr = out.read(), err.read()
         if check and res.returncode != 0:
-            raise E2EError(f"{shown(cmd)}: exit {res.returncode}: "
-                           + res.stderr.decode("cp1252", "replace").strip())
+            said = res.stderr.decode("cp1252", "replace").strip()
+            if not said:
+                # Wine's own errors are silenced (WINEDEBUG=-all): show what the tool printed.
+                said = "no message; output: " + repr(res.stdout.decode("cp1252", "replace")[-300:])
+            raise E2EError(f"{shown(cmd)}: exit {res.returncode}: {said}")
         return res
 
     # --- the program folder and the program --------------------------------------------
