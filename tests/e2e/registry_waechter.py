@@ -2,6 +2,7 @@
 manager lock released with "Freigeben", a changed open command of exe files put back at
 once with box 31, and a new trusted site of the user accepted into daten\\V_seiten.txt."""
 
+import contextlib
 import os
 import time
 
@@ -101,25 +102,18 @@ def task_manager_lock_raises_its_warning_and_freigeben_removes_it(h):
         h.reg_delete(POLICIES, "DisableTaskMgr")
 
 
-@test
-def changed_exe_open_command_is_put_back_at_once_with_box_31(h):
-    # A fresh prefix lacks some classes (piffile) and has others with its own commands; with
-    # box 30 on each would be repaired in turn. Every class is set first, and put back after.
+@contextlib.contextmanager
+def sound_open_commands(h):
+    """Every class the watcher reads holds its expected command while the block runs. A
+    fresh prefix lacks some classes (piffile) and has others with commands of its own; with
+    box 30 on, each would come up in turn, one per cycle. The prefix is put back after."""
     keys = {cls: CLASSES + "\\" + cls + r"\shell\open\command" for cls in OPEN_COMMANDS}
     before = {cls: (reg_query(h, CLASSES + "\\" + cls) is not None, default_value(h, key))
               for cls, key in keys.items()}
     try:
         for cls, key in keys.items():
             set_default(h, key, OPEN_COMMANDS[cls])
-        started(h, "shellopen", box30=1, box31=1, box7=1)
-        exe = r"HKCR\exefile\shell\open\command"
-        set_default(h, exe, 'C:\\windows\\boese.exe "%1" %*')
-        check(wait_until(lambda: default_value(h, exe) == '"%1" %*', 15, 0.5),
-              f"the open command was not put back: {default_value(h, exe)!r}")
-        time.sleep(2.5)
-        check(WARNING_TITLE not in visible_titles(h), "a repair raised a warning")
-        for cls, key in keys.items():
-            check(default_value(h, key) == OPEN_COMMANDS[cls], f"{cls} changed: {default_value(h, key)!r}")
+        yield keys
     finally:
         h.stop_program()
         for cls, key in keys.items():
@@ -130,6 +124,44 @@ def changed_exe_open_command_is_put_back_at_once_with_box_31(h):
                 h.run(["wine", "reg", "delete", key, "/ve", "/f"], env=h.tool_env, check=False)
             else:
                 set_default(h, key, value)
+
+
+@test
+def changed_exe_open_command_is_put_back_at_once_with_box_31(h):
+    with sound_open_commands(h) as keys:
+        started(h, "shellopen", box30=1, box31=1, box7=1)
+        exe = r"HKCR\exefile\shell\open\command"
+        set_default(h, exe, 'C:\\windows\\boese.exe "%1" %*')
+        check(wait_until(lambda: default_value(h, exe) == '"%1" %*', 15, 0.5),
+              f"the open command was not put back: {default_value(h, exe)!r}")
+        time.sleep(2.5)
+        check(WARNING_TITLE not in visible_titles(h), "a repair raised a warning")
+        for cls, key in keys.items():
+            check(default_value(h, key) == OPEN_COMMANDS[cls], f"{cls} changed: {default_value(h, key)!r}")
+
+
+@test
+def changed_hta_open_command_raises_its_warning_and_original_writes_it_back(h):
+    with sound_open_commands(h):
+        started(h, "shellwarn", box30=1, box2=1)
+        hta = r"HKLM\Software\Classes\htafile\shell\open\command"
+        set_default(h, hta, "boese.exe")
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        texts = visible_texts(h)
+        check("Registryschlüssel wurde geändert." in texts, f"headline missing: {texts}")
+        check('Alter Wert: mshta.exe "%1" %*      Neuer Wert: boese.exe' in texts, f"value line missing: {texts}")
+        rows = [r for c in h.texts(WARNING_TITLE) for r in c["rows"] if r and r[0] == "Autostart"]
+        check(rows and rows[0][1:5] == ["HKEY_CLASSES_ROOT", r"htafile\Shell\Open\Command", "(Standart)",
+                                        'mshta.exe "%1" %*'], f"registry row: {rows}")
+        shown = buttons(h)
+        check("Original" in shown and "Später" in shown and "Übernehmen" not in shown, f"the bar shows {shown}")
+        h.screenshot(os.path.join(h.shots, "warnung-shell.png"))
+        h.click(hwnd, "Original")
+        h.gone(hwnd, 10)
+        check(default_value(h, hta) == 'mshta.exe "%1" %*', f"not written back: {default_value(h, hta)!r}")
+        check("< Zurückgesetzt OK > auf " in log_text(h), f"no entry in the log: {log_text(h)!r}")
+        time.sleep(2.5)
+        check(WARNING_TITLE not in visible_titles(h), "the command written back raised a warning")
 
 
 @test
