@@ -56,7 +56,9 @@ TEST_F(Sperren, TaskManagerLockAsTheString1_RaisesWithTheMachinesNameInTheLabel)
     EXPECT_FALSE(f.Image[6].Visible);
 }
 
-TEST_F(Sperren, ValuesOtherThan1_OrALockOfTheMachine_RaiseNothing) {
+TEST_F(Sperren, NoValueOrValuesOtherThan1_OrALockOfTheMachine_RaiseNothing) {
+    alarm().sperren.TesteSonstiges();
+    alarm().sperren.TesteSonstiges1();
     fp.registry.SetDword(kSystem, "DisableRegistryTools", 2);
     fp.registry.SetDword(kSystem, "DisableTaskMgr", 0);
     alarm().sperren.TesteSonstiges();
@@ -69,12 +71,6 @@ TEST_F(Sperren, ValuesOtherThan1_OrALockOfTheMachine_RaiseNothing) {
     alarm().sperren.TesteSonstiges1();
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(prg.Beschäftigt);
-}
-
-TEST_F(Sperren, NoValueAndNoKey_RaiseNothing) {
-    alarm().sperren.TesteSonstiges();
-    alarm().sperren.TesteSonstiges1();
-    EXPECT_FALSE(prg.Form3Geladen());
 }
 
 class SperrenImZyklus : public ProgrammTest {
