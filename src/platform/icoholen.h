@@ -11,6 +11,7 @@ namespace kes {
 
 struct SymbolBild {
     int SystemIcon = -1;  // index in the system image list; -1: nothing drawn
+    int Bild = 0;         // 1-based picture of the window's own image list; 0: none
     bool Visible = true;
 };
 

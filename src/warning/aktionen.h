@@ -55,4 +55,11 @@ void HostsÖffnen(Form3Fenster& f);    // Image9 of "HostsDatei"
 void DiensteÖffnen(Form3Fenster& f);  // Image9 of "Dienste"
 }  // namespace weitere
 
+// "Original" and "Freigeben" of the registry categories: the expected open command written
+// back, a policy lock removed. Both end with raus.
+namespace weitere {
+void ShellBefehlOriginal(Form3Fenster& f);  // Image8 of "HtaFile"
+void SperreFreigeben(Form3Fenster& f);      // Image8 of "RegeditDeaktiviert", "TaskmanagerDeaktiviert"
+}  // namespace weitere
+
 }  // namespace kes

@@ -1,10 +1,107 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/vertrauenswuerdige_seiten.h"
+
+#include "platform/allefunktionen.h"
+#include "platform/registry.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void VertrauenswürdigeSeiten::LadeToolbar() {}
-void VertrauenswürdigeSeiten::TesteToolBar() {}
-void VertrauenswürdigeSeiten::TesteToolBar1() {}
+struct VertrauenswürdigeSeiten::Hive {
+    RegHandle root;
+    Kategorie kategorie;
+    const char* name;
+    const char* überschrift;
+};
+
+namespace {
+const std::string kDatei = "daten\\V_seiten.txt";
+
+template <class F>
+void Schritt(F&& tun) {
+    try {
+        tun();
+    } catch (...) {
+    }
+}
+}  // namespace
+
+VertrauenswürdigeSeiten::VertrauenswürdigeSeiten(WächterKontext& k, ListView& ListView12)
+    : ListView12(ListView12), k_(k) {
+    ListView12.Columns = {"Name"};
+}
+
+void VertrauenswürdigeSeiten::LadeToolbar() {
+    // Emptied first, whether the file is there or not.
+    ListView12.Items.clear();
+    const std::string pfad = k_.W().Programmordner + kDatei;
+    if (DateiVorhanden(k_.P(), pfad)) {
+        const auto inhalt = k_.P().files.ReadAll(pfad);
+        for (const auto& feld : FelderLesen(inhalt.value_or(""))) {
+            if (feld.empty()) break;  // the first empty field ends the list
+            ListView12.Add(feld);
+        }
+    }
+    // The view fits the column to its content.
+}
+
+void VertrauenswürdigeSeiten::TesteToolBar() {
+    // The singular is the program's own.
+    static const Hive h{kHkeyLocalMachine, Kategorie::ToolBar, "HKEY_LOCAL_MACHINE",
+                        "Eintrag in Vertrauenswürdige Seite [IExplorer Sicherheit]"};
+    Testen(h);
+}
+
+void VertrauenswürdigeSeiten::TesteToolBar1() {
+    static const Hive h{kHkeyCurrentUser, Kategorie::ToolBar1, "HKEY_CURRENT_USER",
+                        "Eintrag in Vertrauenswürdige Seiten [IExplorer Sicherheit]"};
+    Testen(h);
+}
+
+void VertrauenswürdigeSeiten::Testen(const Hive& h) {
+    std::string domain;
+    bool neu = false;
+    try {
+        const auto schlüssel = Registry(k_.P()).GetSubkeys(h.root, kZoneMapDomains);
+        // A missing key gives no entries or an empty first one: nothing to test.
+        if (schlüssel.empty() || schlüssel.front().empty()) return;
+        // The last entry is the failing call's, left out by the bound of the loop.
+        for (std::size_t i = 0; i + 1 < schlüssel.size(); ++i) {
+            domain = schlüssel[i].substr(0, schlüssel[i].find(';'));
+            bool bekannt = domain.empty() || domain == std::string(1, '\0');
+            for (const auto& zeile : ListView12.Items) {
+                if (bekannt) break;
+                bekannt = zeile.Text == domain;  // with case, though the registry has none
+            }
+            if (bekannt || k_.Später(domain)) continue;
+            neu = true;
+            break;
+        }
+    } catch (...) {
+        // A failed listing ends the routine without a word.
+    }
+    if (!neu) return;
+
+    k_.Warnen(h.kategorie, [&](Warnung& f) {
+        Schritt([&] {
+            f.Text1[0].Text = domain;
+            f.Text1[1].Text = h.name;
+            f.Text1[2].Text = kZoneMapDomains;
+            f.Text1[3].Text = domain;
+        });
+        Schritt([&] { f.Label1[0].Caption = h.überschrift; });
+        Schritt([&] { f.ListView2.Add(domain); });
+        Schritt([&] {
+            for (int p : {4, 1, 2}) f.Picture3[p].Visible = false;
+        });
+        Schritt([&] {
+            ListItem& reihe = f.ListView4.Add(domain);
+            reihe.SetSubItem(1, h.name);
+            reihe.SetSubItem(2, kZoneMapDomains);
+            reihe.SetSubItem(3, domain);
+            reihe.SetSubItem(4, domain);
+        });
+        // The view fits the columns of both lists to their content.
+    });
+}
 
 }  // namespace kes

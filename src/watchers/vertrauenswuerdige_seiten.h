@@ -1,7 +1,8 @@
-// Domains entered into the browser's security zones.
+// Domains entered into the browser's security zones: the subkeys of ZoneMap\Domains under
+// HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER. A domain that is neither in the one baseline of
+// both hives (daten\V_seiten.txt, ListView12) nor deferred raises a warning. The compare
+// heeds case, though the registry does not; a domain that goes raises nothing.
 #pragma once
-
-#include <array>
 
 #include "common/steuerelemente.h"
 #include "watchers/kontext.h"
@@ -10,16 +11,25 @@ namespace kes {
 
 class VertrauenswürdigeSeiten {
 public:
-    VertrauenswürdigeSeiten(WächterKontext& k, ListView& ListView12) : ListView12(ListView12), k_(k) {}
+    VertrauenswürdigeSeiten(WächterKontext& k, ListView& ListView12);
 
+    // ListView12 from daten\V_seiten.txt, read as fields: a comma splits a line.
     void LadeToolbar();
+    // HKEY_LOCAL_MACHINE, key "ToolBar".
     void TesteToolBar();
+    // HKEY_CURRENT_USER, key "ToolBar1".
     void TesteToolBar1();
 
     ListView& ListView12;
 
 private:
-    [[maybe_unused]] WächterKontext& k_;
+    struct Hive;
+    void Testen(const Hive& h);
+    WächterKontext& k_;
 };
+
+// The key below which both hives keep a subkey per domain.
+inline constexpr const char* kZoneMapDomains =
+    "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
 
 }  // namespace kes

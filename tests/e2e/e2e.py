@@ -158,6 +158,7 @@ if __name__ == "__main__":
     # The tests of the other files register themselves when imported.
     import autostart  # noqa: F401
     import beenden  # noqa: F401
+    import registry_waechter  # noqa: F401
     import warnung  # noqa: F401
     import dauerlauf  # noqa: F401  # last: the longest
 

@@ -1,0 +1,53 @@
+// "Original" of a changed shell open command and "Freigeben" of a policy lock: the two
+// Image8 actions that put a registry value right. The log follows the change, and a log
+// that cannot be written does not keep the window open: the change is made by then.
+#include "common/fehler.h"
+#include "platform/hive_ocx.h"
+#include "warning/aktionen.h"
+#include "warning/form3.h"
+#include "watchers/sperren.h"
+
+namespace kes {
+
+namespace {
+void Loggen(WarnKontext& k, const std::string& titel, const std::vector<std::string>& zeilen,
+            const std::string& ergebnis) {
+    try {
+        k.Log(titel, zeilen, ergebnis);
+    } catch (const Fehler&) {
+    }
+}
+}  // namespace
+
+namespace weitere {
+
+void ShellBefehlOriginal(Form3Fenster& f) {
+    WarnKontext& k = f.K();
+    const std::string& hive = f.Text1[0].Text;
+    const std::string& key = f.Text1[1].Text;
+    const std::string& erwartet = f.Text1[2].Text;
+    HiveOCX ocx(k.P().registry);
+    const std::string standardwert(1, '\0');
+    if (hive == "HKEY_CLASSES_ROOT") ocx.WriteValue(0, key, standardwert, erwartet);
+    if (hive == "HKEY_LOCAL_MACHINE") ocx.WriteValue(2, key, standardwert, erwartet);
+    // The start page's log entry, its index left at 0: the last line quotes saved start
+    // page 0, whatever the command was.
+    Loggen(
+        k, "IExplorer " + f.Text1[2].Text + " wurde geändert.",
+        {"Registry: " + f.Text1[0].Text + "\\" + f.Text1[1].Text + "\\" + f.Text1[2].Text, "Wert: " + f.Text1[3].Text},
+        "< Zurückgesetzt OK > auf " + k.W().StartSeiten[0]);
+    f.raus();
+}
+
+void SperreFreigeben(Form3Fenster& f) {
+    WarnKontext& k = f.K();
+    const bool regedit = k.W().Kategorieschlüssel == Kategorie::RegeditDeaktiviert;
+    HiveOCX(k.P().registry).DeleteValue(1, kPoliciesSystem, regedit ? "DisableRegistryTools" : "DisableTaskMgr");
+    Loggen(k, regedit ? "Zugang auf Regedit wurde Deaktiviert." : "Zugang auf den Taskmanager wurde Deaktiviert.",
+           {"Name: " + f.Label1[1].Caption}, "< Freigegeben OK >");
+    f.raus();
+}
+
+}  // namespace weitere
+
+}  // namespace kes
