@@ -144,6 +144,7 @@ if __name__ == "__main__":
     # The tests of the other files register themselves when imported.
     import autostart  # noqa: F401
     import prozesse  # noqa: F401
+    import startseite  # noqa: F401
     import warnung  # noqa: F401
 
     sys.exit(main())
