@@ -155,7 +155,10 @@ TEST_F(NeueProzesse, Warning_SoundFirst_DetailsWithIdAndThreads_AndTheModules) {
     fake::FakeProzess& p = Prozess("neu.exe", 1234, "C:\\Temp\\neu.exe");
     p.threads = 7;
     p.module = {{"erster.dll", "C:\\Temp\\erster.dll"}, {"kernel32.dll", "C:\\WINDOWS\\system32\\kernel32.dll"}};
+    bool beschäftigtBeimTon = true;
+    fp.sound.beimSpielen = [&](const std::string&) { beschäftigtBeimTon = prg.Beschäftigt; };
     Testen();
+    EXPECT_FALSE(beschäftigtBeimTon) << "the sound comes before the busy flag";
 
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_TRUE(prg.Beschäftigt);
