@@ -107,7 +107,7 @@ TEST_F(NeueProzesse, SystemNames_ComparedWithCase) {
     EXPECT_EQ(prg.Form3().Zeile2(), "") << "its path stayed empty";
 }
 
-TEST_F(NeueProzesse, TrustedMaker_MatchesWithoutCase_AndALaterMakerEntryStillCounts) {
+TEST_F(NeueProzesse, TrustedMaker_MatchesWithoutCase_OnAnyLineOfTheList) {
     Programmdatei("C:\\Programme\\Neu\\neu.exe", "MICROSOFT CORPORATION");
     fp.files.Put(firmen, "Microsoft Corporation\r\nAndere Firma\r\n");
     Prozess("neu.exe", 100, "C:\\Programme\\Neu\\neu.exe");
@@ -116,7 +116,7 @@ TEST_F(NeueProzesse, TrustedMaker_MatchesWithoutCase_AndALaterMakerEntryStillCou
 
     Programmdatei("C:\\Programme\\Neu\\neu.exe", "Andere Firma");
     Testen();
-    EXPECT_FALSE(prg.Form3Geladen()) << "the maker loop runs to the end";
+    EXPECT_FALSE(prg.Form3Geladen()) << "a maker further down the list";
 }
 
 TEST_F(NeueProzesse, AllowedForThisRun_ByNameWithoutCase) {
