@@ -57,6 +57,7 @@ struct ListItem {
     bool Selected = false;
     std::vector<std::string> SubItems;  // SubItems[0] is column 2
     std::vector<long> ForeColors;       // [0] the item, [n] sub-item n; missing means the list's colour
+    int SmallIcon = 0;                  // picture number in the window's image list; 0 none
 
     const std::string& SubItem(std::size_t column) const;  // 1-based like the list view; "" if absent
     void SetSubItem(std::size_t column, const std::string& text);

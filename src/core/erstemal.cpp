@@ -3,7 +3,6 @@
 #include "core/programm.h"
 #include "platform/allefunktionen.h"
 #include "platform/prozesse1.h"
-#include "platform/sysfolder.h"
 
 namespace kes {
 
@@ -12,21 +11,16 @@ void ErstemalAnzeigen(Programm& prg) {
     const std::string datei = prg.Programmordner + "daten\\prozesse.txt";
     if (DateiVorhanden(p, datei)) p.files.Delete(datei);
 
-    Prozesse1 tabelle(p);
+    Prozesse1& tabelle = prg.Prozesstabelle();
+    tabelle.Prozesse.clear();
     tabelle.ProzesseHolen();
 
     // Errors in the search for a path and in single lines are passed over.
     std::string text;
     for (ProcessRecord& r : tabelle.Prozesse) {
         try {
-            const std::string system = Sysfolder(p, kCsidlSystem);
-            const std::string windows = Sysfolder(p, kCsidlWindows);
-            for (const std::string& kandidat :
-                 {system + "\\" + r.Name, system + "\\wbem\\" + r.Name, windows + "\\" + r.Name}) {
-                if (r.Path.empty() && DateiVorhanden(p, kandidat)) r.Path = kandidat;
-            }
-            if (r.Name != "[System Process]" && r.Name != "System" && r.Name != "System Idle Process")
-                text += r.Name + "#" + r.Path + "\r\n";
+            PfadSuchen(p, r);
+            if (!IstSystemProzess(r.Name)) text += r.Name + "#" + r.Path + "\r\n";
         } catch (...) {
         }
     }

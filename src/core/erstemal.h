@@ -6,8 +6,9 @@ namespace kes {
 
 class Programm;
 
-// Writes daten\prozesse.txt anew from a fresh process table. The three pseudo processes
-// of the system are left out; a process whose path stays unknown gets a line ending in "#".
+// Writes daten\prozesse.txt anew from the program's process table, refilled for it. The
+// three pseudo processes of the system are left out; a process whose path stays unknown
+// gets a line ending in "#".
 void ErstemalAnzeigen(Programm& prg);
 
 }  // namespace kes

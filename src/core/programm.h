@@ -86,6 +86,7 @@ public:
     void EinstellungenSpeichern() override;
     void NichtAktiviert() override;
     void AutostartHaken(bool an) override;
+    Prozesse1& Prozesstabelle() override { return prozesstabelle_; }
 
 private:
     std::unique_ptr<StartFenster> start_;
@@ -96,6 +97,7 @@ private:
     std::vector<std::unique_ptr<Fenster>> entladen_;
     // Which timer handlers are running now, by timer id.
     std::array<bool, 8> timerLäuft_{};
+    Prozesse1 prozesstabelle_{p};
 };
 
 }  // namespace kes

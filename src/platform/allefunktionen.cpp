@@ -116,10 +116,12 @@ std::vector<std::string> ZeilenLesen(const std::string& inhalt) {
 }
 
 std::vector<std::string> FelderLesen(const std::string& inhalt) {
-    // Input #: a comma or a line end ends a field; a field in quotes may hold commas.
+    // Input #: a comma or a line end ends an entry; an entry in quotes is read without them
+    // and may hold commas. Blanks around an entry go. The first empty entry ends the reading.
     std::vector<std::string> felder;
     std::size_t i = 0;
     const std::size_t n = inhalt.size();
+    auto zeilenende = [&](std::size_t j) { return inhalt[j] == '\r' || inhalt[j] == '\n'; };
     while (i < n) {
         while (i < n && (inhalt[i] == ' ' || inhalt[i] == '\t')) ++i;
         std::string feld;
@@ -127,13 +129,20 @@ std::vector<std::string> FelderLesen(const std::string& inhalt) {
             ++i;
             while (i < n && inhalt[i] != '"') feld += inhalt[i++];
             if (i < n) ++i;
-            while (i < n && inhalt[i] != ',' && inhalt[i] != '\r' && inhalt[i] != '\n') ++i;
+            while (i < n && inhalt[i] != ',' && !zeilenende(i)) ++i;
         } else {
-            while (i < n && inhalt[i] != ',' && inhalt[i] != '\r' && inhalt[i] != '\n') feld += inhalt[i++];
-            while (!feld.empty() && feld.back() == ' ') feld.pop_back();
+            while (i < n && inhalt[i] != ',' && !zeilenende(i)) feld += inhalt[i++];
+            while (!feld.empty() && (feld.back() == ' ' || feld.back() == '\t')) feld.pop_back();
         }
-        if (i < n && inhalt[i] == '\r') ++i;
-        if (i < n && (inhalt[i] == ',' || inhalt[i] == '\n')) ++i;
+        if (feld.empty()) break;
+        if (i < n && inhalt[i] == ',') {
+            ++i;
+        } else if (i < n && inhalt[i] == '\r') {
+            ++i;
+            if (i < n && inhalt[i] == '\n') ++i;
+        } else if (i < n) {
+            ++i;  // a lone line feed
+        }
         felder.push_back(feld);
     }
     return felder;

@@ -32,7 +32,9 @@ void ListeFärben(ListView& liste, long farbe, int spalte, int zeile);
 void SeiteÖffnen(Plattform& p, const std::string& url);
 void MailSchreiben(Plattform& p, const std::string& adresse, const std::string& betreff, const std::string& text);
 
-// The two readers of the data files: whole lines, and comma-separated fields.
+// The two readers of the data files: whole lines, and comma-separated fields. The field
+// reader is the one for every comma-read file: a comma ends an entry as a line end does,
+// quotes around an entry go, and the first empty entry ends the reading.
 std::vector<std::string> ZeilenLesen(const std::string& inhalt);
 std::vector<std::string> FelderLesen(const std::string& inhalt);
 

@@ -4,6 +4,7 @@
 
 #include "common/text.h"
 #include "platform/allefunktionen.h"
+#include "platform/sysfolder.h"
 
 namespace kes {
 
@@ -50,6 +51,23 @@ private:
     ProzessHandle h_;
 };
 }  // namespace
+
+bool IstSystemProzess(const std::string& name) {
+    return name == "[System Process]" || name == "System" || name == "System Idle Process";
+}
+
+void PfadSuchen(Plattform& p, ProcessRecord& r) {
+    if (!r.Path.empty()) return;
+    const std::string system = Sysfolder(p, kCsidlSystem);
+    const std::string windows = Sysfolder(p, kCsidlWindows);
+    for (const std::string& kandidat :
+         {system + "\\" + r.Name, system + "\\wbem\\" + r.Name, windows + "\\" + r.Name}) {
+        if (DateiVorhanden(p, kandidat)) {
+            r.Path = kandidat;
+            return;
+        }
+    }
+}
 
 std::string SystemVerzeichnis(Plattform& p) {
     char puffer[260] = {};

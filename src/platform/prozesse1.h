@@ -25,6 +25,14 @@ struct ProcessRecord {
     std::int32_t ModuleCount = 0;
 };
 
+// The three entries of the system's own that no baseline holds: "[System Process]",
+// "System" and "System Idle Process", compared with case.
+bool IstSystemProzess(const std::string& name);
+// A path the table could not work out, looked for where the system keeps its programs: the
+// system folder, its "wbem" folder, then the Windows folder (the special folders 37 and 36).
+// A path that is there already stays.
+void PfadSuchen(Plattform& p, ProcessRecord& r);
+
 // The system folder as GetSystemDirectoryA gives it.
 std::string SystemVerzeichnis(Plattform& p);
 // The short form of a path (GetShortPathNameA, 260 characters); empty when it is missing.

@@ -49,6 +49,16 @@ std::string Label1_1(const Form3Fenster& f);
 std::string Registryzeile(const Form3Fenster& f);
 }  // namespace später
 
+// The answers of the process and start page warnings.
+namespace weitere {
+// Image2 of "Prozesse".
+void ProzessTöten(Form3Fenster& f);
+// The menu of Image1 for "Prozesse": 0 the process, 1 its maker, 2 this run only.
+void ProzessZulassen(Form3Fenster& f, int index);
+// Image8 of "StartPage".
+void StartPageOriginal(Form3Fenster& f);
+}  // namespace weitere
+
 namespace weitere {
 void HostsMenü(Form3Fenster& f);      // Image8 of "HostsDatei"
 void HostsÖffnen(Form3Fenster& f);    // Image9 of "HostsDatei"

@@ -10,7 +10,11 @@ using K = Kategorie;
 // One row per key. Captions and tips are the window's own texts.
 constexpr KategorieZeile kTabelle[] = {
     {K::Keine},
-    {.kategorie = K::Prozesse, .knöpfe = {1, 2}, .übernehmen = übernehmen::Prozesse, .später = später::Zeile2},
+    {.kategorie = K::Prozesse,
+     .knöpfe = {1, 2},
+     .übernehmen = übernehmen::Prozesse,
+     .später = später::Zeile2,
+     .töten = weitere::ProzessTöten},
     {.kategorie = K::HostsDatei,
      .knöpfe = {1, 8, 9},
      .originalText = "Original",
@@ -40,7 +44,8 @@ constexpr KategorieZeile kTabelle[] = {
      .originalText = "Original",
      .originalTipp = "Original Wert setzen",
      .übernehmen = übernehmen::StartPage,
-     .später = später::Label1_1},
+     .später = später::Label1_1,
+     .original = weitere::StartPageOriginal},
     {.kategorie = K::DFÜ,
      .knöpfe = {1, 3, 9},
      .übernehmen = übernehmen::DFÜ,

@@ -96,8 +96,8 @@ void Form3Fenster::host1_Click(int index) {
     raus();
 }
 
-void Form3Fenster::killprozess1_Click(int) {
-    raus();
+void Form3Fenster::killprozess1_Click(int index) {
+    weitere::ProzessZulassen(*this, index);
 }
 
 void Form3Fenster::dienst1_Click(int) {

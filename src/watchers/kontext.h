@@ -10,6 +10,7 @@
 
 #include "common/kategorie.h"
 #include "common/werte.h"
+#include "platform/prozesse1.h"
 #include "platform/seam/plattform.h"
 
 namespace kes {
@@ -42,6 +43,10 @@ public:
     // One log entry (header, title, lines, result) if Box1(2) is on. A log that cannot be
     // written throws Fehler 75 for the caller's error exit.
     virtual void Log(const std::string& titel, const std::vector<std::string>& zeilen, const std::string& ergebnis) = 0;
+    // The one process table of the run: the process watcher fills it at each pass, the kill
+    // action reads what it found, and the first process baseline is taken from it. It is
+    // not a part of Alarm, since the assistant fills it before Alarm may load.
+    virtual Prozesse1& Prozesstabelle() = 0;
     // Lets pending window messages run.
     void Pumpen() { P().timers.PumpMessages(); }
 };

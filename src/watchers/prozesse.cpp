@@ -1,10 +1,121 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/prozesse.h"
+
+#include "common/text.h"
+#include "platform/allefunktionen.h"
+#include "platform/icoholen.h"
+#include "platform/infos.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void Prozesse::LadeProzessFirmen() {}
-void Prozesse::LadeProzesse() {}
-void Prozesse::TesteProzesse() {}
+std::string MitVorzeichenstelle(std::int32_t zahl) {
+    return zahl < 0 ? std::to_string(zahl) : " " + std::to_string(zahl);
+}
+
+void Prozesse::LadeProzessFirmen() {
+    List1.Items.clear();
+    const std::string& ordner = k_.W().Programmordner;
+    // Tested under one spelling, opened under the other; on the target file system they
+    // are the same file.
+    if (!DateiVorhanden(k_.P(), ordner + "daten\\Firma.txt")) return;
+    const auto inhalt = k_.P().files.ReadAll(ordner + "daten\\firma.txt");
+    if (!inhalt) return;
+    for (const auto& zeile : ZeilenLesen(*inhalt)) {
+        if (zeile.empty()) break;  // the first empty line ends the list
+        List1.Items.push_back(zeile);
+    }
+}
+
+void Prozesse::LadeProzesse() {
+    ListView6.Items.clear();
+    const std::string datei = k_.W().Programmordner + "daten\\prozesse.txt";
+    if (!DateiVorhanden(k_.P(), datei)) return;
+    const auto inhalt = k_.P().files.ReadAll(datei);
+    if (!inhalt) return;
+    // An entry without "#" (the tail of a path broken at a comma) is all path, and keeps
+    // the name of the entry before it, as the failed cut of the name leaves it.
+    std::string name;
+    for (const auto& eintrag : FelderLesen(*inhalt)) {
+        const auto p = eintrag.find('#');
+        if (p != std::string::npos) name = eintrag.substr(0, p);
+        ListView6.Add(name).SetSubItem(1, p == std::string::npos ? eintrag : eintrag.substr(p + 1));
+    }
+}
+
+bool Prozesse::Bekannt(const ProcessRecord& r, const std::string& hersteller) const {
+    int gefunden = 0;
+    // Only the path counts here, not the name.
+    const std::string pfad = Gross(r.Path);
+    for (const auto& item : ListView6.Items)
+        if (Gross(item.SubItem(1)) == pfad) {
+            ++gefunden;
+            break;
+        }
+    const std::string firma = Klein(hersteller);
+    for (const auto& item : List1.Items)
+        if (Klein(item) == firma) gefunden = 1;
+    const std::string name = Klein(r.Name);
+    for (const auto& item : List2.Items)
+        if (Klein(item) == name) gefunden = 1;
+    return gefunden != 0;
+}
+
+void Prozesse::TesteProzesse() {
+    try {
+        Plattform& p = k_.P();
+        Prozesse1& tabelle = k_.Prozesstabelle();
+        tabelle.ModulZähler = 0;
+        tabelle.Prozesse.clear();
+        tabelle.ProzesseHolen();
+
+        const ProcessRecord* neu = nullptr;
+        for (ProcessRecord& r : tabelle.Prozesse) {
+            try {
+                PfadSuchen(p, r);
+            } catch (...) {
+            }
+            DateiVersion v;
+            DateiInfos(p, r.Path, v);
+            if (IstSystemProzess(r.Name)) continue;
+            if (!Bekannt(r, v.CompanyName)) {
+                neu = &r;
+                break;
+            }
+        }
+        if (!neu) return;
+        // A deferred process hides everything behind it in the snapshot for this pass.
+        if (k_.Später(neu->Name)) return;
+        Warnen(*neu);
+    } catch (...) {
+        // Any other error ends the routine without a message.
+    }
+}
+
+void Prozesse::Warnen(const ProcessRecord& r) {
+    Plattform& p = k_.P();
+    k_.Warnen(
+        Kategorie::Prozesse,
+        [&](Warnung& f) {
+            f.Picture3[3].Visible = false;
+            f.Label3[0].Visible = true;
+            f.Label3[1].Visible = true;
+            f.Label1[0].Caption = "Neuer Prozess im Speicher gefunden!";
+            f.ListView2.Add(r.Name).SmallIcon = 4;
+            f.ListView2.Add(r.Path).SmallIcon = 5;
+            std::string pfad = r.Path;
+            IcoHolen(p, pfad, f.picProcIcon);
+            holedaten(p, f, pfad);
+            f.ListView1.Items.at(4).SetSubItem(3, MitVorzeichenstelle(r.ProcessId));
+            f.ListView1.Items.at(5).SetSubItem(3, std::to_string(r.ThreadCount));
+            f.Modulscaption.Caption = MitVorzeichenstelle(r.ModuleCount);
+            if (r.ModuleCount > 0) {
+                f.Picture3[4].Visible = false;
+                for (std::int32_t m = 1; m <= r.ModuleCount; ++m)
+                    f.ListView3.Add(r.ModuleNames.at(m)).SetSubItem(1, r.ModulePaths.at(m));
+                f.Picture3[4].Visible = true;
+            }
+        },
+        Ton::Vorher);
+}
 
 }  // namespace kes

@@ -1,4 +1,7 @@
-// New processes: a running program whose path is not in the baseline and whose maker is not trusted.
+// New processes: a running program whose path is not in the baseline and whose maker is not
+// trusted. The baseline daten\prozesse.txt (name "#" path, written a line an entry, read
+// field by field) fills ListView6, the trusted makers of daten\Firma.txt fill List1, and
+// List2 holds what was allowed for this run only.
 #pragma once
 
 #include <array>
@@ -15,6 +18,8 @@ public:
 
     void LadeProzessFirmen();
     void LadeProzesse();
+    // Takes a fresh snapshot into the process table and warns of the first entry that is
+    // known neither by its path, nor by its maker, nor for this run.
     void TesteProzesse();
 
     ListView& ListView6;
@@ -22,7 +27,12 @@ public:
     ListBox& List2;
 
 private:
-    [[maybe_unused]] WächterKontext& k_;
+    bool Bekannt(const ProcessRecord& r, const std::string& hersteller) const;
+    void Warnen(const ProcessRecord& r);
+    WächterKontext& k_;
 };
+
+// A number as Str turns it into text: a leading blank where a minus would stand.
+std::string MitVorzeichenstelle(std::int32_t zahl);
 
 }  // namespace kes

@@ -1,9 +1,134 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/startseite.h"
+
+#include "platform/allefunktionen.h"
+#include "platform/hive_ocx.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void StartSeite::LadeStartPage() {}
-void StartSeite::TesteStartPage() {}
+namespace {
+constexpr const char* kHkcu = "HKEY_CURRENT_USER";
+constexpr const char* kHklm = "HKEY_LOCAL_MACHINE";
+constexpr const char* kMain = "Software\\Microsoft\\Internet Explorer\\Main";
+constexpr const char* kSearch = "Software\\Microsoft\\Internet Explorer\\Search";
+
+struct Wert {
+    const char* root;
+    const char* key;
+    const char* name;
+};
+
+// Row n is the saved start page n. Row 16 is named after the search host of the browser's
+// maker: the browser is Internet Explorer, so it is Microsoft's own search. Row 18 names
+// the key's default value by the empty text, which the registry layer takes as it takes
+// the assistant's one NUL character.
+constexpr Wert kWerte[19] = {
+    {kHkcu, kMain, "Start Page"},
+    {kHkcu, kMain, "Search Page"},
+    {kHkcu, kMain, "Local Page"},
+    {kHklm, kMain, "Start Page"},
+    {kHklm, kMain, "Search Page"},
+    {kHklm, kMain, "Local Page"},
+    {kHklm, kMain, "Default_Page_URL"},
+    {kHklm, kMain, "Default_Search_URL"},
+    {kHklm, kMain, "Search Bar"},
+    {kHkcu, kMain, "Default_Search_URL"},
+    {kHkcu, kMain, "Search Bar"},
+    {kHkcu, kSearch, "CustomizeSearch"},
+    {kHkcu, kSearch, "SearchAssistant"},
+    {kHklm, kSearch, "CustomizeSearch"},
+    {kHklm, kSearch, "SearchAssistant"},
+    {kHklm, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\SafeSites", "search.msn.com"},
+    {kHklm, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\URL\\Prefixes", "www"},
+    {kHklm, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\URL\\DefaultPrefix", ""},
+    {kHkcu, kMain, "Default_Page_URL"},
+};
+
+constexpr int kBild = 26;
+
+std::string Registrypfad(const ListItem& z) {
+    return z.Text + "\\" + z.SubItem(1) + "\\" + z.SubItem(2);
+}
+}  // namespace
+
+int StartSeitenHive(const std::string& root) {
+    if (root == kHklm) return 2;
+    if (root == kHkcu) return 1;
+    return -1;
+}
+
+void StartSeiteSchreiben(Plattform& p, int hive, const std::string& key, const std::string& name,
+                         const std::string& gespeichert) {
+    HiveOCX(p.registry).WriteValue(hive, key, name, gespeichert.empty() ? std::string(1, '\0') : gespeichert);
+}
+
+void StartSeite::LadeStartPage() {
+    ListView3.Columns = {"HKEY", "Subkey", "ValueKey", "Wert"};
+    ListView3.Items.clear();
+    for (std::size_t n = 1; n <= 19; ++n) {
+        const Wert& w = kWerte[n - 1];
+        ListItem& z = ListView3.Add(w.root);
+        z.SubItems = {w.key, w.name, k_.W().StartSeiten[n]};
+        z.SmallIcon = kBild;
+    }
+}
+
+void StartSeite::TesteStartPage() {
+    try {
+        HiveOCX hive(k_.P().registry);
+        // A read that fails leaves the text of the row before.
+        std::string aktuell;
+        for (std::size_t i = 1; i <= ListView3.Items.size(); ++i) {
+            const ListItem z = ListView3.Items[i - 1];
+            const int code = StartSeitenHive(z.Text);
+            if (code > 0) {
+                try {
+                    aktuell = hive.ReadValue(code, z.SubItem(1), z.SubItem(2));
+                } catch (...) {
+                }
+            }
+            const std::string gespeichert = k_.W().StartSeiten.at(i);
+            if (gespeichert == aktuell) continue;
+            if (k_.Box(9) != 1) {
+                // A deferred value hides the rows after it for as long as it stays different.
+                if (k_.Später(Registrypfad(z))) return;
+                Warnen(static_cast<int>(i), z, aktuell, gespeichert);
+                return;
+            }
+            Zurücksetzen(z, aktuell, gespeichert);
+        }
+    } catch (...) {
+        // The error trap ends the routine without a message.
+    }
+}
+
+// Neither the busy flag nor the timer changes: several rows may be put back in one pass.
+// A write that fails is not noticed; the next pass finds the difference again.
+void StartSeite::Zurücksetzen(const ListItem& z, const std::string& aktuell, const std::string& gespeichert) {
+    if (k_.W().Soundflag == 1) SoundSpielen(k_.P(), "AUTO");
+    const int code = StartSeitenHive(z.Text);
+    if (code > 0) StartSeiteSchreiben(k_.P(), code, z.SubItem(1), z.SubItem(2), gespeichert);
+    k_.Log("IExplorer " + z.SubItem(2) + " wurde geändert.", {"Registry: " + Registrypfad(z), "Wert: " + aktuell},
+           "< Zurückgesetzt auf " + gespeichert + " >");
+    if (k_.Box(7) == 1)
+        k_.Sprechblase("IExplorer " + z.SubItem(2) + " geändert!",
+                       "URL: " + aktuell + " wurde auf Original gesetzt: " + gespeichert,
+                       "IExplorer Startpage wurde geändert", "BLINKTRAY");
+}
+
+void StartSeite::Warnen(int i, const ListItem& z, const std::string& aktuell, const std::string& gespeichert) {
+    k_.Warnen(Kategorie::StartPage, [&](Warnung& f) {
+        for (int pane : {3, 1, 4, 2}) f.Picture3[pane].Visible = false;
+        f.Label1[0].Caption = "Registrierungsschlüssel des IExplorers wurde geändert.";
+        f.Label1[1].Caption = Registrypfad(z);
+        f.Text1[0].Text = z.Text;
+        f.Text1[1].Text = z.SubItem(1);
+        f.Text1[2].Text = z.SubItem(2);
+        f.Text1[3].Text = aktuell;
+        f.Text1[4].Text = gespeichert;
+        f.Text1[5].Text = std::to_string(i);
+        f.Label1[2].Caption = "Neuer Wert : " + aktuell + "        Original war: " + gespeichert;
+    });
+}
 
 }  // namespace kes

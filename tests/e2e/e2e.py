@@ -159,6 +159,8 @@ if __name__ == "__main__":
     import autostart  # noqa: F401
     import beenden  # noqa: F401
     import registry_waechter  # noqa: F401
+    import prozesse  # noqa: F401
+    import startseite  # noqa: F401
     import warnung  # noqa: F401
     import dauerlauf  # noqa: F401  # last: the longest
 

@@ -99,9 +99,12 @@ public:
 class FakeSound : public SoundApi {
 public:
     std::vector<std::string> gespielt;
+    // Runs as a sound plays, so a test can see what was already set at that moment.
+    std::function<void(const std::string&)> beimSpielen;
     bool PlayResource(const std::string& name, unsigned) override {
         if (name != "ALARM" && name != "AUTO") return false;
         gespielt.push_back(name);
+        if (beimSpielen) beimSpielen(name);
         return true;
     }
 };

@@ -97,11 +97,32 @@ TEST_F(Dateihilfen, SoundsAndShellCalls) {
     EXPECT_EQ(fp.shell.geöffnet[1], "|http://x/|");
 }
 
-TEST(Leser, LinesAndFields) {
+TEST(Leser, Lines) {
     EXPECT_EQ(ZeilenLesen("a\r\n\r\nb\rc"), (std::vector<std::string>{"a", "", "b", "c"}));
     EXPECT_EQ(ZeilenLesen("a\r\n"), (std::vector<std::string>{"a"}));
-    EXPECT_EQ(FelderLesen("eins,zwei\r\n\"mit, Komma\",drei\r\n"),
-              (std::vector<std::string>{"eins", "zwei", "mit, Komma", "drei"}));
+}
+
+using Felder = std::vector<std::string>;
+
+TEST(Feldleser, CommaAndLineEnd_BothEndAnEntry_QuotesGo) {
+    EXPECT_EQ(FelderLesen("eins,zwei\r\n\"mit, Komma\",drei\r\n"), (Felder{"eins", "zwei", "mit, Komma", "drei"}));
+    EXPECT_EQ(FelderLesen("\"a#C:\\X.EXE\"\r\nb#C:\\Y.EXE"), (Felder{"a#C:\\X.EXE", "b#C:\\Y.EXE"}))
+        << "a last line without its end still counts";
+    EXPECT_EQ(FelderLesen("  a  ,\tb\nc"), (Felder{"a", "b", "c"})) << "blanks around an entry go";
+}
+
+TEST(Feldleser, PathWithAComma_IsReadAsTwoBrokenEntries) {
+    EXPECT_EQ(FelderLesen("tool.exe#C:\\A,B\\TOOL.EXE\r\nx.exe#C:\\X.EXE\r\n"),
+              (Felder{"tool.exe#C:\\A", "B\\TOOL.EXE", "x.exe#C:\\X.EXE"}));
+    EXPECT_EQ(FelderLesen("a#C:\\1#2.EXE"), (Felder{"a#C:\\1#2.EXE"})) << "further # stay in the entry";
+}
+
+TEST(Feldleser, FirstEmptyEntry_EndsTheReading) {
+    EXPECT_EQ(FelderLesen("a\r\n\r\nb\r\n"), (Felder{"a"})) << "an empty line";
+    EXPECT_EQ(FelderLesen("a,,b"), (Felder{"a"})) << "two commas";
+    EXPECT_EQ(FelderLesen("a,\"\",b"), (Felder{"a"})) << "empty quotes";
+    EXPECT_EQ(FelderLesen("   \r\na"), (Felder{})) << "blanks only";
+    EXPECT_EQ(FelderLesen(""), (Felder{}));
 }
 
 TEST(ListeFärben, ColumnsAndRows) {

@@ -40,6 +40,9 @@ TEST_F(ErsterLauf, WritesEveryProcessButTheSystemsOwn_WithThePathsFound) {
               "explorer.exe#C:\\WINDOWS\\explorer.exe\r\n"
               "unbekannt.exe#\r\n"
               "system#\r\n");
+    ASSERT_EQ(prg.Prozesstabelle().Prozesse.size(), 7u) << "the baseline is taken from the program's one table";
+    EXPECT_EQ(prg.Prozesstabelle().Prozesse[3].Path, "C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe");
+    EXPECT_FALSE(prg.AlarmGeladen()) << "the assistant fills it before Alarm loads";
 }
 
 TEST_F(ErsterLauf, NoProcessesAtAll_LeavesAnEmptyFile) {

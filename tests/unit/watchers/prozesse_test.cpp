@@ -1,0 +1,209 @@
+// The process watcher: its two files, the compare by path, maker and this run's list, the
+// deferred first process, and what the warning shows of the process it found.
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+class NeueProzesse : public ProgrammTest {
+protected:
+    const std::string baseline = ordner + "daten\\prozesse.txt";
+    const std::string firmen = ordner + "daten\\Firma.txt";
+
+    void SetUp() override { Pfade(); }
+
+    fake::FakeProzess& Prozess(const std::string& name, std::uint32_t pid, const std::string& pfad) {
+        fake::FakeProzess p;
+        p.name = name;
+        p.pid = pid;
+        p.pfad = pfad;
+        fp.processes.prozesse.push_back(p);
+        return fp.processes.prozesse.back();
+    }
+    // A program file on disk with its maker in the version block.
+    void Programmdatei(const std::string& pfad, const std::string& firma) {
+        fp.files.Put(pfad, "MZ");
+        fake::FakeVersion v;
+        v.übersetzungen.push_back({});
+        v.übersetzungen[0].texte["CompanyName"] = firma;
+        fp.details.SetVersion(pfad, v);
+    }
+    Prozesse& W() { return prg.Alarm().prozesse; }
+    void Testen() { W().TesteProzesse(); }
+    // The process named in the open warning; "" when none is open.
+    std::string Gewarnt() {
+        if (!prg.Form3Geladen()) return "";
+        const auto& zeilen = prg.Form3().ListView2.Items;
+        return zeilen.empty() ? "?" : zeilen[0].Text;
+    }
+    std::vector<std::string> Pfade6() {
+        std::vector<std::string> t;
+        for (const auto& z : W().ListView6.Items) t.push_back(z.Text + "|" + z.SubItem(1));
+        return t;
+    }
+};
+
+TEST_F(NeueProzesse, Baseline_ReadFieldByField_NameBeforeTheFirstHash) {
+    fp.files.Put(baseline,
+                 "notepad.exe#C:\\WINDOWS\\SYSTEM32\\NOTEPAD.EXE\r\n"
+                 "\"quoted.exe#C:\\Q.EXE\"\r\n"
+                 "hash.exe#C:\\A#B\\HASH.EXE\r\n"
+                 "komma.exe#C:\\X,Y\\KOMMA.EXE\r\n"
+                 "\r\n"
+                 "danach.exe#C:\\DANACH.EXE\r\n");
+    W().LadeProzesse();
+    EXPECT_EQ(Pfade6(),
+              (std::vector<std::string>{"notepad.exe|C:\\WINDOWS\\SYSTEM32\\NOTEPAD.EXE", "quoted.exe|C:\\Q.EXE",
+                                        "hash.exe|C:\\A#B\\HASH.EXE", "komma.exe|C:\\X", "komma.exe|Y\\KOMMA.EXE"}))
+        << "a comma breaks a path, the empty line ends the reading";
+
+    fp.files.Delete(baseline);
+    W().LadeProzesse();
+    EXPECT_TRUE(W().ListView6.Items.empty()) << "no file: an empty list";
+}
+
+TEST_F(NeueProzesse, Makers_OneALineUpToTheFirstEmpty) {
+    fp.files.Put(firmen, "Microsoft Corporation\r\nHalvenik\r\n\r\nSpäter\r\n");
+    W().LadeProzessFirmen();
+    EXPECT_EQ(W().List1.Items, (std::vector<std::string>{"Microsoft Corporation", "Halvenik"}));
+    fp.files.Delete(firmen);
+    W().LadeProzessFirmen();
+    EXPECT_TRUE(W().List1.Items.empty());
+}
+
+TEST_F(NeueProzesse, SamePathTwice_BothKnown_ACopyElsewhere_Warns) {
+    fp.files.Put(baseline, "tool.exe#C:\\Programme\\Tool\\tool.exe\r\n");
+    Prozess("tool.exe", 100, "C:\\Programme\\Tool\\tool.exe");
+    Prozess("tool.exe", 101, "C:\\Programme\\Tool\\tool.exe");
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen()) << "a program started twice is known twice";
+
+    Prozess("tool.exe", 102, "C:\\Temp\\tool.exe");
+    Testen();
+    EXPECT_EQ(Gewarnt(), "tool.exe") << "only the path counts, not the name";
+    EXPECT_EQ(prg.Form3().Zeile2(), "C:\\TEMP\\TOOL.EXE");
+}
+
+TEST_F(NeueProzesse, PathCase_DoesNotCount) {
+    fp.files.Put(baseline, "notepad.exe#C:\\Windows\\Notepad.exe\r\n");
+    Prozess("notepad.exe", 100, "C:\\WINDOWS\\NOTEPAD.EXE");
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
+TEST_F(NeueProzesse, SystemNames_ComparedWithCase) {
+    fp.files.Put(baseline, "x.exe#C:\\X.EXE\r\n");
+    Prozess("[System Process]", 0, "");
+    Prozess("System", 4, "");
+    Prozess("System Idle Process", 5, "");
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen()) << "the system's own entries are passed over";
+
+    Prozess("system", 6, "");
+    Testen();
+    EXPECT_EQ(Gewarnt(), "system") << "\"system\" in lower case is an ordinary process";
+    EXPECT_EQ(prg.Form3().Zeile2(), "") << "its path stayed empty";
+}
+
+TEST_F(NeueProzesse, TrustedMaker_MatchesWithoutCase_OnAnyLineOfTheList) {
+    Programmdatei("C:\\Programme\\Neu\\neu.exe", "MICROSOFT CORPORATION");
+    fp.files.Put(firmen, "Microsoft Corporation\r\nAndere Firma\r\n");
+    Prozess("neu.exe", 100, "C:\\Programme\\Neu\\neu.exe");
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen());
+
+    Programmdatei("C:\\Programme\\Neu\\neu.exe", "Andere Firma");
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen()) << "a maker further down the list";
+}
+
+TEST_F(NeueProzesse, AllowedForThisRun_ByNameWithoutCase) {
+    Prozess("Einmal.EXE", 100, "C:\\Temp\\einmal.exe");
+    W().List2.Items = {"einmal.exe"};
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
+TEST_F(NeueProzesse, PathMissing_FoundInSystemWbemOrWindowsFolder) {
+    fp.files.Put("C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe", "MZ");
+    fp.files.Put(baseline, "wmiprvse.exe#C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe\r\n");
+    Prozess("wmiprvse.exe", 100, "").öffnenVerweigert = true;
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Prozesstabelle().Prozesse.at(0).Path, "C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe")
+        << "the table keeps the path found, for the actions";
+}
+
+TEST_F(NeueProzesse, DeferredFirstProcess_HidesTheRestOfThePass) {
+    Prozess("erster.exe", 100, "C:\\Temp\\erster.exe");
+    Prozess("zweiter.exe", 101, "C:\\Temp\\zweiter.exe");
+    prg.Alarm().List8.Items = {"erster.exe"};
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen()) << "the deferred name ends the pass";
+
+    fp.processes.prozesse.erase(fp.processes.prozesse.begin());
+    Testen();
+    EXPECT_EQ(Gewarnt(), "zweiter.exe") << "once it has ended, the next one is seen";
+}
+
+TEST_F(NeueProzesse, Warning_SoundFirst_DetailsWithIdAndThreads_AndTheModules) {
+    prg.Soundflag = 1;
+    prg.Alarm().Timer1.SetEnabled(true);
+    Programmdatei("C:\\Temp\\neu.exe", "Unbekannte Firma");
+    fake::FakeProzess& p = Prozess("neu.exe", 1234, "C:\\Temp\\neu.exe");
+    p.threads = 7;
+    p.module = {{"erster.dll", "C:\\Temp\\erster.dll"}, {"kernel32.dll", "C:\\WINDOWS\\system32\\kernel32.dll"}};
+    bool beschäftigtBeimTon = true;
+    fp.sound.beimSpielen = [&](const std::string&) { beschäftigtBeimTon = prg.Beschäftigt; };
+    Testen();
+    EXPECT_FALSE(beschäftigtBeimTon) << "the sound comes before the busy flag";
+
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_TRUE(prg.Beschäftigt);
+    EXPECT_FALSE(prg.Alarm().Timer1.Enabled());
+    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"ALARM"});
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::Prozesse);
+    Form3Fenster& f = prg.Form3();
+    EXPECT_EQ(f.Label1[0].Caption, "Neuer Prozess im Speicher gefunden!");
+    ASSERT_EQ(f.ListView2.Items.size(), 2u);
+    EXPECT_EQ(f.ListView2.Items[0].Text, "neu.exe");
+    EXPECT_EQ(f.ListView2.Items[0].SmallIcon, 4);
+    EXPECT_EQ(f.ListView2.Items[1].Text, "C:\\TEMP\\NEU.EXE");
+    EXPECT_EQ(f.ListView2.Items[1].SmallIcon, 5);
+    ASSERT_EQ(f.ListView1.Items.size(), 12u);
+    EXPECT_EQ(f.ListView1.Items[0].SubItem(1), "Unbekannte Firma");
+    EXPECT_EQ(f.ListView1.Items[4].SubItem(3), " 1234") << "the process ID keeps its leading blank";
+    EXPECT_EQ(f.ListView1.Items[5].SubItem(3), "7");
+    EXPECT_EQ(f.Modulscaption.Caption, " 1");
+    ASSERT_EQ(f.ListView3.Items.size(), 1u) << "the first stored module is not shown";
+    EXPECT_EQ(f.ListView3.Items[0].Text, "kernel32.dll");
+    EXPECT_EQ(f.ListView3.Items[0].SubItem(1), "C:\\WINDOWS\\SYSTEM32\\KERNEL32.DLL");
+    EXPECT_TRUE(f.Picture3[4].Visible);
+    EXPECT_FALSE(f.Picture3[3].Visible);
+    EXPECT_TRUE(f.Image[1].Visible);
+    EXPECT_TRUE(f.Image[2].Visible);
+    EXPECT_TRUE(f.Visible);
+}
+
+TEST_F(NeueProzesse, ProcessWithoutModules_ListsNone) {
+    Prozess("leer.exe", 50, "C:\\Temp\\leer.exe").modulWalkVerweigert = true;
+    Testen();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Form3().Modulscaption.Caption, "-1");
+    EXPECT_TRUE(prg.Form3().ListView3.Items.empty());
+}
+
+TEST_F(NeueProzesse, Warning_LeavesTheProgramsTableFilledForTheActions) {
+    Prozess("a.exe", 100, "C:\\A.EXE");
+    Prozess("b.exe", 101, "C:\\B.EXE");
+    fp.files.Put(baseline, "a.exe#C:\\A.EXE\r\n");
+    Testen();
+    ASSERT_EQ(Gewarnt(), "b.exe");
+    EXPECT_EQ(prg.Prozesstabelle().Prozesse.size(), 2u) << "the table stays filled for the warning's actions";
+    EXPECT_EQ(prg.Prozesstabelle().Prozesse[1].ProcessId, 101);
+}
+
+}  // namespace
+}  // namespace kes::test
