@@ -212,6 +212,17 @@ TEST_F(Ordner, Favorit_Warning_HidesTheListAndPanes_NamesInLabels) {
     EXPECT_TRUE(f.Image[1].Visible && f.Image[3].Visible);
 }
 
+TEST_F(Ordner, Favorit_BothFoldersNewInOneCycle_SecondPassFillsTheOpenWindowAgain) {
+    alarm().Box1[5].setValue(1);
+    fp.files.Put(kFavoriten + "\\a.url", "x");
+    fp.files.Put(kFavoriten + "\\Links\\b.url", "x");
+    alarm().Durchlauf();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Form3().Label1[1].Caption, kFavoriten + "\\Links\\");
+    EXPECT_EQ(prg.Form3().Label1[2].Caption, "b.url");
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::Favoriten);
+}
+
 TEST_F(Ordner, Favorit_KnownInAnyCase_DesktopIni_MissingLinksFolder_StaySilent) {
     fp.files.Put(kFavoriten + "\\Neue Seite.URL", "x");
     fp.files.Put(kFavoriten + "\\DESKTOP.ini", "x");

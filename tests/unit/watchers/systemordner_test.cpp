@@ -192,6 +192,19 @@ TEST_F(Systemordner, ExceptionFile_ReadUntilTheFirstEmptyLine_MissingLeavesTheLi
     EXPECT_EQ(alarm().List5.Items, std::vector<std::string>{kWin + "a.exe"});
 }
 
+TEST_F(Systemordner, LongSearch_YieldsNowAndThen_NotAtEveryCompare) {
+    for (int i = 0; i < 1000; ++i) fp.files.Put(kSys + "f" + std::to_string(1000 + i) + ".dll", "MZ");
+    w().LadeWindowsSys32();
+    fp.files.Delete(kSys + "f1000.dll");  // near the top: the search goes through nearly all rows
+    const int vorher = fp.timers.pumpen;
+    w().TesteWindowsSystem32Gelöscht();
+    ASSERT_TRUE(prg.Form3Geladen());
+    const int dateien = 1001;                                         // the two of the set-up and 999 of these
+    const int suche = fp.timers.pumpen - vorher - (1 + 2 * dateien);  // less the walk's own
+    EXPECT_GE(suche, 1) << "a search over a thousand rows lets the windows live";
+    EXPECT_LE(suche, 50);
+}
+
 TEST_F(Systemordner, Ausnahmeliste_AddsThePathWritesTheFileLogsAndCloses) {
     alarm().List5.Items = {kWin + "alt.exe"};
     fp.files.Put(kWin + "neu.exe", "MZ");
