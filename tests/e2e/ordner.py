@@ -1,6 +1,10 @@
 """End-to-end tests of the folder watchers: a file in the user's Startup folder removed at
 once with its balloon and log line, a file created in the system folder warned of and
-deleted through "Datei löschen", and a new favourite accepted into daten\\favoriten.txt."""
+deleted through "Datei löschen", and a new favourite accepted into daten\\favoriten.txt.
+
+The system folder test at XP scale: a build folder that holds copies of Kestrella.exe,
+kestrella-dat.exe and tests/e2e/kd*.* beside an e2e-prefix made by xp-machine.py, then
+`e2e.py --build THAT_FOLDER -k system32`."""
 
 import glob
 import os
