@@ -51,4 +51,9 @@ std::int16_t IntervallAusStufe(std::int16_t stufe) {
     return static_cast<std::int16_t>(static_cast<std::uint16_t>(stufe * 1000));
 }
 
+std::string ListBox::Text() const {
+    if (ListIndex < 0 || ListIndex >= static_cast<int>(Items.size())) return "";
+    return Items[static_cast<std::size_t>(ListIndex)];
+}
+
 }  // namespace kes

@@ -54,6 +54,7 @@ struct MenuItem {
 
 struct ListItem {
     std::string Text;
+    bool Selected = false;
     std::vector<std::string> SubItems;  // SubItems[0] is column 2
     std::vector<long> ForeColors;       // [0] the item, [n] sub-item n; missing means the list's colour
 
@@ -75,6 +76,10 @@ struct ListView {
 struct ListBox {
     std::vector<std::string> Items;
     bool Visible = true;
+    int ListIndex = -1;  // the selected line, -1 for none
+
+    // The selected line's text; "" when none is selected.
+    std::string Text() const;
 };
 
 // A window timer. Enabling or changing the interval restarts it, as window timers do.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 #include "fake_file_details.h"
@@ -33,7 +34,11 @@ public:
     std::string CommandLine() override { return kommandozeile; }
     std::string ShortDate() override { return datum; }
     std::string ShortTime() override { return zeit; }
-    Zahlenformat NumberFormat() override { return format; }
+    bool formatFehlt = false;  // the locale cannot be read: the call fails
+    Zahlenformat NumberFormat() override {
+        if (formatFehlt) throw std::runtime_error("GetLocaleInfoA");
+        return format;
+    }
     bool PreviousInstance() override { return vorherigeInstanz; }
     void Sleep(int ms) override { geschlafen += ms; }
     int ScreenWidth() override { return 1024; }

@@ -61,6 +61,15 @@ TEST_F(WeitereAktionen, HostsOriginal_OpensItsMenuAndWritesTheChosenFile) {
     EXPECT_EQ(prg.Hostsgrösse, 31);
 }
 
+TEST_F(WeitereAktionen, HalvenikHostsWithoutTheProgramsOwnFile_KeepsSizeAndHostsFile) {
+    fp.files.Put(hostsPfad, "127.0.0.1 localhost\r\n");
+    prg.Hostsgrösse = 21;
+    Warnung(Kategorie::HostsDatei).host1_Click(1);
+    EXPECT_EQ(prg.Hostsgrösse, 21) << "a length that cannot be read leaves the saved size";
+    EXPECT_EQ(fp.files.Content(hostsPfad), "127.0.0.1 localhost\r\n") << "nothing replaces it, so it stays";
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
 TEST_F(WeitereAktionen, HostsOpen_StartsNotepadAndKeepsTheWarning) {
     Form3Fenster& f = Warnung(Kategorie::HostsDatei);
     f.Image_Click(9);

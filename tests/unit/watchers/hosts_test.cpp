@@ -57,6 +57,22 @@ TEST_F(Hosts, ChangedSize_RaisesTheWarningAndStopsTheCycle) {
     EXPECT_EQ(prg.Hostsgrösse, 734) << "the baseline moves only by the user's action";
 }
 
+TEST_F(Hosts, StepFailingHalfway_IsPassedOverAndTheWindowStillShows) {
+    prg.Hostsgrösse = 734;
+    fp.files.Put(hostsPfad, "x");
+    fp.system.formatFehlt = true;
+    prg.Alarm().hosts.TesteHosts();
+
+    ASSERT_TRUE(prg.Form3Geladen());
+    const Form3Fenster& f = prg.Form3();
+    EXPECT_TRUE(f.Visible) << "a warning that never shows would stop the watch for the rest of the run";
+    EXPECT_EQ(f.Label1[1].Caption, hostsPfad);
+    EXPECT_EQ(f.Label1[2].Caption, "") << "the size line failed";
+    EXPECT_EQ(f.Text1[0].Text, hostsPfad) << "the steps after the failing one still run";
+    prg.Form3Entladen();
+    EXPECT_FALSE(prg.Beschäftigt) << "closing it restarts the cycle";
+}
+
 TEST_F(Hosts, MissingFileAgainstABaseline_ShowsZeroBytesAndNoSoundWhenMuted) {
     prg.Hostsgrösse = 2048;
     prg.Alarm().hosts.TesteHosts();

@@ -1,0 +1,341 @@
+#include "panel/ausnahmelisten.h"
+
+#include "common/fehler.h"
+#include "platform/allefunktionen.h"
+#include "platform/liste_schreiben.h"
+
+namespace kes {
+
+namespace {
+using L = Ausnahmeliste;
+
+struct Art {
+    const char* menü;
+    std::vector<const char*> einträge;  // design captions; "" where the caption is set before each opening
+    int löschEintrag;                   // the entry that deletes the selected row and gets the caption
+    const char* schwanz;                // the caption's tail behind the quoted text
+};
+
+const Art& ArtVon(L liste) {
+    static const Art kArten[kAusnahmelistenAnzahl] = {
+        {"Prozess", {""}, 0, " Eintrag löschen"},
+        {"ProzessListview6", {"Löschen"}, 0, " Eintrag löschen"},
+        {"LöschFavoriten", {""}, 0, " Eintrag löschen"},
+        {"löschedfü", {"Info zur DFÜ-Verbindung", "lösche"}, 1, " --> Eintrag aus der Liste löschen"},
+        {"LöscheAutostartordner", {"lösche"}, 0, " Eintrag löschen"},
+        {"löscheRegistry", {""}, 0, " --> Eintrag löschen"},
+        {"Löschewindows", {"lösche"}, 0, " Eintrag löschen"},
+        {"spä", {"Markierten Eintrag löschen", "Alle aus der Liste löschen"}, 0, " ---> Eintrag löschen"},
+        {"bho", {"bholöschen"}, 0, " --> Eintrag aus der Liste löschen"},
+        {"löscheactivex", {"löschen"}, 0, " --> Eintrag löschen"},
+        {"shellservice", {"löschen"}, 0, " --> Eintrag aus der Liste löschen"},
+        {"taskscheduler", {"löschen"}, 0, " --> Eintrag aus der Liste löschen"},
+        {"searchhook", {"löschen"}, 0, " ---> Eintrag löschen"},
+        {"dienst2", {"Alle Einträge aus der liste entfernen", "löschen"}, 1, " ---> Eintrag löschen"},
+        {"dienst", {"", "Alle Dienste aus der Liste entfernen"}, 0, " --> Eintrag aus der Liste löschen"},
+        {"Toolbarlöschen1", {"Toolbarlöschen"}, 0, " --> Eintrag aus der Liste löschen"},
+    };
+    return kArten[static_cast<int>(liste)];
+}
+
+// The first selected row of a list view, searched from the top; nullptr for none.
+const ListItem* ErsteMarkierte(const ListView& l) {
+    for (const auto& z : l.Items)
+        if (z.Selected) return &z;
+    return nullptr;
+}
+
+std::vector<std::string> Texte(const ListBox& l) {
+    return l.Items;
+}
+std::vector<std::string> Texte(const ListView& l) {
+    std::vector<std::string> t;
+    for (const auto& z : l.Items) t.push_back(z.Text);
+    return t;
+}
+std::vector<std::string> Paare(const ListView& l, const char* trenner) {
+    std::vector<std::string> t;
+    for (const auto& z : l.Items) t.push_back(z.Text + trenner + z.SubItem(1));
+    return t;
+}
+
+// The count label of the service page.
+std::string Einträge(std::size_t n) {
+    return "Ausnahmen:   [Einträge: " + std::to_string(n) + "]";
+}
+}  // namespace
+
+Ausnahmelisten::Ausnahmelisten(PanelKontext& k, AlarmDaten& a) : k_(k), a_(a) {
+    for (int i = 0; i < kAusnahmelistenAnzahl; ++i) {
+        const Art& art = ArtVon(static_cast<L>(i));
+        menüs_[static_cast<std::size_t>(i)].Name = art.menü;
+        for (const char* c : art.einträge) menüs_[static_cast<std::size_t>(i)].Einträge.push_back(MenuItem{c});
+    }
+}
+
+std::string Ausnahmelisten::GezeigterText(Ausnahmeliste liste) const {
+    auto markiert = [](const ListView& l) {
+        const ListItem* z = ErsteMarkierte(l);
+        return z ? z->Text : std::string();
+    };
+    switch (liste) {
+        case L::List1:
+            return a_.List1.Text();
+        case L::List4:
+            return a_.List4.Text();
+        case L::List3:
+            return a_.List3.Text();
+        case L::List5:
+            return a_.List5.Text();
+        case L::List8:
+            return a_.List8.Text();
+        case L::List6:
+            return a_.List6.Text();
+        case L::List9:
+            return a_.List9.Text();
+        case L::List10:
+            return a_.List10.Text();
+        case L::ListView6:
+            return markiert(a_.ListView6);
+        case L::ListView8:
+            return markiert(a_.ListView8);
+        case L::ListView9:
+            return markiert(a_.ListView9);
+        case L::ListView10:
+            return markiert(a_.ListView10);
+        case L::ListView11:
+            return markiert(a_.ListView11);
+        case L::ListView12:
+            return markiert(a_.ListView12);
+        case L::ListView2: {
+            const ListItem* z = ErsteMarkierte(a_.ListView2);
+            return z ? z->Text + "\" Nummer: " + z->SubItem(1) : std::string("\" Nummer: ");
+        }
+        case L::ListView1: {
+            // The user reads a row number here, not the entry.
+            for (std::size_t i = 0; i < a_.ListView1.Items.size(); ++i)
+                if (a_.ListView1.Items[i].Selected) return std::to_string(i + 1);
+            return "0";
+        }
+    }
+    return "";
+}
+
+void Ausnahmelisten::MausLos(Ausnahmeliste liste) {
+    bool leer = false;
+    switch (liste) {
+        case L::List1:
+            leer = a_.List1.Items.empty();
+            break;
+        case L::List4:
+            leer = a_.List4.Items.empty();
+            break;
+        case L::List3:
+            leer = a_.List3.Items.empty();
+            break;
+        case L::List5:
+            leer = a_.List5.Items.empty();
+            break;
+        case L::List8:
+            leer = a_.List8.Items.empty();
+            break;
+        case L::List6:
+            leer = a_.List6.Items.empty();
+            break;
+        case L::List9:
+            leer = a_.List9.Items.empty();
+            break;
+        case L::List10:
+            leer = a_.List10.Items.empty();
+            break;
+        case L::ListView6:
+            leer = a_.ListView6.Items.empty();
+            break;
+        case L::ListView2:
+            leer = a_.ListView2.Items.empty();
+            break;
+        case L::ListView1:
+            leer = a_.ListView1.Items.empty();
+            break;
+        case L::ListView8:
+            leer = a_.ListView8.Items.empty();
+            break;
+        case L::ListView9:
+            leer = a_.ListView9.Items.empty();
+            break;
+        case L::ListView10:
+            leer = a_.ListView10.Items.empty();
+            break;
+        case L::ListView11:
+            leer = a_.ListView11.Items.empty();
+            break;
+        case L::ListView12:
+            leer = a_.ListView12.Items.empty();
+            break;
+    }
+    if (leer) return;
+    const Art& art = ArtVon(liste);
+    Menü(liste).Einträge[static_cast<std::size_t>(art.löschEintrag)].Caption =
+        "\"" + GezeigterText(liste) + "\"" + art.schwanz;
+    Popup = liste;
+}
+
+void Ausnahmelisten::MarkierteEntfernen(ListView& liste) {
+    for (std::size_t i = liste.Items.size(); i-- > 0;)
+        if (liste.Items[i].Selected) liste.Items.erase(liste.Items.begin() + static_cast<std::ptrdiff_t>(i));
+}
+
+bool Ausnahmelisten::ZeileEntfernen(ListBox& liste) {
+    if (liste.ListIndex < 0 || liste.ListIndex >= static_cast<int>(liste.Items.size())) return false;
+    liste.Items.erase(liste.Items.begin() + liste.ListIndex);
+    liste.ListIndex = -1;
+    return true;
+}
+
+void Ausnahmelisten::ZeilenSchreiben(const std::string& datei, const std::vector<std::string>& zeilen) {
+    ListeSchreiben(k_.P(), k_.W().Programmordner, datei, zeilen);
+}
+
+void Ausnahmelisten::AbschnitteLöschen(ListView& liste, const std::string& datei, int spalte) {
+    const std::string pfad = k_.W().Programmordner + datei;
+    // The other sections keep their numbers: the readers go through gaps.
+    for (std::size_t i = liste.Items.size(); i-- > 0;) {
+        if (!liste.Items[i].Selected) continue;
+        k_.P().profiles.WriteString(liste.Items[i].SubItem(static_cast<std::size_t>(spalte)), std::nullopt, "", pfad);
+        liste.Items.erase(liste.Items.begin() + static_cast<std::ptrdiff_t>(i));
+    }
+}
+
+void Ausnahmelisten::DiensteZählen() {
+    a_.ww[19].Caption = Einträge(a_.ListView11.Items.size());
+}
+
+void Ausnahmelisten::Fehlermeldung(const std::string& routine, int nummer) {
+    k_.P().dialogs.ShowMessage("(Alarm, " + routine + ") Fehler: " + std::to_string(nummer), "", kMbOk);
+}
+
+void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
+    Plattform& p = k_.P();
+    const std::string& ordner = k_.W().Programmordner;
+    // Where errors pass over, the routine goes on as if nothing had failed.
+    auto übergehen = [](auto&& tun) {
+        try {
+            tun();
+        } catch (...) {
+        }
+    };
+    // Where they are not caught, the routine stops with a message instead of ending the program.
+    auto gemeldet = [&](const char* routine, auto&& tun) {
+        try {
+            tun();
+        } catch (const Fehler& f) {
+            Fehlermeldung(routine, f.Nummer());
+        } catch (const std::exception&) {
+            Fehlermeldung(routine, 5);
+        }
+    };
+    switch (liste) {
+        case L::List1:
+            if (!ZeileEntfernen(a_.List1)) return;
+            übergehen([&] { ZeilenSchreiben("daten\\Firma.txt", Texte(a_.List1)); });
+            a_.prozesse.LadeProzessFirmen();
+            break;
+        case L::ListView6:
+            gemeldet("Pro1_Click", [&] {
+                MarkierteEntfernen(a_.ListView6);
+                ZeilenSchreiben("daten\\prozesse.txt", Paare(a_.ListView6, "#"));
+                a_.prozesse.LadeProzesse();
+            });
+            break;
+        case L::List4:
+            gemeldet("LöscheFavoriten_Click", [&] {
+                ZeileEntfernen(a_.List4);
+                ZeilenSchreiben("daten\\favoriten.txt", Texte(a_.List4));
+            });
+            break;
+        case L::ListView2:
+            if (index != 1) break;  // "Info zur DFÜ-Verbindung" opens the phone book's editor
+            for (std::size_t i = 0; i < a_.ListView2.Items.size(); ++i) {
+                if (!a_.ListView2.Items[i].Selected) continue;
+                a_.ListView2.Items.erase(a_.ListView2.Items.begin() + static_cast<std::ptrdiff_t>(i));
+                break;
+            }
+            übergehen([&] { ZeilenSchreiben("daten\\0190.txt", Paare(a_.ListView2, "€")); });
+            a_.dfü.LadeDFÜ();
+            break;
+        case L::List3:
+            if (!ZeileEntfernen(a_.List3)) return;
+            gemeldet("LöscheAutostartordner1_Click", [&] { ZeilenSchreiben("daten\\Autostart.txt", Texte(a_.List3)); });
+            break;
+        case L::ListView1:
+            gemeldet("löscheRegistry1_Click", [&] {
+                MarkierteEntfernen(a_.ListView1);
+                ZeilenSchreiben("daten\\AutostartREG.txt", Texte(a_.ListView1));
+            });
+            break;
+        case L::List5:
+            ZeileEntfernen(a_.List5);
+            übergehen([&] { ZeilenSchreiben("daten\\windows.txt", Texte(a_.List5)); });
+            break;
+        case L::List8:
+            // Memory only: the file system is not involved.
+            if (index == 0)
+                ZeileEntfernen(a_.List8);
+            else
+                a_.List8.Items.clear();
+            break;
+        case L::ListView8:
+            übergehen([&] { AbschnitteLöschen(a_.ListView8, "daten\\bho.ini", 12); });
+            break;
+        case L::List6:
+            ZeileEntfernen(a_.List6);
+            übergehen([&] { ZeilenSchreiben("daten\\activex.txt", Texte(a_.List6)); });
+            break;
+        case L::ListView9:
+            übergehen([&] { AbschnitteLöschen(a_.ListView9, "daten\\shellservice.ini", 12); });
+            break;
+        case L::ListView10:
+            übergehen([&] { AbschnitteLöschen(a_.ListView10, "daten\\taskscheduler.ini", 12); });
+            break;
+        case L::List9:
+            // The whole list goes, whichever line was chosen.
+            a_.List9.Items.clear();
+            a_.List9.ListIndex = -1;
+            übergehen([&] {
+                if (DateiVorhanden(p, ordner + "daten\\URLSearchHook.txt"))
+                    p.files.Delete(ordner + "daten\\URLSearchHook.txt");
+            });
+            break;
+        case L::List10:
+            if (index == 0) {
+                a_.List10.Items.clear();
+                a_.List10.ListIndex = -1;
+                übergehen([&] {
+                    if (DateiVorhanden(p, ordner + "daten\\dienstefirmen.txt"))
+                        p.files.Delete(ordner + "daten\\dienstefirmen.txt");
+                });
+            } else {
+                ZeileEntfernen(a_.List10);
+                übergehen([&] { ZeilenSchreiben("daten\\dienstefirmen.txt", Texte(a_.List10)); });
+                a_.dienste.LadeDiensteHersteller();
+            }
+            break;
+        case L::ListView11:
+            if (index == 0) {
+                übergehen([&] { AbschnitteLöschen(a_.ListView11, "daten\\dienste.ini", 14); });
+            } else {
+                a_.ListView11.Items.clear();
+                übergehen([&] { p.files.Delete(ordner + "daten\\dienste.ini"); });
+            }
+            DiensteZählen();
+            break;
+        case L::ListView12:
+            gemeldet("Toolbarlöschen11_Click", [&] {
+                MarkierteEntfernen(a_.ListView12);
+                ZeilenSchreiben("daten\\V_seiten.txt", Texte(a_.ListView12));
+            });
+            break;
+    }
+}
+
+}  // namespace kes

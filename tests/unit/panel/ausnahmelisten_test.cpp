@@ -1,0 +1,170 @@
+// The lists of the control panel: the caption of the context menu as each list builds it,
+// and the three ways a deletion reaches the file: the line lists written anew, the ini
+// sections removed one by one, the list that goes whole; and the deferred list in memory.
+#include "panel/ausnahmelisten.h"
+#include "programm_test_basis.h"
+
+namespace kes::test {
+namespace {
+
+using L = Ausnahmeliste;
+
+class Ausnahmen : public ProgrammTest {
+protected:
+    void SetUp() override { Pfade(); }
+    AlarmDaten& a() { return prg.Alarm(); }
+    Ausnahmelisten listen{prg, prg.Alarm()};
+    std::string Datei(const std::string& name) { return fp.files.Content(ordner + "daten\\" + name); }
+    ListItem& Zeile(ListView& l, const std::string& text, const std::string& sub1 = "") {
+        ListItem& z = l.Add(text);
+        if (!sub1.empty()) z.SetSubItem(1, sub1);
+        return z;
+    }
+    std::string Beschriftung(L l, int eintrag = 0) { return listen.Menü(l).Einträge[eintrag].Caption; }
+};
+
+TEST_F(Ausnahmen, EmptyList_OpensNoMenu) {
+    listen.MausLos(L::List4);
+    listen.MausLos(L::ListView12);
+    EXPECT_FALSE(listen.Popup.has_value());
+}
+
+TEST_F(Ausnahmen, Captions_QuoteTheSelectionWithEachListsTail) {
+    a().List4.Items = {"Eins.url", "Zwei.url"};
+    a().List4.ListIndex = 1;
+    listen.MausLos(L::List4);
+    EXPECT_EQ(listen.Popup, L::List4);
+    EXPECT_EQ(Beschriftung(L::List4), "\"Zwei.url\" Eintrag löschen");
+
+    Zeile(a().ListView6, "a.exe", "C:\\a.exe");
+    Zeile(a().ListView6, "b.exe", "C:\\b.exe").Selected = true;
+    Zeile(a().ListView6, "c.exe", "C:\\c.exe").Selected = true;
+    listen.MausLos(L::ListView6);
+    EXPECT_EQ(Beschriftung(L::ListView6), "\"b.exe\" Eintrag löschen") << "the first selected, from the top";
+
+    Zeile(a().ListView2, "Anbieter", "0190123").Selected = true;
+    listen.MausLos(L::ListView2);
+    EXPECT_EQ(Beschriftung(L::ListView2, 0), "Info zur DFÜ-Verbindung");
+    EXPECT_EQ(Beschriftung(L::ListView2, 1), "\"Anbieter\" Nummer: 0190123\" --> Eintrag aus der Liste löschen");
+
+    Zeile(a().ListView1, "HKEY_CURRENT_USER\\Run\\A\\a.exe");
+    Zeile(a().ListView1, "HKEY_CURRENT_USER\\Run\\B\\b.exe").Selected = true;
+    listen.MausLos(L::ListView1);
+    EXPECT_EQ(Beschriftung(L::ListView1), "\"2\" --> Eintrag löschen") << "a row number, not the entry";
+
+    EXPECT_EQ(Beschriftung(L::ListView8), "bholöschen") << "the design caption until the first opening";
+    Zeile(a().ListView8, "c:\\bho.dll").Selected = true;
+    listen.MausLos(L::ListView8);
+    EXPECT_EQ(Beschriftung(L::ListView8), "\"c:\\bho.dll\" --> Eintrag aus der Liste löschen");
+
+    a().List10.Items = {"Firma"};
+    a().List10.ListIndex = 0;
+    listen.MausLos(L::List10);
+    EXPECT_EQ(Beschriftung(L::List10, 0), "Alle Einträge aus der liste entfernen");
+    EXPECT_EQ(Beschriftung(L::List10, 1), "\"Firma\" ---> Eintrag löschen");
+}
+
+TEST_F(Ausnahmen, LineList_SelectedRowsGo_TheFileIsWrittenAnewFromTheList) {
+    Zeile(a().ListView6, "a.exe", "C:\\a.exe");
+    Zeile(a().ListView6, "b.exe", "C:\\b.exe").Selected = true;
+    Zeile(a().ListView6, "c.exe", "C:\\c,d.exe").Selected = true;
+    Zeile(a().ListView6, "e.exe", "C:\\e.exe");
+    listen.MenüKlick(L::ListView6, 0);
+    EXPECT_EQ(Datei("prozesse.txt"), "a.exe#C:\\a.exe\r\ne.exe#C:\\e.exe\r\n");
+
+    a().ListView2.Items.clear();
+    Zeile(a().ListView2, "Eins", "0190111");
+    Zeile(a().ListView2, "Zwei", "0190222").Selected = true;
+    listen.MenüKlick(L::ListView2, 1);
+    EXPECT_EQ(Datei("0190.txt"),
+              "Eins\x80"
+              "0190111\r\n")
+        << "the euro sign as its one byte of code page 1252";
+}
+
+TEST_F(Ausnahmen, LastRowDeleted_LeavesAnEmptyFileNotAMissingOne) {
+    fp.files.Put(ordner + "daten\\Autostart.txt", "tool.lnk\r\n");
+    a().List3.Items = {"tool.lnk"};
+    a().List3.ListIndex = 0;
+    listen.MenüKlick(L::List3, 0);
+    EXPECT_TRUE(a().List3.Items.empty());
+    EXPECT_TRUE(fp.files.Exists(ordner + "daten\\Autostart.txt"));
+    EXPECT_EQ(Datei("Autostart.txt"), "");
+}
+
+TEST_F(Ausnahmen, NothingSelected_InAGuardedList_ChangesNothing) {
+    fp.files.Put(ordner + "daten\\Firma.txt", "Microsoft Corporation\r\n");
+    a().List1.Items = {"Microsoft Corporation"};
+    listen.MenüKlick(L::List1, 0);
+    EXPECT_EQ(a().List1.Items.size(), 1u);
+    EXPECT_EQ(Datei("Firma.txt"), "Microsoft Corporation\r\n");
+}
+
+TEST_F(Ausnahmen, SectionList_RemovesTheWholeSection_OtherNumbersStay) {
+    const std::string ini = ordner + "daten\\bho.ini";
+    fp.files.Put(ini,
+                 "[1]\r\nPfad=c:\\a.dll\r\nClisd={A}\r\n[2]\r\nPfad=c:\\b.dll\r\nClisd={B}\r\n[3]\r\nPfad=c:\\c.dll\r\n"
+                 "Clisd={C}\r\n");
+    for (const char* n : {"1", "2", "3"}) Zeile(a().ListView8, n).SetSubItem(12, n);
+    a().ListView8.Items[1].Selected = true;
+    listen.MenüKlick(L::ListView8, 0);
+    EXPECT_EQ(a().ListView8.Items.size(), 2u);
+    EXPECT_EQ(fp.profiles.GetString("2", "Clisd", "", ini), "") << "the section is gone";
+    EXPECT_EQ(fp.profiles.GetString("1", "Clisd", "", ini), "{A}");
+    EXPECT_EQ(fp.profiles.GetString("3", "Clisd", "", ini), "{C}") << "no renumbering";
+}
+
+TEST_F(Ausnahmen, ServiceList_BothEntriesRecountTheLabel) {
+    const std::string ini = ordner + "daten\\dienste.ini";
+    fp.files.Put(ini, "[1]\r\nDienst=A\r\n[2]\r\nDienst=B\r\n");
+    Zeile(a().ListView11, "A").SetSubItem(14, "1");
+    Zeile(a().ListView11, "B").SetSubItem(14, "2");
+    a().ListView11.Items[0].Selected = true;
+    listen.MenüKlick(L::ListView11, 0);
+    EXPECT_EQ(fp.profiles.GetString("1", "Dienst", "", ini), "");
+    EXPECT_EQ(fp.profiles.GetString("2", "Dienst", "", ini), "B");
+    EXPECT_EQ(a().ww[19].Caption, "Ausnahmen:   [Einträge: 1]");
+    listen.MenüKlick(L::ListView11, 1);
+    EXPECT_FALSE(fp.files.Exists(ini));
+    EXPECT_EQ(a().ww[19].Caption, "Ausnahmen:   [Einträge: 0]");
+}
+
+TEST_F(Ausnahmen, SearchHooks_GoWholeWhicheverLineWasChosen) {
+    fp.files.Put(ordner + "daten\\URLSearchHook.txt", "{1}\r\n{2}\r\n{3}\r\n{4}\r\n{5}\r\n");
+    a().List9.Items = {"{1}", "{2}", "{3}", "{4}", "{5}"};
+    a().List9.ListIndex = 2;
+    listen.MenüKlick(L::List9, 0);
+    EXPECT_TRUE(a().List9.Items.empty());
+    EXPECT_FALSE(fp.files.Exists(ordner + "daten\\URLSearchHook.txt"));
+}
+
+TEST_F(Ausnahmen, DeferredList_LivesInMemoryOnly) {
+    a().List8.Items = {"a", "b", "c"};
+    a().List8.ListIndex = 1;
+    listen.MenüKlick(L::List8, 0);
+    EXPECT_EQ(a().List8.Items, (std::vector<std::string>{"a", "c"}));
+    listen.MenüKlick(L::List8, 1);
+    EXPECT_TRUE(a().List8.Items.empty());
+    EXPECT_TRUE(fp.dialogs.meldungen.empty());
+}
+
+TEST_F(Ausnahmen, FileThatCannotBeWritten_StopsWithAMessageOnlyWhereErrorsAreNotCaught) {
+    fp.files.Put(ordner + "daten\\favoriten.txt", "a.url\r\nb.url\r\n");
+    fp.files.Lock(ordner + "daten\\favoriten.txt");
+    a().List4.Items = {"a.url", "b.url"};
+    a().List4.ListIndex = 0;
+    listen.MenüKlick(L::List4, 0);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Alarm, LöscheFavoriten_Click) Fehler: 75");
+
+    fp.files.Put(ordner + "daten\\windows.txt", "C:\\WINDOWS\\a.dll\r\n");
+    fp.files.Lock(ordner + "daten\\windows.txt");
+    a().List5.Items = {"C:\\WINDOWS\\a.dll"};
+    a().List5.ListIndex = 0;
+    listen.MenüKlick(L::List5, 0);
+    EXPECT_EQ(fp.dialogs.meldungen.size(), 1u) << "the exception list passes the error over";
+    EXPECT_TRUE(a().List5.Items.empty());
+}
+
+}  // namespace
+}  // namespace kes::test
