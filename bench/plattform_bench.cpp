@@ -48,28 +48,26 @@ int main(int argc, char** argv) {
     const int runden = argc > 1 ? std::max(1, std::atoi(argv[1])) : 20;
     win32::EchtePlattform echt;
     Plattform& p = echt.plattform;
-    std::string kategorie;
-    ListView liste33;
-    Registry reg(p, kategorie, &liste33);
+    Registry reg(p);
     HiveOCX hive(p.registry);
 
     std::printf("%d rounds each\n", runden);
     Messen("run keys of HKCU, HKLM and HKEY_USERS", runden, [&] {
-        kategorie = "AutostartRegistry";
-        liste33.Items.clear();
+        // The rows the autostart watcher lists, counted as they come.
+        std::size_t zeilen = 0;
+        const auto zählen = [&](const WertDaten&) { ++zeilen; };
         for (RegHandle root : {kHkeyCurrentUser, kHkeyLocalMachine})
-            for (const char* platz : kPlätze) reg.GetValueList(root, platz);
+            for (const char* platz : kPlätze) reg.GetValueList(root, platz, zählen);
         for (const std::string& nutzer : ListSubkeys(p, kHkeyUsers, "")) {
             if (nutzer.empty()) continue;
             for (const char* platz : kPlätze) {
                 const std::string pfad = nutzer + "\\" + platz;
-                if (hive.KeyExists(3, pfad)) reg.GetValueList(kHkeyUsers, pfad);
+                if (hive.KeyExists(3, pfad)) reg.GetValueList(kHkeyUsers, pfad, zählen);
             }
         }
-        return liste33.Items.size();
+        return zeilen;
     });
     Messen("services key (GetSubkeys)", runden, [&] {
-        kategorie = "Dienste";
         const auto namen = reg.GetSubkeys(kHkeyLocalMachine, "SYSTEM\\CurrentControlSet\\Services");
         return namen.empty() ? 0 : namen.size() - 1;  // less the entry of the failing call
     });

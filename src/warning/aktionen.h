@@ -72,4 +72,11 @@ void ShellBefehlOriginal(Form3Fenster& f);  // Image8 of "HtaFile"
 void SperreFreigeben(Form3Fenster& f);      // Image8 of "RegeditDeaktiviert", "TaskmanagerDeaktiviert"
 }  // namespace weitere
 
+// The file warnings' own answers and the dial-up menu (aktionen_dateien.cpp, aktionen_dfue.cpp).
+namespace weitere {
+void Ausnahmeliste(Form3Fenster& f);  // Image4 of "WindowsDatei"
+void NaGut(Form3Fenster& f);          // Image5 of "WindowsDatei"
+void DFÜMenü(Form3Fenster& f);        // Image9 of "DFÜ"
+}  // namespace weitere
+
 }  // namespace kes

@@ -104,6 +104,4 @@ void Form3Fenster::dienst1_Click(int) {
     raus();
 }
 
-void Form3Fenster::dfü1_Click(int) {}
-
 }  // namespace kes

@@ -5,10 +5,10 @@ namespace kes {
 AlarmDaten::AlarmDaten(WächterKontext& k)
     : Timer1(k.P().timers, kTimerAlarm1, 5000),
       prozesse(k, ListView6, List1, List2),
-      favoriten(k, List4, Label2),
+      favoriten(k, List4, Label2, File1),
       startSeite(k, ListView3),
       dfü(k, ListView2),
-      autostartOrdner(k, List3, Label2),
+      autostartOrdner(k, List3, Label2, File1),
       autostartRegistry(k, ListView1, ListView33),
       hosts(k),
       windowsDateien(k, ListView4, ListView7, ListView5, List5),

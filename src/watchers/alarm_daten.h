@@ -8,6 +8,7 @@
 
 #include "common/box.h"
 #include "common/steuerelemente.h"
+#include "platform/dateiliste.h"
 #include "watchers/activex.h"
 #include "watchers/autostart_ordner.h"
 #include "watchers/autostart_registry.h"
@@ -70,6 +71,7 @@ public:
     ListBox List9;                 // known URL search hooks
     ListBox List10;                // trusted makers of services
     std::array<Label, 16> Label2;  // watched folders and keys
+    FileListBox File1;             // the folder of the autostart or favourites pass at hand
     std::array<Label, 35> ww;      // counts and paths shown on the pages
     std::array<TextBox, 3> Text5;  // expected shell open commands
 

@@ -1,9 +1,77 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/autostart_ordner.h"
+
+#include "common/text.h"
+#include "platform/allefunktionen.h"
+#include "platform/icoholen.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void AutostartOrdner::LadeAutostart() {}
-void AutostartOrdner::TesteAutostartOrdner() {}
+bool NameBekannt(const std::vector<std::string>& bekannt, const std::string& name) {
+    const std::string klein = Klein(name);
+    if (klein == "desktop.ini") return true;
+    for (const auto& b : bekannt)
+        if (Klein(b) == klein) return true;
+    return false;
+}
+
+std::string PfadIn(const std::string& ordner, const std::string& name) {
+    return (!ordner.empty() && ordner.back() == '\\' ? ordner : ordner + "\\") + name;
+}
+
+void AutostartOrdner::LadeAutostart() {
+    const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\Autostart.txt");
+    if (!inhalt) return;  // no file: the list stays as it is
+    List3.Items.clear();
+    for (const auto& zeile : ZeilenLesen(*inhalt)) {
+        if (zeile.empty()) break;  // the first empty line ends the list
+        List3.Items.push_back(zeile);
+    }
+}
+
+void AutostartOrdner::TesteAutostartOrdner() {
+    const Kategorie schlüssel = k_.W().Kategorieschlüssel;
+    const std::string ordner = schlüssel == Kategorie::Ordnermeister   ? Label2[2].Caption
+                               : schlüssel == Kategorie::OrdnerAllUser ? Label2[3].Caption
+                                                                       : File1.Path;
+    // A folder that does not exist ends the pass without a word.
+    if (!PfadSetzen(k_.P(), File1, ordner)) return;
+    Aktualisieren(k_.P(), File1);
+    const std::vector<std::string> dateien = File1.Items;
+    for (const std::string& name : dateien) {
+        if (NameBekannt(List3.Items, name)) continue;
+        const std::string pfad = PfadIn(ordner, name);
+        if (k_.Box(12) == 1) return Entfernen(name, pfad);
+        // A deferred file lets the loop go on, so the files behind it are still seen.
+        if (!k_.Später(pfad)) return Warnen(pfad);
+    }
+}
+
+void AutostartOrdner::Entfernen(const std::string& name, const std::string& pfad) {
+    Plattform& p = k_.P();
+    if (k_.W().Soundflag == 1) SoundSpielen(p, "AUTO");
+    // The balloon comes before the removal, whether it works or not.
+    k_.Sprechblase(name, "Autostarteintrag wurde gelöscht!", "Kestrella");
+    const bool ok = DateiLöschen(p, pfad);
+    try {
+        k_.Log("Neuer Eintrag im Autostart Ordner.", {"Datei: " + name}, ok ? "< Gelöscht OK >" : "< Gelöscht NEIN >");
+    } catch (...) {
+        // A log that cannot be written costs the entry, not the removal.
+    }
+}
+
+void AutostartOrdner::Warnen(const std::string& pfad) {
+    Plattform& p = k_.P();
+    k_.Warnen(Kategorie::AutostartOrdner, [&](Warnung& f) {
+        f.Picture3[3].Visible = false;
+        f.Picture3[4].Visible = false;
+        f.Label1[0].Caption = "Neuer Eintrag in der Autostart Ordner gefunden.";
+        f.ListView2.Add(DateiName(pfad));
+        f.ListView2.Add(pfad);
+        IcoHolen(p, pfad, f.picProcIcon);
+        std::string datei = pfad;
+        holedaten(p, f, datei);
+    });
+}
 
 }  // namespace kes

@@ -1,7 +1,7 @@
-// New dial-up entries, known by their phone number.
+// New dial-up entries, known by their phone number and not by their name: a dialler
+// settles as an entry with an expensive number. The first entry of the phone book whose
+// number is neither known nor empty is reported; nothing is ever done alone.
 #pragma once
-
-#include <array>
 
 #include "common/steuerelemente.h"
 #include "watchers/kontext.h"
@@ -15,10 +15,14 @@ public:
     void LadeDFÜ();
     void TesteDFÜ();
 
-    ListView& ListView2;
+    ListView& ListView2;  // known entries: name, number
 
 private:
-    [[maybe_unused]] WächterKontext& k_;
+    void Prüfen();
+    WächterKontext& k_;
 };
+
+// The "€" of code page 1252 between name and number in daten\0190.txt.
+inline constexpr char kEuro = '\x80';
 
 }  // namespace kes

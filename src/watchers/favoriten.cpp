@@ -1,9 +1,63 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/favoriten.h"
+
+#include "platform/allefunktionen.h"
+#include "platform/sysfolder.h"
+#include "watchers/autostart_ordner.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void Favoriten::LadeFavoriten() {}
-void Favoriten::TesteFavoriten() {}
+void Favoriten::LadeFavoriten() {
+    Label2[0].Caption = Sysfolder(k_.P(), kCsidlFavorites);
+    Label2[1].Caption = Label2[0].Caption + "\\Links";
+    List4.Items.clear();
+    const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\favoriten.txt");
+    if (!inhalt) return;
+    // Unlike every other list, an empty line is read as an empty name and reading goes on.
+    for (const auto& zeile : ZeilenLesen(*inhalt)) List4.Items.push_back(zeile);
+}
+
+void Favoriten::TesteFavoriten() {
+    const Kategorie schlüssel = k_.W().Kategorieschlüssel;
+    std::string ordner = schlüssel == Kategorie::Favorit1   ? Label2[0].Caption
+                         : schlüssel == Kategorie::Favorit2 ? Label2[1].Caption
+                                                            : File1.Path;
+    // No "Links" folder: this pass ends without a word.
+    if (!PfadSetzen(k_.P(), File1, ordner)) return;
+    Aktualisieren(k_.P(), File1);
+    std::string name;
+    for (const std::string& datei : File1.Items)
+        if (!NameBekannt(List4.Items, datei)) {
+            name = datei;
+            break;
+        }
+    if (name.empty()) return;
+    if (ordner.empty() || ordner.back() != '\\') ordner += "\\";
+    const std::string pfad = ordner + name;
+
+    Plattform& p = k_.P();
+    if (k_.Box(6) == 1) {
+        if (k_.W().Soundflag == 1) SoundSpielen(p, "AUTO");
+        const bool ok = DateiLöschen(p, pfad);
+        // The balloon follows the removal, and only when asked for.
+        if (k_.Box(7) == 1) k_.Sprechblase(name, "IExplorer Favorit wurde gelöscht ", "IExplorer Favorit");
+        try {
+            k_.Log("Neuer IExplorer Favorit gefunden.", {"Favorit: " + name},
+                   ok ? "< Favorit Automatisch gelöscht OK >" : "< Favorit Automatisch gelöscht NEIN >");
+        } catch (...) {
+            // A log that cannot be written costs the entry, not the removal.
+        }
+        return;
+    }
+    // A deferred favourite ends the pass: the files behind it wait until it has gone.
+    if (k_.Später(pfad)) return;
+    k_.Warnen(Kategorie::Favoriten, [&](Warnung& f) {
+        f.ListView2.Visible = false;
+        for (int i = 1; i <= 4; ++i) f.Picture3[i].Visible = false;
+        f.Label1[0].Caption = "Neuer IExplorer Favorit wurde hinzugefügt.";
+        f.Label1[1].Caption = ordner;
+        f.Label1[2].Caption = name;
+    });
+}
 
 }  // namespace kes

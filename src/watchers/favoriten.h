@@ -1,25 +1,31 @@
-// New favourites in the browser's favourites folder and its "Links" folder.
+// New favourites in the browser's favourites folder and its "Links" folder. A close
+// relative of the autostart folder watcher, with its own rules: the first unknown file
+// ends the loop even when it is deferred, the balloon follows the removal and only on
+// request, and an empty line of the baseline file is a name like any other.
 #pragma once
 
 #include <array>
 
 #include "common/steuerelemente.h"
+#include "platform/dateiliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
 
 class Favoriten {
 public:
-    Favoriten(WächterKontext& k, ListBox& List4, std::array<Label, 16>& Label2) : List4(List4), Label2(Label2), k_(k) {}
+    Favoriten(WächterKontext& k, ListBox& List4, std::array<Label, 16>& Label2, FileListBox& File1)
+        : List4(List4), Label2(Label2), File1(File1), k_(k) {}
 
     void LadeFavoriten();
     void TesteFavoriten();
 
-    ListBox& List4;
-    std::array<Label, 16>& Label2;
+    ListBox& List4;                 // the known names
+    std::array<Label, 16>& Label2;  // (0) the favourites folder, (1) its "Links" folder
+    FileListBox& File1;
 
 private:
-    [[maybe_unused]] WächterKontext& k_;
+    WächterKontext& k_;
 };
 
 }  // namespace kes

@@ -1,14 +1,193 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/systemordner.h"
+
+#include <unordered_set>
+
+#include "platform/alledateien.h"
+#include "platform/allefunktionen.h"
+#include "platform/icoholen.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void WindowsDateien::LadeWindowsausnahme() {}
-void WindowsDateien::LadeWindows() {}
-void WindowsDateien::LadeWindowsSys32() {}
-void WindowsDateien::TesteWindowsGelöscht() {}
-void WindowsDateien::TesteWindowsErstellt() {}
-void WindowsDateien::TesteWindowsSystem32Gelöscht() {}
-void WindowsDateien::TesteWindowsSystem32Erstellt() {}
+namespace {
+// A yield to the message loop every so many compare steps: often enough for the windows
+// to stay alive during a long search, seldom enough not to cost more than the compare.
+constexpr std::size_t kPumpenAlle = 64;
+
+std::unordered_set<std::string> Pfade(const ListView& liste) {
+    std::unordered_set<std::string> menge;
+    menge.reserve(liste.Items.size());
+    for (const auto& z : liste.Items) menge.insert(z.Text);
+    return menge;
+}
+}  // namespace
+
+void WindowsDateien::LadeWindowsausnahme() {
+    Plattform& p = k_.P();
+    const std::string datei = k_.W().Programmordner + "daten\\windows.txt";
+    if (!DateiVorhanden(p, datei)) return;
+    const auto inhalt = p.files.ReadAll(datei);
+    if (!inhalt) return;
+    List5.Items.clear();
+    for (const auto& zeile : ZeilenLesen(*inhalt)) {
+        if (zeile.empty()) break;
+        List5.Items.push_back(zeile);
+    }
+}
+
+void WindowsDateien::Füllen(ListView& liste, const std::string& ordner) {
+    Plattform& p = k_.P();
+    std::vector<DateiEintrag> dateien;
+    DateienSuchen(p, ordner, false, "*.*", dateien);
+    liste.Items.clear();
+    liste.Items.reserve(dateien.size());
+    for (const DateiEintrag& d : dateien) {
+        const std::string pfad = d.Ordner + d.Name;
+        ListItem& z = liste.Add(pfad);
+        // A file that cannot be measured keeps its length field unset.
+        try {
+            if (const auto länge = p.files.Length(pfad)) z.SetSubItem(1, std::to_string(*länge));
+        } catch (...) {
+        }
+    }
+}
+
+void WindowsDateien::LadeWindows() {
+    try {
+        Füllen(ListView4, k_.W().Windowsordner);
+    } catch (...) {
+    }
+}
+
+void WindowsDateien::LadeWindowsSys32() {
+    try {
+        Füllen(ListView7, k_.W().Systemordner);
+    } catch (...) {
+    }
+}
+
+bool WindowsDateien::AusnahmeTrue(const std::string& pfad) const {
+    for (const auto& zeile : List5.Items)
+        if (zeile == pfad) return true;
+    return false;
+}
+
+void WindowsDateien::Gelöscht(const std::string& ordner, const ListView& basis, bool ausnahmen) {
+    // The snapshot is taken at every call, whatever box 17 says: the created-file test
+    // after this one works on it.
+    Füllen(ListView5, ordner);
+    if (k_.Box(17) != 1) return;
+    if (ListView5.Items.size() >= basis.Items.size()) return;
+
+    // Upward from the end of the baseline: the first missing file that is not deferred.
+    const std::unordered_set<std::string> jetzt = Pfade(ListView5);
+    std::string pfad;
+    std::size_t nummer = 0;
+    for (std::size_t i = basis.Items.size(); i >= 1; --i) {
+        if (i % kPumpenAlle == 0) k_.Pumpen();
+        if (i > basis.Items.size()) continue;  // the baseline shrank during the pump
+        const std::string& text = basis.Items[i - 1].Text;
+        if (jetzt.count(text) || k_.Später(text)) continue;
+        pfad = text;
+        nummer = i;
+        break;
+    }
+    if (nummer == 0) return;
+    if (ausnahmen) {
+        // An excepted file stops the scan for this cycle: the files above it wait.
+        Ausnahmedatei = AusnahmeTrue(pfad);
+        if (Ausnahmedatei) return;
+    }
+    GefundenWindows(pfad, 2, static_cast<std::int32_t>(ListView5.Items.size()),
+                    static_cast<std::int32_t>(basis.Items.size()), static_cast<std::int32_t>(nummer));
+}
+
+void WindowsDateien::Erstellt(const ListView& basis, bool ausnahmen) {
+    if (k_.Box(16) != 1) return;
+    if (ListView5.Items.size() <= basis.Items.size()) return;
+
+    // What stays in ListView5 is what the baseline lacks, in the snapshot's order.
+    const std::unordered_set<std::string> bekannt = Pfade(basis);
+    std::vector<ListItem> neu;
+    for (std::size_t i = 0; i < ListView5.Items.size(); ++i) {
+        if ((i + 1) % kPumpenAlle == 0) k_.Pumpen();
+        if (!bekannt.count(ListView5.Items[i].Text)) neu.push_back(ListView5.Items[i]);
+    }
+    ListView5.Items = std::move(neu);
+    if (ListView5.Items.empty()) return;
+
+    // Only the first new file is looked at; the others wait until it has gone.
+    const std::string pfad = ListView5.Items.front().Text;
+    if (k_.Später(pfad)) return;
+    if (ausnahmen) {
+        Ausnahmedatei = AusnahmeTrue(pfad);
+        if (Ausnahmedatei) return;
+    }
+    GefundenWindows(pfad, 1, static_cast<std::int32_t>(ListView5.Items.size()),
+                    static_cast<std::int32_t>(basis.Items.size()), 1);
+}
+
+void WindowsDateien::TesteWindowsGelöscht() {
+    try {
+        Gelöscht(k_.W().Windowsordner, ListView4, true);
+    } catch (...) {
+    }
+}
+
+void WindowsDateien::TesteWindowsErstellt() {
+    try {
+        Erstellt(ListView4, true);
+    } catch (...) {
+    }
+}
+
+void WindowsDateien::TesteWindowsSystem32Gelöscht() {
+    try {
+        Gelöscht(k_.W().Systemordner, ListView7, false);
+    } catch (...) {
+    }
+}
+
+void WindowsDateien::TesteWindowsSystem32Erstellt() {
+    try {
+        Erstellt(ListView7, false);
+    } catch (...) {
+    }
+}
+
+void WindowsDateien::GefundenWindows(const std::string& pfad, std::int16_t modus, std::int32_t anzahl1,
+                                     std::int32_t anzahl2, std::int32_t nummer) {
+    Plattform& p = k_.P();
+    k_.Warnen(Kategorie::WindowsDatei, [&](Warnung& f) {
+        f.Label1[0].Caption = modus == 3   ? "Datei wurde geändert!"
+                              : modus == 2 ? "Datei wurde gelöscht oder Verschoben!"
+                              : modus == 1 ? "Datei wurde erstellt!"
+                                           : f.Label1[0].Caption;
+        f.Text1[0].Text = pfad;
+        if (modus == 1 || modus == 2) {
+            f.ListView2.Add(DateiName(pfad));
+            f.ListView2.Add(pfad);
+        }
+        if (modus == 1) {
+            f.Zeigen(1);
+            f.Zeigen(3);
+            f.Label3[2].Caption = "Datei löschen";
+            f.Zeigen(4);
+        }
+        if (modus == 2) {
+            f.Zeigen(4);
+            f.Zeigen(5);
+        }
+        f.Picture3[3].Visible = false;
+        f.Text1[1].Text = std::to_string(anzahl2);
+        f.Text1[2].Text = std::to_string(anzahl1);
+        f.Text1[3].Text = std::to_string(modus);
+        f.Text1[4].Text = std::to_string(nummer);
+        f.Picture3[4].Visible = false;
+        std::string datei = pfad;
+        holedaten(p, f, datei);
+        IcoHolen(p, pfad, f.picProcIcon);
+    });
+}
 
 }  // namespace kes

@@ -1,7 +1,12 @@
-// Files created in or deleted from the Windows folder and the system folder, compared with a snapshot of the start.
+// Files created in or deleted from the Windows folder and the system folder, compared with
+// a snapshot taken when the program starts; the snapshot lives in memory for the run. A
+// count test comes first, so a cycle with nothing new costs one folder walk per folder.
+// The Windows folder has an exception list (daten\windows.txt); the system folder has none.
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <string>
 
 #include "common/steuerelemente.h"
 #include "watchers/kontext.h"
@@ -21,13 +26,25 @@ public:
     void TesteWindowsSystem32Gelöscht();
     void TesteWindowsSystem32Erstellt();
 
-    ListView& ListView4;
-    ListView& ListView7;
-    ListView& ListView5;
-    ListBox& List5;
+    // True when the path is a line of List5, compared whole and with case.
+    bool AusnahmeTrue(const std::string& pfad) const;
+    // Raises the warning: mode 1 created, 2 deleted, 3 changed (no caller yet).
+    void GefundenWindows(const std::string& pfad, std::int16_t modus, std::int32_t anzahl1, std::int32_t anzahl2,
+                         std::int32_t nummer);
+
+    ListView& ListView4;  // baseline of the Windows folder: path, length
+    ListView& ListView7;  // baseline of the system folder
+    ListView& ListView5;  // the live snapshot of the folder being tested
+    ListBox& List5;       // exceptions of the Windows folder, one full path a line
+    // The result of the last exception test of a Windows folder watcher.
+    bool Ausnahmedatei = false;
 
 private:
-    [[maybe_unused]] WächterKontext& k_;
+    // The top level of the folder, path and length a row; a walk that fails leaves it.
+    void Füllen(ListView& liste, const std::string& ordner);
+    void Gelöscht(const std::string& ordner, const ListView& basis, bool ausnahmen);
+    void Erstellt(const ListView& basis, bool ausnahmen);
+    WächterKontext& k_;
 };
 
 }  // namespace kes

@@ -161,6 +161,7 @@ if __name__ == "__main__":
     import registry_waechter  # noqa: F401
     import prozesse  # noqa: F401
     import startseite  # noqa: F401
+    import ordner  # noqa: F401
     import warnung  # noqa: F401
     import dauerlauf  # noqa: F401  # last: the longest
 

@@ -2,10 +2,14 @@
 // the program in C:\Programme\Kestrella.
 #pragma once
 
+#include <optional>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 #include "fake_file_details.h"
 
+#include "common/fehler.h"
+#include "common/text.h"
 #include "fake_files.h"
 #include "fake_processes.h"
 #include "fake_registry.h"
@@ -41,15 +45,71 @@ public:
     int ScreenHeight() override { return 768; }
 };
 
+// A phone book in memory, empty like that of Wine. Entries are found by name, without
+// regard to case as the platform does; a deleted entry is gone. fehlt makes every phone-book
+// call fail as a system without the dial-up interface does, with that runtime error number.
 class FakeDialup : public DialupApi {
 public:
+    struct Eintrag {
+        std::string name;
+        DfuEintrag daten;
+    };
     int verbindungen = 0;
-    int ConnectionCount() override { return verbindungen; }
+    std::vector<Eintrag> einträge;
+    long aufzählFehler = 0;  // RasEnumEntriesA's answer; 0 lists the entries
+    std::optional<int> fehlt;
     std::vector<std::string> gelöscht;
     long löschFehler = 0;
+    std::vector<std::pair<std::uintptr_t, std::string>> bearbeitet;
+
+    int ConnectionCount() override { return verbindungen; }
     long DeleteEntry(const std::string& name) override {
+        Prüfen();
         gelöscht.push_back(name);
-        return löschFehler;
+        if (löschFehler) return löschFehler;
+        if (auto* e = Finde(name)) {
+            einträge.erase(einträge.begin() + (e - einträge.data()));
+            return 0;
+        }
+        return 623;  // ERROR_CANNOT_FIND_PHONEBOOK_ENTRY
+    }
+    long EnumEntries(std::vector<std::string>* names) override {
+        Prüfen();
+        names->clear();
+        if (aufzählFehler) return aufzählFehler;
+        if (einträge.size() > 256) return kRasPufferZuKlein;
+        for (const auto& e : einträge) names->push_back(e.name.substr(0, e.name.find('\0')));
+        return 0;
+    }
+    long EntryPropertiesSize(const std::string& name, std::uint32_t* size) override {
+        Prüfen();
+        if (!Finde(name)) return 623;
+        *size = kRecordSize;
+        return kRasPufferZuKlein;
+    }
+    long EntryProperties(const std::string& name, std::uint32_t size, DfuEintrag* out) override {
+        Prüfen();
+        const Eintrag* e = Finde(name);
+        if (!e) return 623;
+        if (size < kRecordSize) return kRasPufferZuKlein;
+        *out = e->daten;
+        return 0;
+    }
+    long EditEntry(std::uintptr_t parent, const std::string& name) override {
+        Prüfen();
+        bearbeitet.emplace_back(parent, name);
+        return Finde(name) ? 0 : 623;
+    }
+
+private:
+    static constexpr std::uint32_t kRecordSize = 1768;
+    void Prüfen() const {
+        if (fehlt) throw Fehler(*fehlt, "Datei nicht gefunden: rasapi32.dll");
+    }
+    Eintrag* Finde(const std::string& name) {
+        for (auto& e : einträge)
+            if (GleichOhneFall(e.name, name)) return &e;
+        return nullptr;
     }
 };
 

@@ -2,7 +2,9 @@
 // locale writes dates and numbers, whether we run twice, and how many dial-up links are up.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace kes {
 
@@ -29,6 +31,15 @@ public:
     virtual int ScreenHeight() = 0;
 };
 
+// The fields of a phone-book entry (RASENTRY) that the program reads.
+struct DfuEintrag {
+    std::uint32_t countryCode = 0;  // dwCountryCode
+    std::string areaCode;           // szAreaCode, as the fixed field holds it
+    std::string localPhoneNumber;   // szLocalPhoneNumber
+};
+
+inline constexpr long kRasPufferZuKlein = 603;  // ERROR_BUFFER_TOO_SMALL
+
 class DialupApi {
 public:
     virtual ~DialupApi() = default;
@@ -36,6 +47,16 @@ public:
     virtual int ConnectionCount() = 0;
     // RasDeleteEntryA without a phone book: 0 on success, else the platform's error.
     virtual long DeleteEntry(const std::string& name) = 0;
+    // RasEnumEntriesA of the default phone book into a buffer of 256 records: 0 and the
+    // entry names (each name field up to its NUL), else the platform's error and no names.
+    virtual long EnumEntries(std::vector<std::string>* names) = 0;
+    // RasGetEntryPropertiesA without a buffer: 603 and the size the entry needs in *size
+    // when there is such an entry, else what the platform returned.
+    virtual long EntryPropertiesSize(const std::string& name, std::uint32_t* size) = 0;
+    // RasGetEntryPropertiesA into a buffer of that size: 0 and the fields, else the error.
+    virtual long EntryProperties(const std::string& name, std::uint32_t size, DfuEintrag* out) = 0;
+    // RasEditPhonebookEntryA without a phone book, over the given parent window (0: none).
+    virtual long EditEntry(std::uintptr_t parent, const std::string& name) = 0;
 };
 
 }  // namespace kes

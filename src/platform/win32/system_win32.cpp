@@ -4,6 +4,8 @@
 #include <ras.h>
 #include <shlobj.h>
 
+#include <algorithm>
+#include <cstring>
 #include <vector>
 
 namespace kes::win32 {
@@ -169,6 +171,50 @@ int Win32Dialup::ConnectionCount() {
 
 long Win32Dialup::DeleteEntry(const std::string& name) {
     return static_cast<long>(::RasDeleteEntryA(nullptr, name.c_str()));
+}
+
+long Win32Dialup::EnumEntries(std::vector<std::string>* names) {
+    // The platform's own record size, 256 of them: a phone book with more entries does not
+    // fit, and the call fails.
+    std::vector<RASENTRYNAMEA> puffer(256);
+    puffer[0].dwSize = sizeof(RASENTRYNAMEA);
+    DWORD grösse = static_cast<DWORD>(puffer.size() * sizeof(RASENTRYNAMEA));
+    DWORD anzahl = 0;
+    const DWORD r = ::RasEnumEntriesA(nullptr, nullptr, puffer.data(), &grösse, &anzahl);
+    names->clear();
+    if (r != 0) return static_cast<long>(r);
+    for (DWORD k = 0; k < anzahl && k < puffer.size(); ++k) {
+        const char* name = puffer[k].szEntryName;
+        names->emplace_back(name, ::strnlen(name, sizeof puffer[k].szEntryName));
+    }
+    return 0;
+}
+
+long Win32Dialup::EntryPropertiesSize(const std::string& name, std::uint32_t* size) {
+    DWORD grösse = 0;
+    const DWORD r = ::RasGetEntryPropertiesA(nullptr, name.c_str(), nullptr, &grösse, nullptr, nullptr);
+    *size = grösse;
+    return static_cast<long>(r);
+}
+
+long Win32Dialup::EntryProperties(const std::string& name, std::uint32_t size, DfuEintrag* out) {
+    // A byte buffer of the size the platform asked for, never smaller than the record.
+    std::vector<std::uint8_t> puffer(std::max<std::size_t>(size, sizeof(RASENTRYA)));
+    auto* eintrag = reinterpret_cast<RASENTRYA*>(puffer.data());
+    eintrag->dwSize = sizeof(RASENTRYA);
+    DWORD grösse = static_cast<DWORD>(puffer.size());
+    const DWORD r = ::RasGetEntryPropertiesA(nullptr, name.c_str(), eintrag, &grösse, nullptr, nullptr);
+    if (r != 0) return static_cast<long>(r);
+    out->countryCode = eintrag->dwCountryCode;
+    out->areaCode.assign(eintrag->szAreaCode, ::strnlen(eintrag->szAreaCode, sizeof eintrag->szAreaCode));
+    out->localPhoneNumber.assign(eintrag->szLocalPhoneNumber,
+                                 ::strnlen(eintrag->szLocalPhoneNumber, sizeof eintrag->szLocalPhoneNumber));
+    return 0;
+}
+
+long Win32Dialup::EditEntry(std::uintptr_t parent, const std::string& name) {
+    return static_cast<long>(
+        ::RasEditPhonebookEntryA(reinterpret_cast<HWND>(parent), nullptr, const_cast<char*>(name.c_str())));
 }
 
 }  // namespace kes::win32

@@ -72,6 +72,10 @@ class Win32Dialup : public DialupApi {
 public:
     int ConnectionCount() override;
     long DeleteEntry(const std::string& name) override;
+    long EnumEntries(std::vector<std::string>* names) override;
+    long EntryPropertiesSize(const std::string& name, std::uint32_t* size) override;
+    long EntryProperties(const std::string& name, std::uint32_t size, DfuEintrag* out) override;
+    long EditEntry(std::uintptr_t parent, const std::string& name) override;
 };
 
 }  // namespace kes::win32

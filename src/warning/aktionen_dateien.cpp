@@ -1,0 +1,55 @@
+// The two answers of a system folder warning besides accept and delete: "Ausnahmeliste"
+// puts a created file on the exception list of the Windows folder for good, "Na gut.."
+// takes a deleted file out of the baseline, so it is no longer expected.
+#include <cstdlib>
+
+#include "common/fehler.h"
+#include "platform/liste_schreiben.h"
+#include "warning/aktionen.h"
+#include "warning/form3.h"
+#include "watchers/alarm_daten.h"
+
+namespace kes {
+
+namespace {
+// A failure that is not passed over ends the action with its number; the window stays.
+template <typename Tun>
+void MitFehlerausgang(Form3Fenster& f, const char* routine, Tun&& tun) {
+    try {
+        tun();
+    } catch (const Fehler& e) {
+        f.K().P().dialogs.ShowMessage(std::string("(Form3, ") + routine + ") Fehler: " + std::to_string(e.Nummer()), "",
+                                      kMbOk);
+    }
+}
+}  // namespace
+
+namespace weitere {
+
+void Ausnahmeliste(Form3Fenster& f) {
+    MitFehlerausgang(f, "Ausnahmeliste", [&] {
+        AlarmDaten& a = f.K().Alarm();
+        a.List5.Items.push_back(f.Zeile2());
+        ListeSchreiben(f.K().P(), f.K().W().Programmordner, "daten\\windows.txt", a.List5.Items);
+        f.K().Log("Datei wurde erstellt.", {"Datei: " + f.Zeile2()}, "< Hinzugefügt in die Ausnahmeliste OK >");
+        f.raus();
+    });
+}
+
+void NaGut(Form3Fenster& f) {
+    MitFehlerausgang(f, "Na gut", [&] {
+        if (f.Text1[3].Text == "2") {
+            ListView& basis = f.K().Alarm().ListView4;
+            const long zeile = std::strtol(f.Text1[4].Text.c_str(), nullptr, 10);
+            if (zeile < 1 || zeile > static_cast<long>(basis.Items.size()))
+                throw Fehler(35600, "Index außerhalb des gültigen Bereichs");
+            basis.Items.erase(basis.Items.begin() + (zeile - 1));
+            f.K().Log("Datei wurde gelöscht oder geändert.", {"Datei: " + f.Zeile2()}, "< OK >");
+        }
+        f.raus();
+    });
+}
+
+}  // namespace weitere
+
+}  // namespace kes

@@ -1,0 +1,260 @@
+// The system folder watchers: the count test first, the first new file that hides the
+// others, deleted files reported upward from the end of the baseline, the exception list
+// of the Windows folder alone, and the two answers "Ausnahmeliste" and "Na gut..".
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+const std::string kWin = "C:\\WINDOWS\\";
+const std::string kSys = "C:\\WINDOWS\\system32\\";
+
+class Systemordner : public ProgrammTest {
+protected:
+    void SetUp() override {
+        Pfade();
+        for (const char* n : {"a.exe", "b.exe", "c.exe", "d.exe"}) fp.files.Put(kWin + n, "MZ");
+        for (const char* n : {"k.dll", "l.dll"}) fp.files.Put(kSys + n, "MZ");
+        alarm().Box1[2].setValue(1);
+        alarm().Box1[16].setValue(1);
+        alarm().Box1[17].setValue(1);
+        alarm().Timer1.SetEnabled(true);
+        w().LadeWindows();
+        w().LadeWindowsSys32();
+    }
+    AlarmFenster& alarm() { return prg.Alarm(); }
+    WindowsDateien& w() { return alarm().windowsDateien; }
+    // The two routines of the Windows folder as the cycle calls them.
+    void Windows() {
+        if (!prg.Beschäftigt) w().TesteWindowsGelöscht();
+        if (!prg.Beschäftigt) w().TesteWindowsErstellt();
+    }
+    void System32() {
+        if (!prg.Beschäftigt) w().TesteWindowsSystem32Gelöscht();
+        if (!prg.Beschäftigt) w().TesteWindowsSystem32Erstellt();
+    }
+    std::string T(int i) { return prg.Form3().Text1[i].Text; }
+    std::string Log() { return fp.files.Content(ordner + "Kestrella.log"); }
+};
+
+TEST_F(Systemordner, Baseline_PathsWithLengths_InWalkOrder) {
+    ASSERT_EQ(alarm().ListView4.Items.size(), 4u);
+    EXPECT_EQ(alarm().ListView4.Items[0].Text, kWin + "a.exe");
+    EXPECT_EQ(alarm().ListView4.Items[0].SubItem(1), "2");
+    ASSERT_EQ(alarm().ListView7.Items.size(), 2u);
+    EXPECT_EQ(alarm().ListView7.Items[1].Text, kSys + "l.dll");
+}
+
+TEST_F(Systemordner, CreatedFile_WarnsWithItsButtonsAndFields) {
+    fp.files.Put(kWin + "neu.exe", "MZMZ");
+    prg.Soundflag = 1;
+    Windows();
+    ASSERT_TRUE(prg.Form3Geladen());
+    Form3Fenster& f = prg.Form3();
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::WindowsDatei);
+    EXPECT_EQ(f.Label1[0].Caption, "Datei wurde erstellt!");
+    EXPECT_EQ(T(0), kWin + "neu.exe");
+    EXPECT_EQ(T(1), "4") << "the baseline's count";
+    EXPECT_EQ(T(2), "1") << "the new files' count";
+    EXPECT_EQ(T(3), "1");
+    EXPECT_EQ(T(4), "1");
+    ASSERT_EQ(f.ListView2.Items.size(), 2u);
+    EXPECT_EQ(f.ListView2.Items[0].Text, "neu.exe");
+    EXPECT_EQ(f.Zeile2(), kWin + "neu.exe");
+    EXPECT_TRUE(f.Image[1].Visible && f.Image[3].Visible && f.Image[4].Visible);
+    EXPECT_FALSE(f.Image[5].Visible || f.Image[2].Visible || f.Image[8].Visible || f.Image[9].Visible);
+    EXPECT_TRUE(f.Image[6].Visible && f.Image[7].Visible);
+    EXPECT_EQ(f.Label3[2].Caption, "Datei löschen");
+    EXPECT_FALSE(f.Picture3[3].Visible || f.Picture3[4].Visible);
+    EXPECT_EQ(f.ListView1.Items.size(), 12u);
+    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"ALARM"});
+    EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
+}
+
+TEST_F(Systemordner, DeletedFile_WarnsWithItsRowAndTheTwoAnswers) {
+    fp.files.Delete(kWin + "c.exe");
+    Windows();
+    ASSERT_TRUE(prg.Form3Geladen());
+    Form3Fenster& f = prg.Form3();
+    EXPECT_EQ(f.Label1[0].Caption, "Datei wurde gelöscht oder Verschoben!");
+    EXPECT_EQ(T(0), kWin + "c.exe");
+    EXPECT_EQ(T(1), "4");
+    EXPECT_EQ(T(2), "3");
+    EXPECT_EQ(T(3), "2");
+    EXPECT_EQ(T(4), "3");
+    EXPECT_TRUE(f.Image[4].Visible && f.Image[5].Visible && f.Label3[3].Visible && f.Label3[4].Visible);
+    EXPECT_FALSE(f.Image[1].Visible || f.Image[3].Visible);
+}
+
+TEST_F(Systemordner, EqualCounts_NothingIsSearched) {
+    fp.files.Delete(kWin + "b.exe");
+    fp.files.Put(kWin + "neu.exe", "MZ");
+    Windows();
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(alarm().ListView5.Items.size(), 4u) << "the snapshot is there all the same";
+}
+
+TEST_F(Systemordner, SecondNewFile_HiddenByTheFirst_EvenWhenTheFirstIsDeferredOrExcepted) {
+    fp.files.Put(kWin + "x1.exe", "MZ");
+    fp.files.Put(kWin + "x2.exe", "MZ");
+    Windows();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(T(0), kWin + "x1.exe");
+    EXPECT_EQ(T(2), "2");
+    prg.Form3().Image_Click(6);  // Später
+
+    Windows();
+    EXPECT_FALSE(prg.Form3Geladen()) << "x2 waits behind the deferred x1";
+    alarm().List8.Items.clear();
+    alarm().List5.Items = {kWin + "x1.exe"};
+    Windows();
+    EXPECT_FALSE(prg.Form3Geladen()) << "x2 waits behind the excepted x1";
+    EXPECT_TRUE(w().Ausnahmedatei);
+}
+
+TEST_F(Systemordner, DeferredDeletedFile_SkippedAndTheNextUpwardReportedInTheSameCall) {
+    fp.files.Delete(kWin + "b.exe");
+    fp.files.Delete(kWin + "d.exe");
+    alarm().List8.Items.push_back(kWin + "d.exe");
+    Windows();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(T(0), kWin + "b.exe");
+    EXPECT_EQ(T(4), "2");
+}
+
+TEST_F(Systemordner, ExceptedDeletedFile_StopsTheScanAtEveryCycle) {
+    fp.files.Delete(kWin + "b.exe");
+    fp.files.Delete(kWin + "d.exe");
+    alarm().List5.Items = {kWin + "d.exe"};
+    for (int zyklus = 0; zyklus < 2; ++zyklus) {
+        Windows();
+        EXPECT_FALSE(prg.Form3Geladen()) << "b.exe, lower in the baseline, is never reached";
+        EXPECT_TRUE(w().Ausnahmedatei);
+    }
+}
+
+TEST_F(Systemordner, Box17Off_DeletionSilent_SnapshotStillRefreshedForTheCreatedTest) {
+    alarm().Box1[17].setValue(0);
+    fp.files.Delete(kWin + "a.exe");
+    Windows();
+    EXPECT_FALSE(prg.Form3Geladen());
+    fp.files.Put(kWin + "a.exe", "MZ");
+    fp.files.Put(kWin + "neu.exe", "MZ");
+    Windows();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(T(0), kWin + "neu.exe");
+}
+
+TEST_F(Systemordner, Box16Off_CreatedFileSilent) {
+    alarm().Box1[16].setValue(0);
+    fp.files.Put(kWin + "neu.exe", "MZ");
+    Windows();
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
+TEST_F(Systemordner, SystemFolderFileOnTheExceptionList_ReportedAllTheSame) {
+    alarm().List5.Items = {kSys + "neu.dll"};
+    fp.files.Put(kSys + "neu.dll", "MZ");
+    System32();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(T(0), kSys + "neu.dll");
+    EXPECT_FALSE(w().Ausnahmedatei) << "the system folder's routines leave the flag alone";
+}
+
+TEST_F(Systemordner, ChangedSize_NeverReported_WhateverBox18Says) {
+    alarm().Box1[18].setValue(1);
+    fp.files.Put(kWin + "a.exe", "MZ und viel mehr");
+    fp.files.Put(kSys + "k.dll", "");
+    Windows();
+    System32();
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
+TEST_F(Systemordner, Cycle_OnlyTheFolderWhoseBoxIsOn) {
+    fp.files.Put(kWin + "neu.exe", "MZ");
+    alarm().Box1[20].setValue(1);
+    alarm().Durchlauf();
+    EXPECT_FALSE(prg.Form3Geladen()) << "box 19 off: the Windows folder is not looked at";
+    fp.files.Put(kSys + "neu.dll", "MZ");
+    alarm().Durchlauf();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(T(0), kSys + "neu.dll");
+}
+
+TEST_F(Systemordner, ExceptionFile_ReadUntilTheFirstEmptyLine_MissingLeavesTheList) {
+    alarm().List5.Items = {"alt"};
+    w().LadeWindowsausnahme();
+    EXPECT_EQ(alarm().List5.Items, std::vector<std::string>{"alt"});
+    fp.files.Put(ordner + "daten\\windows.txt", kWin + "a.exe\r\n\r\n" + kWin + "b.exe\r\n");
+    w().LadeWindowsausnahme();
+    EXPECT_EQ(alarm().List5.Items, std::vector<std::string>{kWin + "a.exe"});
+}
+
+TEST_F(Systemordner, LongSearch_YieldsNowAndThen_NotAtEveryCompare) {
+    for (int i = 0; i < 1000; ++i) fp.files.Put(kSys + "f" + std::to_string(1000 + i) + ".dll", "MZ");
+    w().LadeWindowsSys32();
+    fp.files.Delete(kSys + "f1000.dll");  // near the top: the search goes through nearly all rows
+    const int vorher = fp.timers.pumpen;
+    w().TesteWindowsSystem32Gelöscht();
+    ASSERT_TRUE(prg.Form3Geladen());
+    const int dateien = 1001;                                         // the two of the set-up and 999 of these
+    const int suche = fp.timers.pumpen - vorher - (1 + 2 * dateien);  // less the walk's own
+    EXPECT_GE(suche, 1) << "a search over a thousand rows lets the windows live";
+    EXPECT_LE(suche, 50);
+}
+
+TEST_F(Systemordner, Ausnahmeliste_AddsThePathWritesTheFileLogsAndCloses) {
+    alarm().List5.Items = {kWin + "alt.exe"};
+    fp.files.Put(kWin + "neu.exe", "MZ");
+    Windows();
+    ASSERT_TRUE(prg.Form3Geladen());
+    prg.Form3().Image_Click(4);
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_FALSE(prg.Beschäftigt);
+    EXPECT_EQ(alarm().List5.Items, (std::vector<std::string>{kWin + "alt.exe", kWin + "neu.exe"}));
+    EXPECT_EQ(fp.files.Content(ordner + "daten\\windows.txt"), kWin + "alt.exe\r\n" + kWin + "neu.exe\r\n");
+    EXPECT_NE(
+        Log().find("Datei wurde erstellt.\r\nDatei: " + kWin + "neu.exe\r\n< Hinzugefügt in die Ausnahmeliste OK >"),
+        std::string::npos);
+    Windows();
+    EXPECT_FALSE(prg.Form3Geladen()) << "excepted from now on";
+}
+
+TEST_F(Systemordner, Ausnahmeliste_FileCannotBeWritten_ErrorExitKeepsTheWindow) {
+    fp.files.Put(ordner + "daten\\windows.txt", "");
+    fp.files.Lock(ordner + "daten\\windows.txt");
+    fp.files.Put(kWin + "neu.exe", "MZ");
+    Windows();
+    prg.Form3().Image_Click(4);
+    EXPECT_TRUE(prg.Form3Geladen());
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Ausnahmeliste) Fehler: 75");
+}
+
+TEST_F(Systemordner, NaGut_TakesTheDeletedFileOutOfTheBaseline) {
+    fp.files.Delete(kWin + "b.exe");
+    Windows();
+    ASSERT_TRUE(prg.Form3Geladen());
+    prg.Form3().Image_Click(5);
+    EXPECT_FALSE(prg.Form3Geladen());
+    ASSERT_EQ(alarm().ListView4.Items.size(), 3u);
+    EXPECT_EQ(alarm().ListView4.Items[1].Text, kWin + "c.exe");
+    EXPECT_NE(Log().find("Datei wurde gelöscht oder geändert.\r\nDatei: " + kWin + "b.exe\r\n< OK >"),
+              std::string::npos);
+    Windows();
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
+TEST_F(Systemordner, NaGut_OnACreatedFile_OnlyCloses) {
+    fp.files.Put(kWin + "neu.exe", "MZ");
+    Windows();
+    prg.Form3().Image_Click(5);
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(alarm().ListView4.Items.size(), 4u);
+    EXPECT_EQ(Log().find("< OK >"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kes::test
