@@ -100,10 +100,6 @@ void Form3Fenster::killprozess1_Click(int) {
     raus();
 }
 
-void Form3Fenster::dienst1_Click(int) {
-    raus();
-}
-
 void Form3Fenster::dfü1_Click(int) {}
 
 }  // namespace kes
