@@ -194,6 +194,9 @@ void Klassenlisten::Teste(Art art) {
     for (const std::string& eintrag : liste) {
         // Only what stands before a ";" is compared and shown.
         N = eintrag.substr(0, eintrag.find(';'));
+        // The walk's surplus entry is no name. Its server read would ask for the default
+        // value of CLSID itself, which some systems fill.
+        if (N.empty() || N.front() == '\0') continue;
         if (art == Art::ShellService || art == Art::TaskScheduler) k_.Pumpen();
         if (Bekannt(art, N)) continue;
         switch (art) {
@@ -210,7 +213,7 @@ void Klassenlisten::Teste(Art art) {
         }
         C = art == Art::ShellService ? D : N;
         S = hive.ReadValue(0, "CLSID\\" + C + "\\InprocServer32", kStandardwert);
-        // A class without a server file is passed over; so is the walk's surplus entry.
+        // A class without a server file is passed over.
         if (S.empty()) continue;
         if (art == Art::BHO) k_.W().Kategorieschlüssel = Kategorie::BHO;
         // The scheduler is deferred by its description, so equal descriptions go together.

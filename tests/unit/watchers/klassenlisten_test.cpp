@@ -304,9 +304,12 @@ TEST_F(Klassen, SearchHookBaseline_StopsAtAnEmptyLineAndStaysWithoutItsFile) {
     EXPECT_EQ(alarm().List9.Items.size(), 2u) << "not even cleared";
 }
 
-TEST_F(Klassen, EmptyKeys_RaiseNothing) {
+TEST_F(Klassen, EmptyKeys_RaiseNothingEvenWhereTheClassesKeyHasADefaultValue) {
     fp.registry.MakeKey(kHklm + kBho);
     fp.registry.MakeKey(kHklm + kSsodl);
+    fp.registry.SetString("HKEY_CURRENT_USER\\" + kHooks, "{U1}", "");
+    alarm().List9.Items = {"{U1}"};
+    fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID", "", "classmoniker");
     kl().TesteBHO();
     kl().TesteShellService();
     kl().TesteSharedTaskScheduler();
