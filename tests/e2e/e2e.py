@@ -143,6 +143,7 @@ def hosts_warning_closed_by_close_box_comes_back(h):
 if __name__ == "__main__":
     # The tests of the other files register themselves when imported.
     import autostart  # noqa: F401
+    import klassen  # noqa: F401
     import warnung  # noqa: F401
 
     sys.exit(main())
