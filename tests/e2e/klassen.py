@@ -234,10 +234,11 @@ def automatic_services(h):
 
 
 @test
-def new_automatic_service_is_reported_and_accepted_into_dienste_ini(h):
+def new_automatic_services_are_accepted_by_name_and_by_maker(h):
     with xp_machine(h):
         key = SERVICES + "\\" + NEW_SERVICE
         h.reg_delete(key)
+        h.reg_delete(key + "2")
         h.program_folder("dienste")
         known = automatic_services(h)
         check(len(known) >= 74, f"only {len(known)} automatic services in the prefix")
@@ -270,7 +271,25 @@ def new_automatic_service_is_reported_and_accepted_into_dienste_ini(h):
         check(services.get(new[0], "ObjectName") == "Kestrella Testdienst", "ObjectName holds no display name")
         check(services.get(new[0], "DisplayName") == "LocalSystem", "DisplayName holds no account")
         quiet(h, 2.5, "the accepted service raised a warning again")
+
+        # A second service: its maker is trusted from now on, through the menu's default.
+        second = SERVICES + "\\" + NEW_SERVICE + "2"
+        h.reg_add(second, "ImagePath", r"system32\kdienst.exe", kind="REG_EXPAND_SZ")
+        h.reg_add(second, "Start", "2", kind="REG_DWORD")
+        hwnd = next_warning(h, 15)
+        check(hwnd is not None, "no warning for the second service")
+        maker = next((r[1] for r in rows(h, hwnd) if len(r) > 1 and r[0] == "Hersteller:"), None)
+        check(maker and maker != "Unbekannt", f"no maker for kdienst.exe: {maker}")
+        h.click(hwnd, "Übernehmen")
+        entry = f'Hersteller: "{maker}" immer zulassen'
+        check(wait_until(lambda: entry in h.kd("menu", check=False), 5), f"no menu entry {entry!r}")
+        h.kd("menu-click", entry)
+        h.gone(hwnd, 10)
+        makers = read_text(os.path.join(h.folder, "daten", "dienstefirmen.txt"))
+        check(makers == maker + "\r\n", f"dienstefirmen.txt holds {makers!r}")
+        quiet(h, 2.5, "a service of a trusted maker raised a warning")
         h.reg_delete(key)
+        h.reg_delete(second)
 
 
 @test
