@@ -100,8 +100,4 @@ void Form3Fenster::killprozess1_Click(int index) {
     weitere::ProzessZulassen(*this, index);
 }
 
-void Form3Fenster::dienst1_Click(int) {
-    raus();
-}
-
 }  // namespace kes

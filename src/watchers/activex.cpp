@@ -1,9 +1,88 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/activex.h"
+
+#include "common/text.h"
+#include "platform/alledateien.h"
+#include "platform/allefunktionen.h"
+#include "platform/icoholen.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void ActiveX::LadeActiveX() {}
-void ActiveX::Testeactivx() {}
+namespace {
+std::string Ordner(const Prozesswerte& w) {
+    return w.Windowsordner + "\\Downloaded Program Files";
+}
+}  // namespace
+
+void ActiveX::LadeActiveX() {
+    List6.Items.clear();
+    const std::string datei = k_.W().Programmordner + "daten\\Activex.txt";
+    if (!DateiVorhanden(k_.P(), datei)) return;
+    const auto inhalt = k_.P().files.ReadAll(datei);
+    if (!inhalt) return;
+    for (const auto& zeile : ZeilenLesen(*inhalt)) {
+        if (zeile.empty()) break;
+        List6.Items.push_back(zeile);
+    }
+}
+
+void ActiveX::Testeactivx() {
+    Plattform& p = k_.P();
+    const std::string ordner = Ordner(k_.W());
+    // Each step of the removal is passed over when it fails.
+    const std::string desktopIni = ordner + "\\desktop.ini";
+    if (DateiVorhanden(p, desktopIni)) {
+        try {
+            p.files.SetAttributes(desktopIni, kAttrNormal);
+        } catch (...) {
+        }
+        try {
+            p.files.Delete(desktopIni);
+        } catch (...) {
+        }
+    }
+    try {
+        std::vector<DateiEintrag> dateien;
+        DateienSuchen(p, ordner, false, "*.*", dateien);
+        k_.Pumpen();
+        List7.Items.clear();
+        for (const auto& d : dateien) List7.Items.push_back(d.Ordner + d.Name);
+    } catch (...) {
+        return;  // an error in the walk ends the call without a word
+    }
+
+    const std::string* neu = nullptr;
+    for (const std::string& datei : List7.Items) {
+        const std::string klein = Klein(datei);
+        bool gefunden = false;
+        for (const auto& bekannt : List6.Items)
+            if (Klein(bekannt) == klein) {
+                gefunden = true;
+                break;
+            }
+        // A full path never equals the bare name; the test stays as it always was.
+        if (klein == "desktop.ini") gefunden = true;
+        if (!gefunden && !k_.Später(datei)) {
+            neu = &datei;
+            break;
+        }
+    }
+    if (!neu) return;
+
+    const std::string pfad = *neu;
+    k_.Warnen(
+        Kategorie::ActiveX,
+        [&](Warnung& f) {
+            f.Label1[0].Caption = "Es wurde eine neue ActiveX gefunden.";
+            f.ListView2.Add(DateiName(pfad));
+            f.ListView2.Add(pfad);
+            f.Picture3[4].Visible = false;
+            f.Picture3[3].Visible = false;
+            std::string p2 = pfad;
+            holedaten(p, f, p2);
+            IcoHolen(p, pfad, f.picProcIcon);
+        },
+        Ton::Keiner);
+}
 
 }  // namespace kes

@@ -1,7 +1,8 @@
-// New files in the browser's "Downloaded Program Files" folder.
+// New files in the browser's "Downloaded Program Files" folder below the Windows folder.
+// The baseline daten\Activex.txt holds full paths and is compared without regard to case;
+// a desktop.ini there is removed at every cycle, so that it neither counts nor hides. An
+// accepted object joins the list for this run only: the panel alone writes the file.
 #pragma once
-
-#include <array>
 
 #include "common/steuerelemente.h"
 #include "watchers/kontext.h"
@@ -15,11 +16,11 @@ public:
     void LadeActiveX();
     void Testeactivx();
 
-    ListBox& List6;
-    ListBox& List7;
+    ListBox& List6;  // the baseline
+    ListBox& List7;  // the folder as it is now
 
 private:
-    [[maybe_unused]] WächterKontext& k_;
+    WächterKontext& k_;
 };
 
 }  // namespace kes

@@ -1,10 +1,152 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/dienste.h"
+
+#include "common/fehler.h"
+#include "common/text.h"
+#include "platform/alledateien.h"
+#include "platform/allefunktionen.h"
+#include "platform/dienst_pfad.h"
+#include "platform/hive_ocx.h"
+#include "platform/icoholen.h"
+#include "platform/registry.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void Dienste::LadeDienste() {}
-void Dienste::LadeDiensteHersteller() {}
-void Dienste::TesteDienste() {}
+namespace {
+constexpr const char* kDienste = "System\\CurrentControlSet\\Services";
+}  // namespace
+
+Dienste::Dienste(WächterKontext& k, ListView& ListView11, ListBox& List10, std::array<Label, 35>& ww)
+    : ListView11(ListView11), List10(List10), ww(ww), k_(k) {
+    // Crossed like the file's keys: under "DisplayName" the user reads the display name.
+    ListView11.Columns = {"Dienst",      "DisplayName",     "ObjectName", "ImagePath",       "Firma",
+                          "Produktname", "Produkt Version", "Info",       "Datei-Version",   "Interner Name",
+                          "Copyright",   "Orginal Name",    "Kommentar",  "LegalTradeMarks", "index"};
+}
+
+void Dienste::LadeDienste() {
+    Plattform& p = k_.P();
+    const std::string datei = k_.W().Programmordner + "daten\\dienste.ini";
+    ListView11.Items.clear();
+    for (int n = 1; n <= 300; ++n) {
+        const std::string abschnitt = std::to_string(n);
+        const std::string dienst = p.profiles.GetString(abschnitt, "Dienst", "", datei, 255);
+        const std::string objectName = p.profiles.GetString(abschnitt, "ObjectName", "", datei, 255);
+        const std::string displayName = p.profiles.GetString(abschnitt, "DisplayName", "", datei, 255);
+        std::string imagePath = p.profiles.GetString(abschnitt, "ImagePath", "", datei, 255);
+        if (dienst.empty()) continue;
+        imagePath = PfadErweitern(imagePath, k_.W().Windowsordner);
+        try {
+            DateiInfos(p, imagePath, infos_);
+        } catch (const Fehler&) {
+            // A version block that overflows leaves the record as the last entry left it.
+        }
+        ListItem& z = ListView11.Add(dienst);
+        const std::string spalten[] = {objectName,
+                                       displayName,
+                                       imagePath,
+                                       infos_.CompanyName,
+                                       infos_.ProductName,
+                                       infos_.ProductVersion,
+                                       infos_.FileDescription,
+                                       infos_.FileVersion,
+                                       infos_.InternalName,
+                                       infos_.LegalCopyright,
+                                       infos_.OriginalFileName,
+                                       infos_.Comments,
+                                       infos_.LegalTrademarks,
+                                       abschnitt};
+        for (std::size_t s = 0; s < std::size(spalten); ++s) z.SetSubItem(s + 1, spalten[s]);
+    }
+    ww[19].Caption = "Ausnahmen:   [Einträge: " + std::to_string(ListView11.Items.size()) + "]";
+}
+
+void Dienste::LadeDiensteHersteller() {
+    List10.Items.clear();
+    const std::string datei = k_.W().Programmordner + "daten\\dienstefirmen.txt";
+    if (!DateiVorhanden(k_.P(), datei)) return;
+    const auto inhalt = k_.P().files.ReadAll(datei);
+    if (!inhalt) return;
+    // Empty lines count as lines here: the reading goes on to the end.
+    for (const auto& zeile : ZeilenLesen(*inhalt)) List10.Items.push_back(zeile);
+}
+
+void Dienste::TesteDienste() {
+    Plattform& p = k_.P();
+    Prozesswerte& w = k_.W();
+    // Set at every call, found or not; the key stays for whatever runs next.
+    w.Kategorieschlüssel = Kategorie::Dienste;
+    std::vector<std::string> liste;
+    try {
+        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, kDiensteGrenze);
+    } catch (...) {
+        return;
+    }
+    if (liste.empty() || liste.front().empty()) return;
+
+    HiveOCX hive(p.registry);
+    std::string name, K, start, objectName, displayName, beschreibung, pfad;
+    bool neu = false;
+    for (const std::string& eintrag : liste) {
+        name = eintrag.substr(0, eintrag.find(';'));
+        bool gefunden = false;
+        for (const auto& z : ListView11.Items)
+            if (z.Text == name) {
+                gefunden = true;
+                break;
+            }
+        K = std::string(kDienste) + "\\" + name;
+        // Without an ImagePath it is nothing this watch looks at, driver or not.
+        if (!hive.ValueExists(2, K, "ImagePath")) gefunden = true;
+        if (gefunden) continue;
+        if (!hive.ValueExists(2, K, "Start")) continue;
+        start = hive.ReadValue(2, K, "Start");
+        if (start != "2") continue;  // automatic start only
+        objectName = hive.ReadValue(2, K, "ObjectName");
+        displayName = hive.ReadValue(2, K, "DisplayName");
+        const std::string imagePath = hive.ReadValue(2, K, "ImagePath");
+        const std::string serviceDll = hive.ReadValue(2, K + "\\Parameters", "ServiceDll");
+        beschreibung = hive.ReadValue(2, K, "Description");
+        pfad = DienstPfad(p, imagePath, serviceDll, w.Windowsordner, w.Systemordner);
+        if (k_.Später(pfad)) continue;
+        try {
+            DateiInfos(p, pfad, infos_);
+        } catch (const Fehler&) {
+        }
+        // Up to one beyond the last line, which reads as empty; a hit does not stop it.
+        bool hersteller = false;
+        const std::string firma = Klein(infos_.CompanyName);
+        for (std::size_t j = 0; j <= List10.Items.size(); ++j) {
+            const std::string zeile = j < List10.Items.size() ? List10.Items[j] : std::string();
+            if (firma == Klein(zeile)) hersteller = true;
+        }
+        if (!hersteller) {
+            neu = true;
+            break;
+        }
+    }
+    if (!neu) return;
+
+    k_.Warnen(Kategorie::Dienste, [&](Warnung& f) {
+        f.Text1[0].Text = name;
+        f.Text1[1].Text = displayName;
+        f.Text1[2].Text = objectName;
+        f.Text1[3].Text = pfad;
+        f.Text1[4].Text = start;
+        f.Label1[0].Caption = "Neuer Dienst wurde gefunden.(Automatischer Start)";
+        f.ListView2.Add(DateiName(pfad));
+        f.ListView2.Add(pfad);
+        f.ListView2.Add(displayName + " ---->> " + beschreibung);
+        f.Picture3[4].Visible = false;
+        ListItem& reihe = f.ListView4.Add("Dienst");
+        reihe.SetSubItem(1, "HKEY_LOCAL_MACHINE");
+        reihe.SetSubItem(2, K);
+        reihe.SetSubItem(3, name);
+        reihe.SetSubItem(4, pfad);
+        std::string datei = pfad;
+        holedaten(p, f, datei);
+        IcoHolen(p, pfad, f.picProcIcon);
+    });
+}
 
 }  // namespace kes

@@ -1,28 +1,38 @@
-// New services that start automatically, unless their maker is trusted.
+// New services that start automatically. A service is known by its name (daten\dienste.ini,
+// whose keys ObjectName and DisplayName hold each other's content, in every reader and
+// writer), and excepted when the maker of its file is trusted (daten\dienstefirmen.txt,
+// compared without regard to case). A deferred service is known by its file, so all
+// services of one shared host file are deferred together.
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "common/steuerelemente.h"
+#include "platform/infos.h"
 #include "watchers/kontext.h"
 
 namespace kes {
 
 class Dienste {
 public:
-    Dienste(WächterKontext& k, ListView& ListView11, ListBox& List10, std::array<Label, 35>& ww)
-        : ListView11(ListView11), List10(List10), ww(ww), k_(k) {}
+    Dienste(WächterKontext& k, ListView& ListView11, ListBox& List10, std::array<Label, 35>& ww);
 
     void LadeDienste();
     void LadeDiensteHersteller();
     void TesteDienste();
 
-    ListView& ListView11;
-    ListBox& List10;
+    ListView& ListView11;  // the known services
+    ListBox& List10;       // the trusted makers
     std::array<Label, 35>& ww;
 
 private:
-    [[maybe_unused]] WächterKontext& k_;
+    WächterKontext& k_;
+    DateiVersion infos_;  // one record, filled anew for each entry
 };
+
+// A walk of the services key gives up beyond this many subkeys: the guard against a
+// runaway enumeration.
+inline constexpr std::size_t kDiensteGrenze = 3000;
 
 }  // namespace kes

@@ -1,15 +1,270 @@
-// Not watched yet: the routines keep their places in the load order and in the cycle.
 #include "watchers/klassenlisten.h"
+
+#include "common/fehler.h"
+#include "platform/alledateien.h"
+#include "platform/allefunktionen.h"
+#include "platform/hive_ocx.h"
+#include "platform/icoholen.h"
+#include "platform/registry.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
-void Klassenlisten::LadeBHO() {}
-void Klassenlisten::LadeShellService() {}
-void Klassenlisten::LadeSharedTaskScheduler() {}
-void Klassenlisten::LadeURLSearchHook() {}
-void Klassenlisten::TesteBHO() {}
-void Klassenlisten::TesteShellService() {}
-void Klassenlisten::TesteSharedTaskScheduler() {}
-void Klassenlisten::TesteSonstiges2() {}
+namespace {
+using Art = Klassenlisten::Art;
+
+constexpr const char* kBHO = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects";
+constexpr const char* kSSODL = "Software\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad";
+constexpr const char* kSTS = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler";
+constexpr const char* kHooks = "Software\\Microsoft\\Internet Explorer\\URLSearchHooks";
+const std::string kStandardwert(1, '\0');  // the default value of a key, as HiveOCX names it
+
+// What the four shapes share in kind but not in value. The rest differs in steps and is
+// told where it happens.
+struct Mitglied {
+    Kategorie kategorie;
+    RegHandle root;
+    const char* schlüssel;
+    bool unterschlüssel;  // the entries are subkeys (else value names)
+    const char* überschrift;
+};
+
+const Mitglied& Von(Art art) {
+    static const Mitglied kMitglieder[] = {
+        {Kategorie::BHO, kHkeyLocalMachine, kBHO, true, "Neuer Eintrag [Browser Helper Objects]"},
+        {Kategorie::ShellService, kHkeyLocalMachine, kSSODL, false,
+         "Neuer Autostarteintrag [ShellServiceObjectDelayLoad]"},
+        {Kategorie::TaskScheduler, kHkeyLocalMachine, kSTS, false, "Neuer Autostarteintrag [SharedTaskScheduler]"},
+        {Kategorie::URLSearchHooks, kHkeyCurrentUser, kHooks, false,
+         "Registry Eintrag geändert [IExplorer URLSearchHooks]"},
+    };
+    return kMitglieder[static_cast<int>(art)];
+}
+}  // namespace
+
+Klassenlisten::Klassenlisten(WächterKontext& k, ListView& ListView8, ListView& ListView9, ListView& ListView10,
+                             ListBox& List9, std::array<Label, 35>& ww)
+    : ListView8(ListView8), ListView9(ListView9), ListView10(ListView10), List9(List9), ww(ww), k_(k) {
+    const std::vector<std::string> spalten = {"Name",          "Wert",        "Info",    "CLISD", "Wert",
+                                              "Firma",         "Produktname", "Version", "Info",  "Dateiversion",
+                                              "Interner Name", "Copyright",   "index"};
+    for (ListView* l : {&ListView8, &ListView9, &ListView10}) l->Columns = spalten;
+}
+
+void Klassenlisten::Dateifelder(ListItem& zeile, const std::string& pfad, int abschnitt) {
+    // A version block that overflows leaves the record as the last entry left it.
+    try {
+        DateiInfos(k_.P(), pfad, infos_);
+    } catch (const Fehler&) {
+    }
+    zeile.SetSubItem(5, infos_.CompanyName);
+    zeile.SetSubItem(6, infos_.ProductName);
+    zeile.SetSubItem(7, infos_.ProductVersion);
+    zeile.SetSubItem(8, infos_.FileDescription);
+    zeile.SetSubItem(9, infos_.FileVersion);
+    zeile.SetSubItem(10, infos_.InternalName);
+    zeile.SetSubItem(11, infos_.LegalCopyright);
+    zeile.SetSubItem(12, std::to_string(abschnitt));
+}
+
+void Klassenlisten::LadeBHO() {
+    Plattform& p = k_.P();
+    const std::string datei = k_.W().Programmordner + "daten\\bho.ini";
+    ListView8.Items.clear();
+    // Removing an exception removes its section: the numbers have gaps, and all are read.
+    for (int n = 1; n <= 300; ++n) {
+        const std::string abschnitt = std::to_string(n);
+        std::string pfad = p.profiles.GetString(abschnitt, "Pfad", "", datei, 255);
+        const std::string clisd = p.profiles.GetString(abschnitt, "Clisd", "", datei, 255);
+        const std::string name = p.profiles.GetString(abschnitt, "Name", "", datei, 255);
+        if (pfad.empty()) continue;
+        pfad = PfadErweitern(pfad, k_.W().Windowsordner);
+        ListItem& zeile = ListView8.Add(pfad);
+        zeile.SetSubItem(1, clisd);
+        zeile.SetSubItem(2, name);
+        zeile.SetSubItem(3, "");
+        zeile.SetSubItem(4, "");
+        Dateifelder(zeile, pfad, n);
+    }
+    ww[14].Caption = "Ausnahmen:   [Einträge: " + std::to_string(ListView8.Items.size()) + "]";
+}
+
+void Klassenlisten::LadeVierSchlüssel(const std::string& datei, ListView& liste) {
+    Plattform& p = k_.P();
+    const std::string pfadDatei = k_.W().Programmordner + datei;
+    liste.Items.clear();
+    for (int n = 1; n <= 50; ++n) {
+        const std::string abschnitt = std::to_string(n);
+        const std::string name = p.profiles.GetString(abschnitt, "Name", "", pfadDatei, 255);
+        const std::string wert = p.profiles.GetString(abschnitt, "Wert", "", pfadDatei, 255);
+        const std::string clisd = p.profiles.GetString(abschnitt, "Clisd", "", pfadDatei, 255);
+        std::string clisdwert = p.profiles.GetString(abschnitt, "Clisdwert", "", pfadDatei, 255);
+        if (name.empty()) continue;
+        clisdwert = PfadErweitern(clisdwert, k_.W().Windowsordner);
+        ListItem& zeile = liste.Add(name);
+        zeile.SetSubItem(1, wert);
+        zeile.SetSubItem(2, clisd);
+        zeile.SetSubItem(3, clisdwert);
+        zeile.SetSubItem(4, "");
+        Dateifelder(zeile, clisdwert, n);
+    }
+}
+
+void Klassenlisten::LadeShellService() {
+    LadeVierSchlüssel("daten\\shellservice.ini", ListView9);
+}
+
+void Klassenlisten::LadeSharedTaskScheduler() {
+    LadeVierSchlüssel("daten\\taskscheduler.ini", ListView10);
+}
+
+void Klassenlisten::LadeURLSearchHook() {
+    const std::string datei = k_.W().Programmordner + "daten\\URLSearchHook.txt";
+    if (!DateiVorhanden(k_.P(), datei)) return;  // the list keeps what it had
+    const auto inhalt = k_.P().files.ReadAll(datei);
+    List9.Items.clear();
+    if (!inhalt) return;
+    for (const auto& zeile : ZeilenLesen(*inhalt)) {
+        if (zeile.empty()) break;
+        List9.Items.push_back(zeile);
+    }
+}
+
+// The baseline is searched by the live name, whole and with case.
+bool Klassenlisten::Bekannt(Art art, const std::string& name) const {
+    switch (art) {
+        case Art::BHO:
+            for (const auto& z : ListView8.Items)
+                if (z.SubItem(1) == name) return true;
+            return false;
+        case Art::ShellService:
+            for (const auto& z : ListView9.Items)
+                if (z.Text == name) return true;
+            return false;
+        case Art::TaskScheduler:
+            for (const auto& z : ListView10.Items)
+                if (z.SubItem(1) == name) return true;
+            return false;
+        case Art::URLSearchHooks:
+            for (const auto& zeile : List9.Items) {
+                if (zeile == name) return true;
+                k_.Pumpen();
+            }
+            return false;
+    }
+    return false;
+}
+
+void Klassenlisten::TesteBHO() {
+    Teste(Art::BHO);
+}
+void Klassenlisten::TesteShellService() {
+    Teste(Art::ShellService);
+}
+void Klassenlisten::TesteSharedTaskScheduler() {
+    Teste(Art::TaskScheduler);
+}
+void Klassenlisten::TesteSonstiges2() {
+    Teste(Art::URLSearchHooks);
+}
+
+void Klassenlisten::Teste(Art art) {
+    const Mitglied& m = Von(art);
+    Plattform& p = k_.P();
+    std::vector<std::string> liste;
+    try {
+        Registry reg(p);
+        liste = m.unterschlüssel ? reg.GetSubkeys(m.root, m.schlüssel) : reg.GetValueNames(m.root, m.schlüssel);
+    } catch (const Fehler& f) {
+        // Only the helper objects say so; the others end without a word.
+        if (art == Art::BHO)
+            p.dialogs.ShowMessage("Fehler beim lesen [Browser Helper Objects] FehlerNr: " + std::to_string(f.Nummer()),
+                                  "", kMbOk);
+        return;
+    } catch (const std::exception&) {
+        if (art == Art::BHO) p.dialogs.ShowMessage("Fehler beim lesen [Browser Helper Objects] FehlerNr: 5", "", kMbOk);
+        return;
+    }
+    if (liste.empty() || liste.front().empty()) return;
+
+    HiveOCX hive(p.registry);
+    // N the entry name, D what is read before the server, C the class, S its server file.
+    std::string N, D, C, S;
+    bool gefunden = false;
+    for (const std::string& eintrag : liste) {
+        // Only what stands before a ";" is compared and shown.
+        N = eintrag.substr(0, eintrag.find(';'));
+        // The walk's surplus entry is no name. Its server read would ask for the default
+        // value of CLSID itself, which some systems fill.
+        if (N.empty() || N.front() == '\0') continue;
+        if (art == Art::ShellService || art == Art::TaskScheduler) k_.Pumpen();
+        if (Bekannt(art, N)) continue;
+        switch (art) {
+            case Art::BHO:
+                D = hive.ReadValue(2, std::string(kBHO) + "\\" + N, kStandardwert);
+                break;
+            case Art::ShellService:
+            case Art::TaskScheduler:
+                D = hive.ReadValue(2, m.schlüssel, N);
+                break;
+            case Art::URLSearchHooks:
+                k_.Pumpen();
+                break;
+        }
+        C = art == Art::ShellService ? D : N;
+        S = hive.ReadValue(0, "CLSID\\" + C + "\\InprocServer32", kStandardwert);
+        // A class without a server file is passed over.
+        if (S.empty()) continue;
+        if (art == Art::BHO) k_.W().Kategorieschlüssel = Kategorie::BHO;
+        // The scheduler is deferred by its description, so equal descriptions go together.
+        if (k_.Später(art == Art::TaskScheduler ? D : N)) continue;
+        gefunden = true;
+        break;
+    }
+    if (!gefunden) return;
+
+    k_.Warnen(m.kategorie, [&](Warnung& f) {
+        std::string unerweitert = S;
+        std::string E = PfadErweitern(unerweitert, k_.W().Windowsordner);
+        f.ListView2.Add(DateiName(E));
+        f.ListView2.Add(E);
+        f.Picture3[4].Visible = false;
+
+        const bool erweitertImRegister = art == Art::BHO || art == Art::URLSearchHooks;
+        ListItem& reihe = f.ListView4.Add(art == Art::BHO             ? std::string("BHO")
+                                          : art == Art::ShellService  ? N
+                                          : art == Art::TaskScheduler ? D
+                                                                      : std::string("URLSearchHooks"));
+        reihe.SetSubItem(1, RootName(m.root));
+        reihe.SetSubItem(2, m.schlüssel);
+        reihe.SetSubItem(3, N);
+        reihe.SetSubItem(4, art == Art::URLSearchHooks ? "" : D);
+        reihe.SetSubItem(5, art == Art::ShellService ? D : art == Art::URLSearchHooks ? E : N);
+        reihe.SetSubItem(6, "HKEY_CLASSES_ROOT");
+        reihe.SetSubItem(7, "CLSID\\" + C);
+        reihe.SetSubItem(8, "InprocServer32");
+        reihe.SetSubItem(9, erweitertImRegister ? E : S);
+
+        f.Text1[0].Text = N;
+        switch (art) {
+            case Art::BHO:
+                f.Text1[1].Text = E;
+                f.Text1[2].Text = D;
+                break;
+            case Art::ShellService:
+            case Art::TaskScheduler:
+                f.Text1[1].Text = D;
+                f.Text1[2].Text = D;
+                f.Text1[3].Text = E;
+                break;
+            case Art::URLSearchHooks:
+                f.Text1[1].Text = E;
+                break;
+        }
+        f.Label1[0].Caption = m.überschrift;
+        holedaten(p, f, E);
+        IcoHolen(p, E, f.picProcIcon);
+    });
+}
 
 }  // namespace kes

@@ -1,10 +1,17 @@
-// The places where a component class hooks into shell or browser: Browser Helper Objects, ShellServiceObjectDelayLoad,
-// SharedTaskScheduler, URLSearchHooks.
+// The places where a component class hooks into shell or browser: Browser Helper Objects,
+// ShellServiceObjectDelayLoad, SharedTaskScheduler, URLSearchHooks. One watch in four
+// shapes: the live entries are listed, and the first one that is neither known nor
+// deferred and whose class has a server file raises a warning. A class without a server
+// file passes in silence. The baselines are daten\bho.ini, daten\shellservice.ini,
+// daten\taskscheduler.ini and daten\URLSearchHook.txt; the same lists are the exception
+// lists of the control panel.
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "common/steuerelemente.h"
+#include "platform/infos.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -12,8 +19,7 @@ namespace kes {
 class Klassenlisten {
 public:
     Klassenlisten(WächterKontext& k, ListView& ListView8, ListView& ListView9, ListView& ListView10, ListBox& List9,
-                  std::array<Label, 35>& ww)
-        : ListView8(ListView8), ListView9(ListView9), ListView10(ListView10), List9(List9), ww(ww), k_(k) {}
+                  std::array<Label, 35>& ww);
 
     void LadeBHO();
     void LadeShellService();
@@ -24,14 +30,25 @@ public:
     void TesteSharedTaskScheduler();
     void TesteSonstiges2();
 
-    ListView& ListView8;
-    ListView& ListView9;
-    ListView& ListView10;
-    ListBox& List9;
+    ListView& ListView8;   // daten\bho.ini
+    ListView& ListView9;   // daten\shellservice.ini
+    ListView& ListView10;  // daten\taskscheduler.ini
+    ListBox& List9;        // daten\URLSearchHook.txt
     std::array<Label, 35>& ww;
 
+    // The four shapes of the watch; the table of what each does differently is in the source.
+    enum class Art { BHO, ShellService, TaskScheduler, URLSearchHooks };
+
 private:
-    [[maybe_unused]] WächterKontext& k_;
+    // The shell service and task scheduler files: four keys a section, sections 1 to 50.
+    void LadeVierSchlüssel(const std::string& datei, ListView& liste);
+    // Adds the version fields of the server file and the section number to a row.
+    void Dateifelder(ListItem& zeile, const std::string& pfad, int abschnitt);
+    bool Bekannt(Art art, const std::string& name) const;
+    void Teste(Art art);
+
+    WächterKontext& k_;
+    DateiVersion infos_;  // one record, filled anew for each entry
 };
 
 }  // namespace kes

@@ -162,6 +162,7 @@ if __name__ == "__main__":
     import prozesse  # noqa: F401
     import startseite  # noqa: F401
     import ordner  # noqa: F401
+    import klassen  # noqa: F401
     import warnung  # noqa: F401
     import dauerlauf  # noqa: F401  # last: the longest
 

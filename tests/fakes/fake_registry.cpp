@@ -91,7 +91,8 @@ long FakeRegistry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uin
     if (beimÖffnen) beimÖffnen(subkey);
     auto von = Knoten_(root);
     if (!von) return Ungültig(root);
-    auto k = Finde(von, subkey);
+    // The ANSI call sees the path up to its first NUL, as the platform's does.
+    auto k = Finde(von, subkey.substr(0, subkey.find('\0')));
     if (!k) return kErrorFileNotFound;
     *out = NeuerHandle(k);
     return kErrorSuccess;
