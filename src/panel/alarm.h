@@ -23,6 +23,28 @@ inline constexpr long kLeisteRuhe = 12648384;
 inline constexpr long kLeisteGewählt = 255;
 inline constexpr long kLeisteGewähltText = 16777215;
 
+// The headings of the twenty pages, as they stand.
+inline constexpr const char* kSeitenTitel[20] = {"Aktuelle Einstellungen",
+                                                 "Prozesse",
+                                                 "IExplorer Favoriten",
+                                                 "IExplorer Startpage",
+                                                 "DFÜ-Verbindung",
+                                                 "Autostart-Funktion Ordner",
+                                                 "Autostart-Funktion Registry",
+                                                 "Nachrichtendienst überwachen",
+                                                 "Hosts Datei überwachen",
+                                                 "Ordner überwachen",
+                                                 "Alle zurückgestellten Einträge (Später)",
+                                                 "Browser Helper Objects",
+                                                 "ActiveX-Objekte",
+                                                 " ShellServiceObjectDelayLoad",
+                                                 " SharedTaskScheduler",
+                                                 "Sonstiges",
+                                                 "Sonstige Registry Einträge",
+                                                 "Windows Dienste",
+                                                 "IExploere Vertauenswürdige Seiten",
+                                                 "Autostart Registry [Sonstiges]"};
+
 // A menu the view is asked to open: by name ("Internet", "autostart", "hijacker",
 // "PageÄndern"), at the right edge of sidebar entry Label (or at the pointer when -1).
 struct MenüWunsch {

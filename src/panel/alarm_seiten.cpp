@@ -55,6 +55,9 @@ void AlarmFenster::SeitenleisteAnlegen() {
                                               "Firma",         "Produktname", "Version", "Info",  "Dateiversion",
                                               "Interner Name", "Copyright",   "index"};
     ListView8.Columns = ListView9.Columns = ListView10.Columns = klassen;
+    // The wide lists scroll sideways rather than squeeze their columns.
+    ListView8.ColumnWidths = ListView9.ColumnWidths = ListView10.ColumnWidths = std::vector<int>(13, 90);
+    ListView11.ColumnWidths = std::vector<int>(15, 90);
 
     // The watched places of page 6, as the autostart registry watcher walks them.
     const char* orte[12] = {"HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run",
@@ -70,6 +73,8 @@ void AlarmFenster::SeitenleisteAnlegen() {
                             "HKEY_USERS\\<Benutzer>\\Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce",
                             "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon"};
     for (std::size_t i = 0; i < 12; ++i) Label2[4 + i].Caption = orte[i];
+    // The services watcher adds the count when it loads.
+    ww[19].Caption = "Ausnahmen:";
 }
 
 int AlarmFenster::SichtbareSeite() const {

@@ -137,6 +137,7 @@ if __name__ == "__main__":
     # The tests of the other files register themselves when imported.
     import assistent  # noqa: F401
     import autostart  # noqa: F401
+    import panel  # noqa: F401
     import warnung  # noqa: F401
 
     sys.exit(main())

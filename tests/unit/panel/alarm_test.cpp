@@ -141,6 +141,20 @@ TEST_F(Panel, Watch_SwitchesMonitoringOnAndHides) {
     EXPECT_EQ(fp.tray.Last().szTip, "Kestrella ist aktiv");
 }
 
+TEST_F(Panel, Reset_PaintsItsEntryRedBeforeTheQuestion_NoKeepsTheProgram) {
+    a().Show();
+    long farbeBeiFrage = 0;
+    fp.dialogs.beimZeigen = [&] { farbeBeiFrage = a().Label1[10].BackColor; };
+    fp.dialogs.antworten.push_back(kIdNo);
+    Wählen(10);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Achtung!!");
+    EXPECT_EQ(farbeBeiFrage, kLeisteGewählt);
+    EXPECT_TRUE(prg.Zurücksetzen);
+    EXPECT_FALSE(prg.Beenden);
+    EXPECT_TRUE(a().Visible);
+}
+
 TEST_F(Panel, StartPageEdit_WritesRowAndSlotK_AndSaves) {
     for (int i = 1; i <= 19; ++i) {
         ListItem& z = a().ListView3.Add("HKEY_CURRENT_USER");
