@@ -151,7 +151,7 @@ int BoxBreite(HWND eltern, const std::string& caption) {
 HWND BoxAnlegen(HWND eltern, Box& modell, int id, int x, int y, int breite) {
     KlasseRegistrieren(kBoxKlasse, &BoxProc);
     if (breite <= 0) breite = BoxBreite(eltern, modell.Caption);
-    HWND h = ::CreateWindowExA(0, kBoxKlasse, modell.Caption.c_str(), WS_CHILD | WS_TABSTOP, x, y, breite, 17, eltern,
+    HWND h = ::CreateWindowExA(0, kBoxKlasse, modell.Caption.c_str(), WS_CHILD | WS_TABSTOP, x, y, breite, 16, eltern,
                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ::GetModuleHandleA(nullptr), nullptr);
     ::SetWindowLongPtrA(
         h, GWLP_USERDATA,

@@ -9,7 +9,8 @@
 
 namespace kes::ui {
 
-// Width of a box for its caption at the dialog font: the text plus 360 twips (24 pixels).
+// Width of a box for its caption at the dialog font: the text plus 360 twips (24 pixels);
+// the height is 240 twips (16 pixels).
 int BoxBreite(HWND eltern, const std::string& caption);
 HWND BoxAnlegen(HWND eltern, Box& modell, int id, int x, int y, int breite);
 // Draws the box again when its value, caption or colour changed.
