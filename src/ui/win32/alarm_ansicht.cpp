@@ -157,7 +157,12 @@ void AlarmAnsicht::Abgleichen() {
             ::InvalidateRect(leiste_[i], nullptr, FALSE);
         }
     }
-    for (const Teil& t : teile_) Sichtbar(t.h, f_.Frame1[t.seite].Visible);
+    // The pages lie on top of each other, the higher number above: of two visible pages
+    // only the upper one can be seen.
+    int oben = -1;
+    for (int s = 0; s < 20; ++s)
+        if (f_.Frame1[s].Visible) oben = s;
+    for (const Teil& t : teile_) Sichtbar(t.h, t.seite == oben);
     for (std::size_t i = 0; i < box_.size(); ++i)
         if (box_[i]) {
             BoxAbgleichen(box_[i]);
@@ -165,7 +170,7 @@ void AlarmAnsicht::Abgleichen() {
         }
     // A list is filled (and shown) only while its page shows; the page decides visibility.
     for (Liste& l : listen_)
-        if (f_.Frame1[l.seite].Visible) l.ansicht->Abgleichen(*l.modell);
+        if (l.seite == oben) l.ansicht->Abgleichen(*l.modell);
     for (Kasten& k : kästen_) {
         if (k.zuletzt == k.modell->Items) continue;
         ::SendMessageA(k.h, LB_RESETCONTENT, 0, 0);

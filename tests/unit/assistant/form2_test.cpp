@@ -108,6 +108,7 @@ TEST_F(Assistent, Services_OnlyAutomatic_NumberedWithoutGaps_DllFirst_KeysCrosse
     Dienst("Gamma", 2, "%SystemRoot%\\System32\\svchost.exe -k netsvcs");
     fp.registry.SetString(kDienste + "Gamma\\Parameters", "ServiceDll", "%SystemRoot%\\System32\\GAMMA.dll");
     fp.registry.SetString(kDienste + "Ohne", "ImagePath", "ohne.exe");
+    fp.registry.SetDword(kDienste + "Zeta", "Start", 2);  // nothing else to read
     fp.files.Put(ordner + "daten\\dienste.ini", "[7]\r\nDienst=Alt\r\n");
 
     f().holedienste();
@@ -118,7 +119,9 @@ TEST_F(Assistent, Services_OnlyAutomatic_NumberedWithoutGaps_DllFirst_KeysCrosse
     EXPECT_EQ(Ini("1", "ImagePath"), "C:\\WINDOWS\\system32\\alpha.exe");
     EXPECT_EQ(Ini("2", "Dienst"), "Gamma");
     EXPECT_EQ(Ini("2", "ImagePath"), "C:\\WINDOWS\\system32\\gamma.dll");
-    EXPECT_EQ(Ini("3", "Dienst"), "");
+    EXPECT_EQ(Ini("3", "Dienst"), "Zeta") << "what could not be read stays empty, the section is written";
+    EXPECT_EQ(Ini("3", "ImagePath"), "");
+    EXPECT_EQ(Ini("4", "Dienst"), "");
     EXPECT_EQ(Ini("7", "Dienst"), "") << "an old file goes first";
 }
 
