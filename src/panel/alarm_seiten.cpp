@@ -23,6 +23,21 @@ constexpr const char* kHijacker[5] = {"Browser Helper Objects", "ActiveX-Objekte
                                       "SharedTaskScheduler", "Sonstige Registry Einträge"};
 constexpr int kHijackerSeite[5] = {11, 12, 13, 14, 16};
 
+// The ten watched keys and what the three texts are for.
+constexpr const char* kShellOrte[13] = {"HKEY_CLASSES_ROOT\\exefile\\shell\\open\\command",
+                                        "HKEY_CLASSES_ROOT\\comfile\\shell\\open\\command",
+                                        "HKEY_CLASSES_ROOT\\batfile\\shell\\open\\command",
+                                        "HKEY_CLASSES_ROOT\\piffile\\shell\\open\\command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\exefile\\shell\\open\\command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\batfile\\shell\\open\\command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\comfile\\shell\\open\\command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\piffile\\shell\\open\\command",
+                                        "HKEY_CLASSES_ROOT\\htafile\\Shell\\Open\\Command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\htafile\\Shell\\Open\\Command",
+                                        "Zuletzt geprüft:",
+                                        "exe, com, bat, pif:",
+                                        "hta:"};
+
 std::string Klein(std::string s) {
     for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return s;
@@ -73,6 +88,7 @@ void AlarmFenster::SeitenleisteAnlegen() {
                             "HKEY_USERS\\<Benutzer>\\Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce",
                             "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon"};
     for (std::size_t i = 0; i < 12; ++i) Label2[4 + i].Caption = orte[i];
+    for (std::size_t i = 0; i < 13; ++i) ww[22 + i].Caption = kShellOrte[i];
     // The services watcher adds the count when it loads.
     ww[19].Caption = "Ausnahmen:";
 }

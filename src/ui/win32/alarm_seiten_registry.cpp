@@ -29,20 +29,6 @@ constexpr const char* kShellHilfe =
     "Die Öffnen-Befehle der Dateitypen exe, com, bat, pif und hta bestimmen, wie Windows ein Programm "
     "startet. Wer sie verbiegt, lässt vor jedem Programmstart sein eigenes laufen. Hier stehen die "
     "erwarteten Werte; Änderungen gelten bis zum Ende der Sitzung.";
-// The ten watched keys and what the three texts are for.
-constexpr const char* kShellOrte[13] = {"HKEY_CLASSES_ROOT\\exefile\\shell\\open\\command",
-                                        "HKEY_CLASSES_ROOT\\comfile\\shell\\open\\command",
-                                        "HKEY_CLASSES_ROOT\\batfile\\shell\\open\\command",
-                                        "HKEY_CLASSES_ROOT\\piffile\\shell\\open\\command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\exefile\\shell\\open\\command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\batfile\\shell\\open\\command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\comfile\\shell\\open\\command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\piffile\\shell\\open\\command",
-                                        "HKEY_CLASSES_ROOT\\htafile\\Shell\\Open\\Command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\htafile\\Shell\\Open\\Command",
-                                        "Zuletzt geprüft:",
-                                        "exe, com, bat, pif:",
-                                        "hta:"};
 }  // namespace
 
 void AlarmAnsicht::SeitenRegistry() {
@@ -96,11 +82,9 @@ void AlarmAnsicht::SeitenRegistry() {
     BoxNeu(19, 31, 28, 44);
     Hilfe(19, kShellHilfe, 12, 66, innen, 52);
     for (int i = 0; i < 10; ++i) {
-        f_.ww[22 + i].Caption = kShellOrte[i];
         LabelNeu(19, f_.ww[22 + i], 12, 122 + i * 15, innen, 15);
     }
     for (int i = 0; i < 3; ++i) {
-        f_.ww[32 + i].Caption = kShellOrte[10 + i];
         LabelNeu(19, f_.ww[32 + i], 12, 282 + i * 28, 120, 16);
         text5_[i] = Neu(19, "EDIT", f_.Text5[i].Text, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kIdText5 + i, 136,
                         279 + i * 28, innen - 124, 22);
