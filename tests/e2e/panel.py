@@ -75,3 +75,17 @@ def panel_watch_entry_switches_monitoring_on_and_hides(h):
     h.kd("post", "KestrellaStart", "512", "0", "517")
     check(wait_until(lambda: "Überwachung ist aktiv" in h.kd("menu", check=False), 5),
           "the tray does not say monitoring is on")
+
+
+@test
+def panel_log_open_without_log_says_it_is_empty(h):
+    hwnd = open_panel(h, "panellog")
+    for name in os.listdir(h.folder):
+        if name.lower() == "kestrella.log":
+            os.remove(os.path.join(h.folder, name))
+    h.click(hwnd, "Log-öffnen")
+    h.wait_window("Kestrella-Info", 10)
+    texts = [c["text"] for c in h.texts("Kestrella-Info")]
+    check("Die Log-Datei ist noch leer!" in texts, f"the message says {texts}")
+    h.click("Kestrella-Info", "OK")
+    h.gone("Kestrella-Info", 5)
