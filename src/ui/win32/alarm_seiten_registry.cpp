@@ -80,14 +80,14 @@ void AlarmAnsicht::SeitenRegistry() {
     // 19: open commands of the program file types.
     BoxNeu(19, 30, 12, 22);
     BoxNeu(19, 31, 28, 44);
-    Hilfe(19, kShellHilfe, 12, 66, innen, 52);
+    Hilfe(19, kShellHilfe, 12, 66, innen, 60);
     for (int i = 0; i < 10; ++i) {
-        LabelNeu(19, f_.ww[22 + i], 12, 122 + i * 15, innen, 15);
+        LabelNeu(19, f_.ww[22 + i], 12, 134 + i * 15, innen, 15);
     }
     for (int i = 0; i < 3; ++i) {
-        LabelNeu(19, f_.ww[32 + i], 12, 282 + i * 28, 120, 16);
+        LabelNeu(19, f_.ww[32 + i], 12, 296 + i * 28, 120, 16);
         text5_[i] = Neu(19, "EDIT", f_.Text5[i].Text, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kIdText5 + i, 136,
-                        279 + i * 28, innen - 124, 22);
+                        293 + i * 28, innen - 124, 22);
     }
 }
 
