@@ -33,6 +33,12 @@ struct CheckBox {
     bool Enabled = true;
 };
 
+struct CommandButton {
+    std::string Caption;
+    bool Visible = true;
+    bool Enabled = true;
+};
+
 struct PictureBox {
     bool Visible = true;
     int Height = 0;
