@@ -156,6 +156,7 @@ TEST_F(Panel, Reset_PaintsItsEntryRedBeforeTheQuestion_NoKeepsTheProgram) {
 }
 
 TEST_F(Panel, StartPageEdit_WritesRowAndSlotK_AndSaves) {
+    a().ListView3.Items.clear();  // rows of our own in place of the loaded ones
     for (int i = 1; i <= 19; ++i) {
         ListItem& z = a().ListView3.Add("HKEY_CURRENT_USER");
         z.SetSubItem(3, "alt" + std::to_string(i));
@@ -181,6 +182,7 @@ TEST_F(Panel, StartPageEdit_WritesRowAndSlotK_AndSaves) {
 }
 
 TEST_F(Panel, StartPageList_EmptyListOpensNoMenu) {
+    a().ListView3.Items.clear();
     a().ListView3Auswahl = 0;
     a().ListView3_MouseUp();
     EXPECT_TRUE(a().Menü.Name.empty());
