@@ -25,7 +25,6 @@
 #include <windows.h>
 // after windows.h, which they need
 #include <commctrl.h>
-#include <psapi.h>
 #include <tlhelp32.h>
 
 #include <algorithm>
@@ -39,6 +38,7 @@
 #include <vector>
 
 #include "kdmenu.h"
+#include "kdprozesse.h"
 
 namespace {
 
@@ -528,43 +528,6 @@ int MenuClick(const std::string& text) {
     return Fehler("menu item \"" + text + "\" could not be selected with the keyboard");
 }
 
-int Procs() {
-    HANDLE schnapp = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    if (schnapp == INVALID_HANDLE_VALUE) return Fehler("no process snapshot: error " + std::to_string(GetLastError()));
-    PROCESSENTRY32 p{};
-    p.dwSize = sizeof p;
-    for (BOOL gut = Process32First(schnapp, &p); gut; gut = Process32Next(schnapp, &p))
-        std::printf("%lu\t%s\n", p.th32ProcessID, Escape(p.szExeFile).c_str());
-    CloseHandle(schnapp);
-    return 0;
-}
-
-DWORD Pid(const char* text) {
-    return static_cast<DWORD>(std::strtoul(text, nullptr, 0));
-}
-
-int Kill(const char* pid) {
-    HANDLE prozess = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, Pid(pid));
-    if (!prozess) return Fehler("no process " + std::string(pid) + ": error " + std::to_string(GetLastError()));
-    const bool beendet = TerminateProcess(prozess, 1) && WaitForSingleObject(prozess, 10000) == WAIT_OBJECT_0;
-    CloseHandle(prozess);
-    return beendet ? 0 : Fehler("process " + std::string(pid) + " did not end");
-}
-
-// The figures the system keeps for the process, the same as the task manager shows.
-int Memory(const char* pid) {
-    HANDLE prozess = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, Pid(pid));
-    if (!prozess) return Fehler("no process " + std::string(pid) + ": error " + std::to_string(GetLastError()));
-    PROCESS_MEMORY_COUNTERS_EX z{};
-    z.cb = sizeof z;
-    const bool gut = GetProcessMemoryInfo(prozess, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&z), sizeof z);
-    CloseHandle(prozess);
-    if (!gut) return Fehler("GetProcessMemoryInfo failed: error " + std::to_string(GetLastError()));
-    std::printf("%llu\t%llu\t%llu\n", static_cast<unsigned long long>(z.WorkingSetSize),
-                static_cast<unsigned long long>(z.PeakWorkingSetSize), static_cast<unsigned long long>(z.PrivateUsage));
-    return 0;
-}
-
 // Closes ROUNDS windows titled TITLE one after the other with the close box, each within
 // SECONDS of the one before: one driver for a long series, so that starting it does not
 // dominate each round.
@@ -609,9 +572,9 @@ int main(int argc, char** argv) {
     if (befehl == "between" && argc == 5) return Between(argv[2], argv[3], Sekunden(argc, argv, 4));
     if (befehl == "menu" && argc == 2) return MenuList();
     if (befehl == "menu-click" && argc == 3) return MenuClick(argv[2]);
-    if (befehl == "procs" && argc == 2) return Procs();
-    if (befehl == "kill" && argc == 3) return Kill(argv[2]);
-    if (befehl == "memory" && argc == 3) return Memory(argv[2]);
+    if (befehl == "procs" && argc == 2) return kdprozesse::Liste();
+    if (befehl == "kill" && argc == 3) return kdprozesse::Beenden(argv[2]);
+    if (befehl == "memory" && argc == 3) return kdprozesse::Speicher(argv[2]);
     if (befehl == "close-each" && (argc == 4 || argc == 5))
         return CloseEach(argv[2], std::atoi(argv[3]), Sekunden(argc, argv, 4));
     std::fprintf(stderr,
