@@ -13,6 +13,7 @@
 #include "common/steuerelemente.h"
 #include "common/version.h"
 #include "panel/aufab.h"
+#include "panel/ausnahmelisten.h"
 #include "panel/panel_kontext.h"
 #include "watchers/alarm_daten.h"
 
@@ -73,6 +74,8 @@ public:
     int ListView2SortKey = 0;
     bool ListView2Sorted = false;
     MenüWunsch Menü;
+    // The context menus of the lists that show baselines and exception lists.
+    Ausnahmelisten Ausnahmen;
 
     void Form_Load();
     void Timer1_Timer();

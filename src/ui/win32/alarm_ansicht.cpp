@@ -64,6 +64,7 @@ HWND AlarmAnsicht::ListeNeu(int seite, const ListView& modell, int x, int y, int
     HWND w = ansicht->Fenster();
     teile_.push_back({seite, w});
     listen_.push_back({seite, std::move(ansicht), &modell});
+    AusnahmeMerken(w, &modell);
     return w;
 }
 
@@ -71,6 +72,7 @@ void AlarmAnsicht::ListBoxNeu(int seite, const ListBox& modell, int x, int y, in
     HWND w = Neu(seite, "LISTBOX", "", WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOINTEGRALHEIGHT | LBS_NOTIFY,
                  kIdSonst, x, y, b, h);
     kästen_.push_back({w, &modell, {"\x01"}});
+    AusnahmeMerken(w, &modell);
 }
 
 void AlarmAnsicht::LabelNeu(int seite, const Label& modell, int x, int y, int b, int h) {
@@ -257,6 +259,46 @@ bool AlarmAnsicht::Befehl(int id, int code, HWND quelle) {
     return false;
 }
 
+void AlarmAnsicht::AusnahmeMerken(HWND h, const void* modell) {
+    using L = Ausnahmeliste;
+    const std::pair<const ListView*, L> ansichten[] = {
+        {&f_.ListView6, L::ListView6},   {&f_.ListView2, L::ListView2},  {&f_.ListView1, L::ListView1},
+        {&f_.ListView8, L::ListView8},   {&f_.ListView9, L::ListView9},  {&f_.ListView10, L::ListView10},
+        {&f_.ListView11, L::ListView11}, {&f_.ListView12, L::ListView12}};
+    const std::pair<const ListBox*, L> kästen[] = {{&f_.List1, L::List1}, {&f_.List4, L::List4},  {&f_.List3, L::List3},
+                                                   {&f_.List5, L::List5}, {&f_.List8, L::List8},  {&f_.List6, L::List6},
+                                                   {&f_.List9, L::List9}, {&f_.List10, L::List10}};
+    for (const auto& [m, l] : ansichten)
+        if (m == modell) ausnahmen_.push_back({h, l, const_cast<ListView*>(m), nullptr});
+    for (const auto& [m, l] : kästen)
+        if (m == modell) ausnahmen_.push_back({h, l, nullptr, const_cast<ListBox*>(m)});
+}
+
+void AlarmAnsicht::AusnahmeMausLos(HWND liste) {
+    for (const Ausnahme& a : ausnahmen_) {
+        if (a.h != liste) continue;
+        if (a.ansicht) {
+            for (std::size_t i = 0; i < a.ansicht->Items.size(); ++i)
+                a.ansicht->Items[i].Selected =
+                    ::SendMessageA(liste, LVM_GETITEMSTATE, i, LVIS_SELECTED) & LVIS_SELECTED;
+        } else {
+            a.kasten->ListIndex = static_cast<int>(::SendMessageA(liste, LB_GETCURSEL, 0, 0));
+        }
+        f_.Ausnahmen.MausLos(a.liste);
+        // The menu opens after the click that asked for it has ended.
+        if (f_.Ausnahmen.Popup) ::PostMessageA(h_, WM_APP + 1, 0, 0);
+        return;
+    }
+}
+
+void AlarmAnsicht::AusnahmeMenüZeigen() {
+    if (!f_.Ausnahmen.Popup) return;
+    const Ausnahmeliste liste = *f_.Ausnahmen.Popup;
+    f_.Ausnahmen.Popup.reset();
+    const int wahl = PopupZeigen(h_, f_.Ausnahmen.Menü(liste).Einträge, -1, nullptr);
+    if (wahl >= 0) f_.Ausnahmen.MenüKlick(liste, wahl);
+}
+
 bool AlarmAnsicht::Benachrichtigung(LPARAM lp, LRESULT& ergebnis) {
     const auto* kopf = reinterpret_cast<const NMHDR*>(lp);
     if (kopf->code == NM_CUSTOMDRAW) {
@@ -268,6 +310,7 @@ bool AlarmAnsicht::Benachrichtigung(LPARAM lp, LRESULT& ergebnis) {
         f_.ListView2_ColumnClick(reinterpret_cast<const NMLISTVIEW*>(lp)->iSubItem + 1);
         return true;
     }
+    if (kopf->code == NM_CLICK || kopf->code == NM_RCLICK) AusnahmeMausLos(kopf->hwndFrom);
     if (kopf->hwndFrom == listView3_ && (kopf->code == NM_CLICK || kopf->code == NM_RCLICK)) {
         f_.ListView3Auswahl = static_cast<int>(::SendMessageA(listView3_, LVM_GETNEXTITEM, -1, LVNI_SELECTED));
         f_.ListView3_MouseUp();
@@ -303,6 +346,13 @@ bool AlarmAnsicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
         case WM_APP:
             // The menu opens after the click that asked for it has ended.
             MenüZeigen();
+            return true;
+        case WM_APP + 1:
+            AusnahmeMenüZeigen();
+            return true;
+        case WM_CONTEXTMENU:
+            // A list box tells its parent of a right click by this message alone.
+            AusnahmeMausLos(reinterpret_cast<HWND>(wp));
             return true;
         case WM_CTLCOLORSTATIC: {
             // Read-only help texts on the face colour, like the labels around them; the log

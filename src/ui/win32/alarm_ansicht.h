@@ -31,6 +31,10 @@ private:
     bool Befehl(int id, int code, HWND quelle);
     bool Benachrichtigung(LPARAM lp, LRESULT& ergebnis);
     void MenüZeigen();
+    // The context menus of the exception lists: the selection of the real list goes to its
+    // model, the model builds the caption, and the choice goes back to the model.
+    void AusnahmeMausLos(HWND liste);
+    void AusnahmeMenüZeigen();
     void LeisteMalen(const DRAWITEMSTRUCT& d);
     void LinkMalen(const DRAWITEMSTRUCT& d);
 
@@ -72,6 +76,14 @@ private:
     std::vector<Liste> listen_;
     std::vector<Kasten> kästen_;
     std::vector<Beschriftung> beschriftungen_;
+    struct Ausnahme {
+        HWND h;
+        Ausnahmeliste liste;
+        ListView* ansicht;  // the model of a list view, or null
+        ListBox* kasten;    // the model of a list box, or null
+    };
+    std::vector<Ausnahme> ausnahmen_;
+    void AusnahmeMerken(HWND h, const void* modell);
     std::array<HWND, 11> leiste_{};
     std::array<long, 22> leisteFarben_{};
     std::array<HWND, 32> box_{};
