@@ -4,8 +4,9 @@
 # as long as the tray program runs, and under Wine no object count can be read to see it.
 #
 # Allowed outside that file: LoadImageA with LR_SHARED in the same statement (the system
-# owns the image), and a line that says "gdi-check: owned" because the call on it hands its
-# object straight to an owner.
+# owns the image), a call whose object goes straight into an owner declared on the same
+# line ("UniqueGdi pinsel(::CreateSolidBrush(...))"), and a line that says
+# "gdi-check: owned" because the call on it hands its object to an owner otherwise.
 #
 # Included from CMakeLists.txt it adds the target kes_gdi_check, which runs at every build
 # in which a source changed; run as a script (-DKES_SOURCE_DIR=... -P) it does the check.
@@ -53,6 +54,9 @@ foreach(f IN LISTS files)
     endif()
     set(call "${CMAKE_MATCH_2}")
     if(line MATCHES "gdi-check: owned")
+      continue()
+    endif()
+    if(line MATCHES "Unique[A-Za-z]+(<[^>]*>)?[ \t]+[^ \t(){}]+[ \t]*[({][ \t]*(::)?(${creating})[ \t]*\\(")
       continue()
     endif()
     if(call MATCHES "^LoadImage")

@@ -16,6 +16,16 @@ private:
     int nummer_;
 };
 
+// Runs one statement of a routine that passes errors over: a failing statement is skipped
+// and the next one runs.
+template <typename Schritt>
+void Übergehen(Schritt&& tun) {
+    try {
+        tun();
+    } catch (...) {
+    }
+}
+
 // Numbers as the runtime reports them.
 inline constexpr int kFehlerTypUnverträglich = 13;
 inline constexpr int kFehlerIndex = 9;

@@ -33,6 +33,12 @@ struct CheckBox {
     bool Enabled = true;
 };
 
+struct CommandButton {
+    std::string Caption;
+    bool Visible = true;
+    bool Enabled = true;
+};
+
 struct PictureBox {
     bool Visible = true;
     int Height = 0;
@@ -82,6 +88,10 @@ struct ListBox {
     // The selected line's text; "" when none is selected.
     std::string Text() const;
 };
+
+// The texts of a list's rows, in order: what a line list writes to its file.
+std::vector<std::string> Texte(const ListBox& liste);
+std::vector<std::string> Texte(const ListView& liste);
 
 // A window timer. Enabling or changing the interval restarts it, as window timers do.
 class Timer {

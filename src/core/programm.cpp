@@ -2,6 +2,7 @@
 
 #include "assistant/form2.h"
 #include "core/einstellungen.h"
+#include "core/erstemal.h"
 #include "core/logdatei.h"
 #include "core/start.h"
 #include "core/tryicon.h"
@@ -45,7 +46,10 @@ Form1Fenster& Programm::Form1() {
 }
 
 Form2Fenster& Programm::Form2() {
-    if (!form2_) form2_ = std::make_unique<Form2Fenster>(static_cast<WächterKontext&>(*this));
+    if (!form2_) {
+        form2_ = std::make_unique<Form2Fenster>(static_cast<AssistentKontext&>(*this));
+        form2_->Form_Load();
+    }
     return *form2_;
 }
 
@@ -95,6 +99,10 @@ void Programm::TimerTick(int id) {
             case kTimerStart2:
                 if (start_ && start_->Timer2.Enabled()) start_->Timer2_Timer();
                 break;
+            case kTimerAufAb0:
+            case kTimerAufAb1:
+                if (alarm_) alarm_->AufAb1.Tick(id == kTimerAufAb0 ? 0 : 1);
+                break;
             case kTimerForm3_1:
                 if (form3_ && form3_->Timer1.Enabled()) form3_->Timer1_Timer();
                 break;
@@ -136,6 +144,32 @@ void Programm::NichtAktiviert() {
 
 void Programm::AutostartHaken(bool an) {
     Start().fox1[5].Checked = an;
+}
+
+void Programm::Aktiviert() {
+    Start().Aktiviert();
+}
+
+void Programm::AlarmSchliessen() {
+    AlarmEntladen(kEntladenNormal);
+}
+
+void Programm::ErstemalAnzeigen() {
+    kes::ErstemalAnzeigen(*this);
+}
+
+void Programm::AlarmZeigen() {
+    Alarm().Show();
+}
+
+void Programm::OptionMarkieren() {
+    Label& option = Alarm().Label1[0];
+    option.BackColor = kLeisteGewählt;
+    option.ForeColor = kLeisteGewähltText;
+}
+
+void Programm::StufeZeigen(std::int16_t stufe) {
+    Alarm().AufAb1.SetText(std::to_string(stufe));
 }
 
 }  // namespace kes

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "assistant/assistent_kontext.h"
 #include "common/werte.h"
 #include "panel/alarm.h"
 #include "panel/panel_kontext.h"
@@ -29,7 +30,7 @@ inline constexpr int kEntladenNormal = 0;
 inline constexpr int kEntladenSitzungsende = 2;
 inline constexpr int kEntladenTaskmanager = 3;
 
-class Programm : public Prozesswerte, public WarnKontext, public PanelKontext {
+class Programm : public Prozesswerte, public WarnKontext, public PanelKontext, public AssistentKontext {
 public:
     explicit Programm(Plattform& plattform);
     ~Programm() override;
@@ -60,7 +61,7 @@ public:
     // Unload: the window is gone for the logic at once; its memory is freed by Aufräumen,
     // after the event that unloaded it, since that event may still be running on it.
     void Form1Entladen() override;
-    void Form2Entladen();
+    void Form2Entladen() override;
     void Form3Entladen() override;
     // Every way out of the program passes here; grund is the platform's unload reason.
     void AlarmEntladen(int grund);
@@ -87,6 +88,12 @@ public:
     void NichtAktiviert() override;
     void AutostartHaken(bool an) override;
     Prozesse1& Prozesstabelle() override { return prozesstabelle_; }
+    void Aktiviert() override;
+    void AlarmSchliessen() override;
+    void ErstemalAnzeigen() override;
+    void AlarmZeigen() override;
+    void OptionMarkieren() override;
+    void StufeZeigen(std::int16_t stufe) override;
 
 private:
     std::unique_ptr<StartFenster> start_;

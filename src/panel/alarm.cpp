@@ -7,6 +7,9 @@
 namespace kes {
 
 namespace {
+constexpr const char* kRunSchlüssel = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr const char* kRunWert = "Halvenik-Kestrella";
+
 // Captions of the option boxes; 19 and 20 get the two system folders at load.
 constexpr const char* kBoxTexte[32] = {
     "Kestrella beim Start ins Systray (Autostart)",
@@ -44,24 +47,27 @@ constexpr const char* kBoxTexte[32] = {
 };
 }  // namespace
 
-AlarmFenster::AlarmFenster(PanelKontext& k) : AlarmDaten(k), k_(k) {
-    for (std::size_t i = 0; i < Box1.size(); ++i) Box1[i].Caption = kBoxTexte[i];
+AlarmFenster::AlarmFenster(PanelKontext& k) : AlarmDaten(k), Ausnahmen(k, *this), k_(k) {
+    for (std::size_t i = 0; i < Box1.size(); ++i) {
+        Box1[i].Caption = kBoxTexte[i];
+        Box1[i].Click = [this, i](std::int16_t&) { Box1_Click(static_cast<int>(i)); };
+    }
     AufAb1.Zahlen = true;
     AufAb1.Max = 30;
     AufAb1.TextValue = [this](std::int32_t& zahl) { AufAb1_TextValue(zahl); };
-    Width = 640;
+    AufAb1.Zeitgeber(k.P().timers, kTimerAufAb0, kTimerAufAb1);
+    SeitenleisteAnlegen();
+    Width = 700;
     Height = 480;
     FensterMitte(k.P(), *this);
 }
 
 void AlarmFenster::Form_Load() {
-    Caption = "Kestrella V" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
-              std::to_string(kVersionRevision) + " AddOn Halvenik";
+    Caption = FensterTitel();
     Plattform& p = k_.P();
 
     HiveOCX hive(p.registry);
-    const bool autostart =
-        hive.ValueExists(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella");
+    const bool autostart = hive.ValueExists(1, kRunSchlüssel, kRunWert);
     Box1[0].setValue(autostart ? 1 : 0);
     k_.AutostartHaken(autostart);
 
@@ -107,6 +113,37 @@ void AlarmFenster::AufAb1_TextValue(std::int32_t& zahl) {
         k_.EinstellungenSpeichern();
     } catch (...) {
     }
+}
+
+void AlarmFenster::Box1_Click(int index) {
+    Plattform& p = k_.P();
+    switch (index) {
+        case 0: {
+            HiveOCX hive(p.registry);
+            if (Box1[0].value() == 0) {
+                if (hive.ValueExists(1, kRunSchlüssel, kRunWert)) hive.DeleteValue(1, kRunSchlüssel, kRunWert);
+                k_.AutostartHaken(false);
+            } else {
+                if (!hive.ValueExists(1, kRunSchlüssel, kRunWert))
+                    hive.WriteValue(1, kRunSchlüssel, kRunWert, k_.W().Programmordner + "Kestrella.exe /s");
+                k_.AutostartHaken(true);
+            }
+            break;
+        }
+        case 1:
+            k_.W().Soundflag = Box1[1].value() > 0 ? 1 : 0;
+            break;
+        case 19:
+            // The baseline is loaded at once whether the box went on or off; no save.
+            if (ListView4.Items.empty()) windowsDateien.LadeWindows();
+            return;
+        case 20:
+            if (ListView7.Items.empty()) windowsDateien.LadeWindowsSys32();
+            return;
+        default:
+            break;
+    }
+    k_.EinstellungenSpeichern();
 }
 
 void AlarmFenster::Command2_Click(int index) {

@@ -1,6 +1,8 @@
 // The window Alarm: the control panel as the user sees it, on top of its part as the owner
 // of every watcher. Its load handler runs every loader in a fixed order; the tick of its
-// Timer1 is one watch cycle.
+// Timer1 is one watch cycle. The sidebar Label1 switches between the twenty pages Frame1,
+// directly or through one of three drop-out menus; a click on an option box saves the
+// settings or does what that option needs at once.
 #pragma once
 
 #include <array>
@@ -9,11 +11,47 @@
 
 #include "common/fenster.h"
 #include "common/steuerelemente.h"
+#include "common/version.h"
 #include "panel/aufab.h"
+#include "panel/ausnahmelisten.h"
 #include "panel/panel_kontext.h"
 #include "watchers/alarm_daten.h"
 
 namespace kes {
+
+// Colours of the sidebar: an entry at rest, and the chosen one.
+inline constexpr long kLeisteRuhe = 12648384;
+inline constexpr long kLeisteGewählt = 255;
+inline constexpr long kLeisteGewähltText = 16777215;
+
+// The headings of the twenty pages, as they stand.
+inline constexpr const char* kSeitenTitel[20] = {"Aktuelle Einstellungen",
+                                                 "Prozesse",
+                                                 "IExplorer Favoriten",
+                                                 "IExplorer Startpage",
+                                                 "DFÜ-Verbindung",
+                                                 "Autostart-Funktion Ordner",
+                                                 "Autostart-Funktion Registry",
+                                                 "Nachrichtendienst überwachen",
+                                                 "Hosts Datei überwachen",
+                                                 "Ordner überwachen",
+                                                 "Alle zurückgestellten Einträge (Später)",
+                                                 "Browser Helper Objects",
+                                                 "ActiveX-Objekte",
+                                                 " ShellServiceObjectDelayLoad",
+                                                 " SharedTaskScheduler",
+                                                 "Sonstiges",
+                                                 "Sonstige Registry Einträge",
+                                                 "Windows Dienste",
+                                                 "IExploere Vertauenswürdige Seiten",
+                                                 "Autostart Registry [Sonstiges]"};
+
+// A menu the view is asked to open: by name ("Internet", "autostart", "hijacker",
+// "PageÄndern"), at the right edge of sidebar entry Label (or at the pointer when -1).
+struct MenüWunsch {
+    std::string Name;
+    int Label = -1;
+};
 
 class AlarmFenster : public Fenster, public AlarmDaten {
 public:
@@ -22,20 +60,55 @@ public:
     AufAb AufAb1;
     std::array<Label, 11> Label1;       // the sidebar entries
     std::array<PictureBox, 20> Frame1;  // the pages
+    std::array<MenuItem, 6> Internet1;
+    std::array<MenuItem, 3> autostart1;
+    std::array<MenuItem, 5> hijacker1;
+    std::array<MenuItem, 1> PageÄndern1;
+    CommandButton Command1;  // "Ändern" of the start-page edit
+    TextBox Text1;           // the start-page edit
+    // Asks the view to put the focus into Text1 (which then selects its whole text).
+    bool Text1Fokus = false;
+    // The row of ListView3 the user selected, 0-based; -1 none. The view keeps it current.
+    int ListView3Auswahl = -1;
+    // Sorting of the dial-up list: the key column (0 the item text) and whether it is on.
+    int ListView2SortKey = 0;
+    bool ListView2Sorted = false;
+    MenüWunsch Menü;
+    // The context menus of the lists that show baselines and exception lists.
+    Ausnahmelisten Ausnahmen;
 
     void Form_Load();
     void Timer1_Timer();
     void AufAb1_TextValue(std::int32_t& zahl);
     // The log buttons of the page "Aktuelle Einstellungen": 0 "Log-löschen", 1 "Log-öffnen".
     void Command2_Click(int index);
+    void Box1_Click(int index);
+
+    void Label1_MouseDown(int index);
+    void Label1_MouseUp(int index);
+    void Internet1_Click(int index);
+    void autostart1_Click(int index);
+    void hijacker1_Click(int index);
+    void ListView3_MouseUp();
+    void PageÄndern1_Click(int index);
+    void Command1_Click();
+    // "Sicherheitszone öffnen".
+    void Command3_Click();
+    // The link pictures: 0 the web site, 1 a mail to the support address.
+    void Image1_Click(int index);
+    // A click on a column head of the dial-up list; spalte counts from 1.
+    void ListView2_ColumnClick(int spalte);
+
+    // The page that shows, or -1 when none does.
+    int SichtbareSeite() const;
 
 private:
+    void SeitenleisteAnlegen();
+    void SeiteZeigen(int seite);
     PanelKontext& k_;
 };
 
-// The version this release shows in the panel's caption.
-inline constexpr int kVersionMajor = 2;
-inline constexpr int kVersionMinor = 2;
-inline constexpr int kVersionRevision = 0;
+inline constexpr const char* kHerstellerWeb = "http://www.halvenik-software.de";
+inline constexpr const char* kHerstellerMail = "support@halvenik-software.de";
 
 }  // namespace kes

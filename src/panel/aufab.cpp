@@ -61,4 +61,25 @@ void AufAb::PfeilSchritt(bool hoch) {
     if (TextValue) TextValue(zahl);
 }
 
+void AufAb::Zeitgeber(TimerApi& api, int idHoch, int idRunter) {
+    timer_[0] = std::make_unique<Timer>(api, idHoch, 100);
+    timer_[1] = std::make_unique<Timer>(api, idRunter, 100);
+}
+
+void AufAb::PfeilDrücken(int pfeil) {
+    const auto i = static_cast<std::size_t>(pfeil);
+    gedrückt_.at(i) = true;
+    if (Zahlen && timer_[i]) timer_[i]->SetEnabled(true);
+}
+
+void AufAb::PfeilLoslassen(int pfeil) {
+    const auto i = static_cast<std::size_t>(pfeil);
+    gedrückt_.at(i) = false;
+    if (timer_[i]) timer_[i]->SetEnabled(false);
+}
+
+void AufAb::Tick(int pfeil) {
+    PfeilSchritt(pfeil == 0);
+}
+
 }  // namespace kes

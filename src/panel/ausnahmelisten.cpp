@@ -45,14 +45,6 @@ const ListItem* ErsteMarkierte(const ListView& l) {
     return nullptr;
 }
 
-std::vector<std::string> Texte(const ListBox& l) {
-    return l.Items;
-}
-std::vector<std::string> Texte(const ListView& l) {
-    std::vector<std::string> t;
-    for (const auto& z : l.Items) t.push_back(z.Text);
-    return t;
-}
 std::vector<std::string> Paare(const ListView& l, const char* trenner) {
     std::vector<std::string> t;
     for (const auto& z : l.Items) t.push_back(z.Text + trenner + z.SubItem(1));
@@ -217,13 +209,6 @@ void Ausnahmelisten::Fehlermeldung(const std::string& routine, int nummer) {
 void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
     Plattform& p = k_.P();
     const std::string& ordner = k_.W().Programmordner;
-    // Where errors pass over, the routine goes on as if nothing had failed.
-    auto übergehen = [](auto&& tun) {
-        try {
-            tun();
-        } catch (...) {
-        }
-    };
     // Where they are not caught, the routine stops with a message instead of ending the program.
     auto gemeldet = [&](const char* routine, auto&& tun) {
         try {
@@ -237,7 +222,7 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
     switch (liste) {
         case L::List1:
             if (!ZeileEntfernen(a_.List1)) return;
-            übergehen([&] { ZeilenSchreiben("daten\\Firma.txt", Texte(a_.List1)); });
+            Übergehen([&] { ZeilenSchreiben("daten\\Firma.txt", Texte(a_.List1)); });
             a_.prozesse.LadeProzessFirmen();
             break;
         case L::ListView6:
@@ -260,7 +245,7 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
                 a_.ListView2.Items.erase(a_.ListView2.Items.begin() + static_cast<std::ptrdiff_t>(i));
                 break;
             }
-            übergehen([&] { ZeilenSchreiben("daten\\0190.txt", Paare(a_.ListView2, "€")); });
+            Übergehen([&] { ZeilenSchreiben("daten\\0190.txt", Paare(a_.ListView2, "€")); });
             a_.dfü.LadeDFÜ();
             break;
         case L::List3:
@@ -275,7 +260,7 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
             break;
         case L::List5:
             ZeileEntfernen(a_.List5);
-            übergehen([&] { ZeilenSchreiben("daten\\windows.txt", Texte(a_.List5)); });
+            Übergehen([&] { ZeilenSchreiben("daten\\windows.txt", Texte(a_.List5)); });
             break;
         case L::List8:
             // Memory only: the file system is not involved.
@@ -285,23 +270,23 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
                 a_.List8.Items.clear();
             break;
         case L::ListView8:
-            übergehen([&] { AbschnitteLöschen(a_.ListView8, "daten\\bho.ini", 12); });
+            Übergehen([&] { AbschnitteLöschen(a_.ListView8, "daten\\bho.ini", 12); });
             break;
         case L::List6:
             ZeileEntfernen(a_.List6);
-            übergehen([&] { ZeilenSchreiben("daten\\activex.txt", Texte(a_.List6)); });
+            Übergehen([&] { ZeilenSchreiben("daten\\activex.txt", Texte(a_.List6)); });
             break;
         case L::ListView9:
-            übergehen([&] { AbschnitteLöschen(a_.ListView9, "daten\\shellservice.ini", 12); });
+            Übergehen([&] { AbschnitteLöschen(a_.ListView9, "daten\\shellservice.ini", 12); });
             break;
         case L::ListView10:
-            übergehen([&] { AbschnitteLöschen(a_.ListView10, "daten\\taskscheduler.ini", 12); });
+            Übergehen([&] { AbschnitteLöschen(a_.ListView10, "daten\\taskscheduler.ini", 12); });
             break;
         case L::List9:
             // The whole list goes, whichever line was chosen.
             a_.List9.Items.clear();
             a_.List9.ListIndex = -1;
-            übergehen([&] {
+            Übergehen([&] {
                 if (DateiVorhanden(p, ordner + "daten\\URLSearchHook.txt"))
                     p.files.Delete(ordner + "daten\\URLSearchHook.txt");
             });
@@ -310,22 +295,22 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
             if (index == 0) {
                 a_.List10.Items.clear();
                 a_.List10.ListIndex = -1;
-                übergehen([&] {
+                Übergehen([&] {
                     if (DateiVorhanden(p, ordner + "daten\\dienstefirmen.txt"))
                         p.files.Delete(ordner + "daten\\dienstefirmen.txt");
                 });
             } else {
                 ZeileEntfernen(a_.List10);
-                übergehen([&] { ZeilenSchreiben("daten\\dienstefirmen.txt", Texte(a_.List10)); });
+                Übergehen([&] { ZeilenSchreiben("daten\\dienstefirmen.txt", Texte(a_.List10)); });
                 a_.dienste.LadeDiensteHersteller();
             }
             break;
         case L::ListView11:
             if (index == 0) {
-                übergehen([&] { AbschnitteLöschen(a_.ListView11, "daten\\dienste.ini", 14); });
+                Übergehen([&] { AbschnitteLöschen(a_.ListView11, "daten\\dienste.ini", 14); });
             } else {
                 a_.ListView11.Items.clear();
-                übergehen([&] { p.files.Delete(ordner + "daten\\dienste.ini"); });
+                Übergehen([&] { p.files.Delete(ordner + "daten\\dienste.ini"); });
             }
             DiensteZählen();
             break;

@@ -148,4 +148,14 @@ std::vector<std::string> FelderLesen(const std::string& inhalt) {
     return felder;
 }
 
+std::vector<std::string> ZeilenBisLeer(const std::string& inhalt) {
+    std::vector<std::string> zeilen = ZeilenLesen(inhalt);
+    for (std::size_t i = 0; i < zeilen.size(); ++i)
+        if (zeilen[i].empty()) {
+            zeilen.resize(i);
+            break;
+        }
+    return zeilen;
+}
+
 }  // namespace kes

@@ -36,6 +36,8 @@ void MailSchreiben(Plattform& p, const std::string& adresse, const std::string& 
 // reader is the one for every comma-read file: a comma ends an entry as a line end does,
 // quotes around an entry go, and the first empty entry ends the reading.
 std::vector<std::string> ZeilenLesen(const std::string& inhalt);
+// The lines up to the first empty one, which ends the reading of most lists.
+std::vector<std::string> ZeilenBisLeer(const std::string& inhalt);
 std::vector<std::string> FelderLesen(const std::string& inhalt);
 
 }  // namespace kes

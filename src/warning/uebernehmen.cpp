@@ -17,15 +17,6 @@ namespace kes {
 namespace {
 const std::string kOk = "< Übernommen OK >";
 
-std::vector<std::string> Texte(const ListBox& l) {
-    return l.Items;
-}
-std::vector<std::string> Texte(const ListView& l) {
-    std::vector<std::string> t;
-    for (const auto& z : l.Items) t.push_back(z.Text);
-    return t;
-}
-
 const std::string& T(const Form3Fenster& f, int i) {
     return f.Text1[i].Text;
 }

@@ -20,10 +20,7 @@ void ActiveX::LadeActiveX() {
     if (!DateiVorhanden(k_.P(), datei)) return;
     const auto inhalt = k_.P().files.ReadAll(datei);
     if (!inhalt) return;
-    for (const auto& zeile : ZeilenLesen(*inhalt)) {
-        if (zeile.empty()) break;
-        List6.Items.push_back(zeile);
-    }
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) List6.Items.push_back(zeile);
 }
 
 void ActiveX::Testeactivx() {

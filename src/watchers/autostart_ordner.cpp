@@ -23,10 +23,7 @@ void AutostartOrdner::LadeAutostart() {
     const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\Autostart.txt");
     if (!inhalt) return;  // no file: the list stays as it is
     List3.Items.clear();
-    for (const auto& zeile : ZeilenLesen(*inhalt)) {
-        if (zeile.empty()) break;  // the first empty line ends the list
-        List3.Items.push_back(zeile);
-    }
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) List3.Items.push_back(zeile);
 }
 
 void AutostartOrdner::TesteAutostartOrdner() {

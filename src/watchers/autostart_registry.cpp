@@ -47,10 +47,7 @@ void AutostartRegistry::LadeAutostartregistry() {
     const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\AutostartREG.txt");
     if (!inhalt) return;  // no file: the list stays as it is
     ListView1.Items.clear();
-    for (const auto& zeile : ZeilenLesen(*inhalt)) {
-        if (zeile.empty()) break;  // the first empty line ends the list
-        ListView1.Add(zeile);
-    }
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) ListView1.Add(zeile);
 }
 
 void AutostartRegistry::Auflisten(RegHandle root, const std::string& key) {

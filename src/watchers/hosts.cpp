@@ -1,5 +1,6 @@
 #include "watchers/hosts.h"
 
+#include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "watchers/warnung.h"
 
@@ -24,24 +25,18 @@ void Hosts::TesteHosts() {
     // Each step is passed over on its own when it fails, so a partly filled window can
     // appear; the window itself always shows.
     k_.Warnen(Kategorie::HostsDatei, [&](Warnung& f) {
-        auto schritt = [](auto&& tun) {
-            try {
-                tun();
-            } catch (...) {
-            }
-        };
-        schritt([&] {
+        Übergehen([&] {
             for (int i = 1; i <= 4; ++i) f.Picture3[i].Visible = false;
         });
-        schritt([&] { f.ListView2.Visible = false; });
-        schritt([&] { f.Label1[0].Caption = "Ihre Hosts Datei wurde geändert."; });
-        schritt([&] { f.Label1[1].Caption = HostsPfad(w); });
-        schritt([&] {
+        Übergehen([&] { f.ListView2.Visible = false; });
+        Übergehen([&] { f.Label1[0].Caption = "Ihre Hosts Datei wurde geändert."; });
+        Übergehen([&] { f.Label1[1].Caption = HostsPfad(w); });
+        Übergehen([&] {
             const Zahlenformat zf = k_.P().system.NumberFormat();
             f.Label1[2].Caption = " [Neue Grösse " + GrösseFormat(static_cast<double>(länge), false, zf) +
                                   "       Alte Grösse war: " + GrösseFormat(w.Hostsgrösse, false, zf) + " ]";
         });
-        schritt([&] { f.Text1[0].Text = HostsPfad(w); });
+        Übergehen([&] { f.Text1[0].Text = HostsPfad(w); });
     });
 }
 

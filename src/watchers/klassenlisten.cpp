@@ -124,10 +124,7 @@ void Klassenlisten::LadeURLSearchHook() {
     const auto inhalt = k_.P().files.ReadAll(datei);
     List9.Items.clear();
     if (!inhalt) return;
-    for (const auto& zeile : ZeilenLesen(*inhalt)) {
-        if (zeile.empty()) break;
-        List9.Items.push_back(zeile);
-    }
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) List9.Items.push_back(zeile);
 }
 
 // The baseline is searched by the live name, whole and with case.

@@ -20,10 +20,7 @@ void Prozesse::LadeProzessFirmen() {
     if (!DateiVorhanden(k_.P(), ordner + "daten\\Firma.txt")) return;
     const auto inhalt = k_.P().files.ReadAll(ordner + "daten\\firma.txt");
     if (!inhalt) return;
-    for (const auto& zeile : ZeilenLesen(*inhalt)) {
-        if (zeile.empty()) break;  // the first empty line ends the list
-        List1.Items.push_back(zeile);
-    }
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) List1.Items.push_back(zeile);
 }
 
 void Prozesse::LadeProzesse() {

@@ -1,5 +1,6 @@
 #include "watchers/shell_befehle.h"
 
+#include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "watchers/warnung.h"
@@ -38,13 +39,6 @@ int HiveCode(const std::string& hive) {
 }
 
 // A failing step is passed over and the next one runs.
-template <class F>
-void Schritt(F&& tun) {
-    try {
-        tun();
-    } catch (...) {
-    }
-}
 }  // namespace
 
 ShellBefehle::ShellBefehle(WächterKontext& k, std::array<TextBox, 3>& Text5) : Text5(Text5), k_(k) {
@@ -61,7 +55,7 @@ void ShellBefehle::TesteHTafile() {
         const Befehlsschlüssel& s = kSchlüssel[i];
         // A missing class or value reads as empty, which differs from any expected text.
         std::string gefunden;
-        Schritt([&] { gefunden = HiveOCX(k_.P().registry).ReadValue(HiveCode(s.hive), s.key, kStandardwert); });
+        Übergehen([&] { gefunden = HiveOCX(k_.P().registry).ReadValue(HiveCode(s.hive), s.key, kStandardwert); });
         if (Text5[0].Text == gefunden) continue;
         if (Behandeln(s.hive, s.key, gefunden)) return;
     }
@@ -75,42 +69,42 @@ bool ShellBefehle::Behandeln(const std::string& hive, const std::string& key, co
     const std::string werte = "Alter Wert: " + erwartet + "      Neuer Wert: " + gefunden;
 
     if (k_.Box(31) == 1) {
-        if (k_.W().Soundflag == 1) Schritt([&] { SoundSpielen(k_.P(), "AUTO"); });
+        if (k_.W().Soundflag == 1) Übergehen([&] { SoundSpielen(k_.P(), "AUTO"); });
         // A key that cannot be written keeps its value and comes up again next cycle.
-        Schritt([&] { HiveOCX(k_.P().registry).WriteValue(HiveCode(hive), key, kStandardwert, erwartet); });
+        Übergehen([&] { HiveOCX(k_.P().registry).WriteValue(HiveCode(hive), key, kStandardwert, erwartet); });
         // The tip is the one the program has always left on the icon here.
         if (k_.Box(7) == 1)
-            Schritt([&] { k_.Sprechblase("Geändert: " + aufschub, werte, "IExplorer Favorit", "BLINKTRAY"); });
+            Übergehen([&] { k_.Sprechblase("Geändert: " + aufschub, werte, "IExplorer Favorit", "BLINKTRAY"); });
         return true;  // the keys behind this one wait for the next cycle
     }
 
     if (k_.Später(aufschub)) return false;
     k_.Warnen(Kategorie::HtaFile, [&](Warnung& f) {
-        Schritt([&] {
+        Übergehen([&] {
             f.Label1[0].Caption = "Registryschlüssel wurde geändert.";
             f.Label1[1].Caption = aufschub;
             f.Label1[2].Caption = werte;
         });
-        Schritt([&] { f.ListView2.Visible = false; });
-        Schritt([&] {
+        Übergehen([&] { f.ListView2.Visible = false; });
+        Übergehen([&] {
             ListItem& reihe = f.ListView4.Add("Autostart");
             reihe.SetSubItem(1, hive);
             reihe.SetSubItem(2, key);
             reihe.SetSubItem(3, "(Standart)");
             reihe.SetSubItem(4, erwartet);
         });
-        Schritt([&] {
+        Übergehen([&] {
             for (int p : {2, 4, 1}) f.Picture3[p].Visible = false;
         });
         // Hive, key and expected text for "Original"; the deferred key for "Später".
-        Schritt([&] {
+        Übergehen([&] {
             f.Text1[0].Text = hive;
             f.Text1[1].Text = key;
             f.Text1[2].Text = erwartet;
             f.Text1[3].Text = aufschub;
         });
         // The registry picture of the window's own image list; the view fits the columns.
-        Schritt([&] { f.picProcIcon.Bild = 4; });
+        Übergehen([&] { f.picProcIcon.Bild = 4; });
     });
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
+#include "watchers/startseiten_tabelle.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -9,40 +10,6 @@ namespace kes {
 namespace {
 constexpr const char* kHkcu = "HKEY_CURRENT_USER";
 constexpr const char* kHklm = "HKEY_LOCAL_MACHINE";
-constexpr const char* kMain = "Software\\Microsoft\\Internet Explorer\\Main";
-constexpr const char* kSearch = "Software\\Microsoft\\Internet Explorer\\Search";
-
-struct Wert {
-    const char* root;
-    const char* key;
-    const char* name;
-};
-
-// Row n is the saved start page n. Row 16 is named after the search host of the browser's
-// maker: the browser is Internet Explorer, so it is Microsoft's own search. Row 18 names
-// the key's default value by the empty text, which the registry layer takes as it takes
-// the assistant's one NUL character.
-constexpr Wert kWerte[19] = {
-    {kHkcu, kMain, "Start Page"},
-    {kHkcu, kMain, "Search Page"},
-    {kHkcu, kMain, "Local Page"},
-    {kHklm, kMain, "Start Page"},
-    {kHklm, kMain, "Search Page"},
-    {kHklm, kMain, "Local Page"},
-    {kHklm, kMain, "Default_Page_URL"},
-    {kHklm, kMain, "Default_Search_URL"},
-    {kHklm, kMain, "Search Bar"},
-    {kHkcu, kMain, "Default_Search_URL"},
-    {kHkcu, kMain, "Search Bar"},
-    {kHkcu, kSearch, "CustomizeSearch"},
-    {kHkcu, kSearch, "SearchAssistant"},
-    {kHklm, kSearch, "CustomizeSearch"},
-    {kHklm, kSearch, "SearchAssistant"},
-    {kHklm, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\SafeSites", "search.msn.com"},
-    {kHklm, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\URL\\Prefixes", "www"},
-    {kHklm, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\URL\\DefaultPrefix", ""},
-    {kHkcu, kMain, "Default_Page_URL"},
-};
 
 constexpr int kBild = 26;
 
@@ -66,9 +33,9 @@ void StartSeite::LadeStartPage() {
     ListView3.Columns = {"HKEY", "Subkey", "ValueKey", "Wert"};
     ListView3.Items.clear();
     for (std::size_t n = 1; n <= 19; ++n) {
-        const Wert& w = kWerte[n - 1];
-        ListItem& z = ListView3.Add(w.root);
-        z.SubItems = {w.key, w.name, k_.W().StartSeiten[n]};
+        const StartSeitenZeile& w = kStartSeitenTabelle[n - 1];
+        ListItem& z = ListView3.Add(w.Wurzel);
+        z.SubItems = {w.Schlüssel, w.Wert, k_.W().StartSeiten[n]};
         z.SmallIcon = kBild;
     }
 }

@@ -29,10 +29,7 @@ void WindowsDateien::LadeWindowsausnahme() {
     const auto inhalt = p.files.ReadAll(datei);
     if (!inhalt) return;
     List5.Items.clear();
-    for (const auto& zeile : ZeilenLesen(*inhalt)) {
-        if (zeile.empty()) break;
-        List5.Items.push_back(zeile);
-    }
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) List5.Items.push_back(zeile);
 }
 
 void WindowsDateien::Füllen(ListView& liste, const std::string& ordner) {

@@ -1,5 +1,6 @@
 #include "watchers/vertrauenswuerdige_seiten.h"
 
+#include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "platform/registry.h"
 #include "watchers/warnung.h"
@@ -15,14 +16,6 @@ struct VertrauenswürdigeSeiten::Hive {
 
 namespace {
 const std::string kDatei = "daten\\V_seiten.txt";
-
-template <class F>
-void Schritt(F&& tun) {
-    try {
-        tun();
-    } catch (...) {
-    }
-}
 }  // namespace
 
 VertrauenswürdigeSeiten::VertrauenswürdigeSeiten(WächterKontext& k, ListView& ListView12)
@@ -82,18 +75,18 @@ void VertrauenswürdigeSeiten::Testen(const Hive& h) {
     if (!neu) return;
 
     k_.Warnen(h.kategorie, [&](Warnung& f) {
-        Schritt([&] {
+        Übergehen([&] {
             f.Text1[0].Text = domain;
             f.Text1[1].Text = h.name;
             f.Text1[2].Text = kZoneMapDomains;
             f.Text1[3].Text = domain;
         });
-        Schritt([&] { f.Label1[0].Caption = h.überschrift; });
-        Schritt([&] { f.ListView2.Add(domain); });
-        Schritt([&] {
+        Übergehen([&] { f.Label1[0].Caption = h.überschrift; });
+        Übergehen([&] { f.ListView2.Add(domain); });
+        Übergehen([&] {
             for (int p : {4, 1, 2}) f.Picture3[p].Visible = false;
         });
-        Schritt([&] {
+        Übergehen([&] {
             ListItem& reihe = f.ListView4.Add(domain);
             reihe.SetSubItem(1, h.name);
             reihe.SetSubItem(2, kZoneMapDomains);

@@ -7,8 +7,21 @@ from harness import check, wait_until
 
 HIDDEN_CLASS = "KestrellaStart"
 WARNING_TITLE = "Kestrella - Warnung"
-ASSISTANT_TITLE = "Kestrella - Assistent"
+# The assistant and the panel share their title; their classes tell them apart.
+ASSISTANT_TITLE = "Kestrella V2.2.0 AddOn Halvenik"
+ASSISTANT_CLASS = "KestrellaAssistent"
+PANEL_CLASS = "KestrellaPanel"
 MESSAGE_TITLE = "Kestrella"
+QUESTION_TITLE = "Info Kestrella!"
+
+
+def by_class(h, cls):
+    return [w for w in h.windows() if w["class"] == cls]
+
+
+def visible_of_class(h, cls):
+    """The hwnd of the first visible window of the class, or None."""
+    return next((w["hwnd"] for w in by_class(h, cls) if w["visible"]), None)
 
 
 def hidden_windows(h):

@@ -127,6 +127,11 @@ class Harness:
         # One server for the whole run, started first and apart: it would otherwise stop
         # and start between tests, and the first wine call would hand it its output pipes.
         os.makedirs(self.prefix, exist_ok=True)
+        # A server left by an earlier run serves the display that run had, which may be gone:
+        # its desktop and tray would swallow every window of this run.
+        for flag in ("-k", "-w"):
+            subprocess.run(["wineserver", flag], env=self.env, timeout=30,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         subprocess.run(["wineserver", "-p"], env=self.env, timeout=30,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         if not os.path.exists(os.path.join(self.prefix, "system.reg")):

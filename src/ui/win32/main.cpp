@@ -27,8 +27,10 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
 
     MSG m;
     while (!prg.Beenden && ::GetMessageA(&m, nullptr, 0, 0) > 0) {
-        ::TranslateMessage(&m);
-        ::DispatchMessageA(&m);
+        if (!oberfläche.Dialognachricht(m)) {
+            ::TranslateMessage(&m);
+            ::DispatchMessageA(&m);
+        }
         oberfläche.Abgleichen();
         prg.Aufräumen();
     }

@@ -18,6 +18,15 @@ void Oberfläche::Folgen(std::unique_ptr<Ansicht>& ansicht, Modell* modell) {
     ansicht->Abgleichen();
 }
 
+bool Oberfläche::Dialognachricht(MSG& m) {
+    for (FensterAnsicht* v : {static_cast<FensterAnsicht*>(alarm_.get()), static_cast<FensterAnsicht*>(form2_.get())}) {
+        if (!v) continue;
+        HWND h = v->Fenster();
+        if ((m.hwnd == h || ::IsChild(h, m.hwnd)) && ::IsDialogMessageA(h, &m)) return true;
+    }
+    return false;
+}
+
 void Oberfläche::Abgleichen() {
     // A view's own messages (a new window's first paint) may pump again; one pass at a time.
     if (läuft_) return;

@@ -16,6 +16,9 @@ class Oberfläche {
 public:
     explicit Oberfläche(Programm& prg) : prg_(prg) {}
     void Abgleichen();
+    // Keyboard use of the panel and the assistant (Tab, Space, arrows): true when the
+    // message was handled that way.
+    bool Dialognachricht(MSG& m);
 
 private:
     template <typename Ansicht, typename Modell>

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "common/box.h"
+#include "fake_timers.h"
 #include "panel/aufab.h"
 
 namespace kes::test {
@@ -71,6 +72,56 @@ TEST(AufAb, WithoutNumbers_NoFilterAndZeroPassedOn) {
     a.PfeilSchritt(true);
     EXPECT_EQ(a.Text(), "abc");
     EXPECT_EQ(gemeldet, (std::vector<int>{0}));
+}
+
+TEST(Box, UnknownValueKeepsNumber_ClickRaisesNothing) {
+    Box b;
+    int gehört = 0;
+    b.Click = [&](std::int16_t&) { ++gehört; };
+    b.setValue(7);
+    b.KlickVomBenutzer();
+    EXPECT_EQ(b.value(), 7);
+    EXPECT_EQ(gehört, 0);
+}
+
+// The arrows on window timers: 100 ms per step while held.
+class Pfeile : public Stufenfeld {
+protected:
+    void SetUp() override {
+        Stufenfeld::SetUp();
+        uhr.SetHandler([&](int id) { a.Tick(id == 4 ? 0 : 1); });
+        a.Zeitgeber(uhr, 4, 5);
+        a.SetText("5");
+        gemeldet.clear();
+    }
+    fake::FakeTimers uhr;
+};
+
+TEST_F(Pfeile, QuickClickChangesNothing) {
+    a.PfeilDrücken(0);
+    EXPECT_TRUE(a.Gedrückt(0));
+    uhr.Advance(99);
+    a.PfeilLoslassen(0);
+    EXPECT_FALSE(a.Gedrückt(0));
+    uhr.Advance(500);
+    EXPECT_EQ(a.Text(), "5");
+    EXPECT_TRUE(gemeldet.empty());
+}
+
+TEST_F(Pfeile, HeldArrowStepsEvery100ms_TellingTwicePerStep) {
+    a.PfeilDrücken(1);
+    uhr.Advance(250);
+    a.PfeilLoslassen(1);
+    EXPECT_EQ(a.Text(), "3");
+    EXPECT_EQ(gemeldet, (std::vector<int>{4, 4, 3, 3}));
+    EXPECT_FALSE(uhr.Running(5));
+}
+
+TEST_F(Pfeile, WithoutNumbersTheTimerNeverStarts) {
+    a.Zahlen = false;
+    a.PfeilDrücken(0);
+    EXPECT_FALSE(uhr.Running(4));
+    a.PfeilLoslassen(0);
 }
 
 }  // namespace

@@ -1,0 +1,239 @@
+// The visible side of the control panel: the sidebar and its menus, which page shows, the
+// edit of a saved start page, the hosts page, the links and the sorting of the dial-up list.
+#include "panel/alarm.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "platform/allefunktionen.h"
+#include "platform/hive_ocx.h"
+
+namespace kes {
+
+namespace {
+constexpr const char* kLeiste[11] = {"Option",    "Prozesse",   "Internet", "Autostart", "Datei System", "Hijacker",
+                                     "Sonstiges", "Überwachen", "Dienste",  "Später",    "Zurücksetzen"};
+constexpr const char* kInternet[6] = {"IExplorer Favoriten", "IExplorer Startpage",
+                                      "DFÜ-Verbindung",      "Nachrichtendienst",
+                                      "Hosts-Datei",         "IExplorer Vertrauenswürtige Seiten"};
+constexpr int kInternetSeite[6] = {2, 3, 4, 7, 8, 18};
+constexpr const char* kAutostart[3] = {"Autostart Ordner", "Autostart Registry [RUN]", "Autostart Registry [Sonstige]"};
+constexpr int kAutostartSeite[3] = {5, 6, 19};
+constexpr const char* kHijacker[5] = {"Browser Helper Objects", "ActiveX-Objekte", "ShellServiceObjectDelayLoad",
+                                      "SharedTaskScheduler", "Sonstige Registry Einträge"};
+constexpr int kHijackerSeite[5] = {11, 12, 13, 14, 16};
+
+// The ten watched keys and what the three texts are for.
+constexpr const char* kShellOrte[13] = {"HKEY_CLASSES_ROOT\\exefile\\shell\\open\\command",
+                                        "HKEY_CLASSES_ROOT\\comfile\\shell\\open\\command",
+                                        "HKEY_CLASSES_ROOT\\batfile\\shell\\open\\command",
+                                        "HKEY_CLASSES_ROOT\\piffile\\shell\\open\\command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\exefile\\shell\\open\\command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\batfile\\shell\\open\\command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\comfile\\shell\\open\\command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\piffile\\shell\\open\\command",
+                                        "HKEY_CLASSES_ROOT\\htafile\\Shell\\Open\\Command",
+                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\htafile\\Shell\\Open\\Command",
+                                        "Zuletzt geprüft:",
+                                        "exe, com, bat, pif:",
+                                        "hta:"};
+
+std::string Klein(std::string s) {
+    for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return s;
+}
+}  // namespace
+
+void AlarmFenster::SeitenleisteAnlegen() {
+    for (std::size_t i = 0; i < Label1.size(); ++i) {
+        Label1[i].Caption = kLeiste[i];
+        Label1[i].BackColor = kLeisteRuhe;
+        Label1[i].ForeColor = kSystemFensterText;
+    }
+    for (std::size_t i = 0; i < Internet1.size(); ++i) Internet1[i].Caption = kInternet[i];
+    for (std::size_t i = 0; i < autostart1.size(); ++i) autostart1[i].Caption = kAutostart[i];
+    for (std::size_t i = 0; i < hijacker1.size(); ++i) hijacker1[i].Caption = kHijacker[i];
+    // The panel opens on page 0.
+    for (std::size_t i = 0; i < Frame1.size(); ++i) Frame1[i].Visible = i == 0;
+    Command1.Caption = "Ändern";
+    Command1.Enabled = false;
+
+    ListView1.Columns = {"Wert"};
+    ListView2.Columns = {"Name", "Nummer"};
+    ListView3.Columns = {"HKEY", "Subkey", "ValueKey", "Wert"};
+    ListView6.Columns = {"Datei", "Verzeichnis"};
+    ListView11.Columns = {"Dienst",      "DisplayName",     "ObjectName", "ImagePath",       "Firma",
+                          "Produktname", "Produkt Version", "Info",       "Datei-Version",   "Interner Name",
+                          "Copyright",   "Orginal Name",    "Kommentar",  "LegalTradeMarks", "index"};
+    ListView12.Columns = {"Name"};
+    const std::vector<std::string> klassen = {"Name",          "Wert",        "Info",    "CLISD", "Wert",
+                                              "Firma",         "Produktname", "Version", "Info",  "Dateiversion",
+                                              "Interner Name", "Copyright",   "index"};
+    ListView8.Columns = ListView9.Columns = ListView10.Columns = klassen;
+    // The wide lists scroll sideways rather than squeeze their columns.
+    ListView8.ColumnWidths = ListView9.ColumnWidths = ListView10.ColumnWidths = std::vector<int>(13, 90);
+    ListView11.ColumnWidths = std::vector<int>(15, 90);
+
+    // The watched places of page 6, as the autostart registry watcher walks them.
+    const char* orte[12] = {"HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run",
+                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce",
+                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnceEx",
+                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunServices",
+                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunServicesOnce",
+                            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run",
+                            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce",
+                            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\RunServices",
+                            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\RunServicesOnce",
+                            "HKEY_USERS\\<Benutzer>\\Software\\Microsoft\\Windows\\CurrentVersion\\Run",
+                            "HKEY_USERS\\<Benutzer>\\Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce",
+                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon"};
+    for (std::size_t i = 0; i < 12; ++i) Label2[4 + i].Caption = orte[i];
+    for (std::size_t i = 0; i < 13; ++i) ww[22 + i].Caption = kShellOrte[i];
+    // The services watcher adds the count when it loads.
+    ww[19].Caption = "Ausnahmen:";
+}
+
+int AlarmFenster::SichtbareSeite() const {
+    for (std::size_t i = 0; i < Frame1.size(); ++i)
+        if (Frame1[i].Visible) return static_cast<int>(i);
+    return -1;
+}
+
+void AlarmFenster::SeiteZeigen(int seite) {
+    Frame1.at(static_cast<std::size_t>(seite)).Visible = true;
+}
+
+void AlarmFenster::Label1_MouseDown(int) {
+    // "Zurücksetzen" has no resting colour of its own and is left as it is.
+    for (int i = 0; i <= 9; ++i) {
+        Label1[i].BackColor = kLeisteRuhe;
+        Label1[i].ForeColor = kSystemFensterText;
+    }
+}
+
+void AlarmFenster::Label1_MouseUp(int index) {
+    Label1.at(static_cast<std::size_t>(index)).BackColor = kLeisteGewählt;
+    Label1[index].ForeColor = kLeisteGewähltText;
+    // A page stays hidden until its menu entry is chosen.
+    for (PictureBox& f : Frame1) f.Visible = false;
+    switch (index) {
+        case 0: {
+            HiveOCX hive(k_.P().registry);
+            Box1[0].setValue(
+                hive.ValueExists(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella") ? 1 : 0);
+            SeiteZeigen(0);
+            break;
+        }
+        case 1:
+            SeiteZeigen(1);
+            break;
+        case 2:
+            Command1.Enabled = false;
+            Menü = {"Internet", index};
+            break;
+        case 3:
+            Menü = {"autostart", index};
+            break;
+        case 4:
+            SeiteZeigen(9);
+            break;
+        case 5:
+            Menü = {"hijacker", index};
+            break;
+        case 6:
+            SeiteZeigen(15);
+            break;
+        case 7:
+            k_.Aktiviert();
+            k_.W().Beschäftigt = false;
+            Timer1.SetEnabled(true);
+            Hide();
+            break;
+        case 8:
+            SeiteZeigen(17);
+            break;
+        case 9:
+            SeiteZeigen(10);
+            break;
+        case 10:
+            k_.W().Zurücksetzen = true;
+            k_.AlarmSchliessen();
+            break;
+        default:
+            break;
+    }
+}
+
+void AlarmFenster::Internet1_Click(int index) {
+    if (index == 4) {
+        // The labels of the hosts page are filled at this moment only.
+        Prozesswerte& w = k_.W();
+        ww[6].Caption = "Grösse: " + GrösseFormat(w.Hostsgrösse, false, k_.P().system.NumberFormat());
+        ww[7].Caption = w.Systemordner + "\\drivers\\etc\\hosts";
+    }
+    SeiteZeigen(kInternetSeite[index]);
+}
+
+void AlarmFenster::autostart1_Click(int index) {
+    SeiteZeigen(kAutostartSeite[index]);
+}
+
+void AlarmFenster::hijacker1_Click(int index) {
+    SeiteZeigen(kHijackerSeite[index]);
+}
+
+void AlarmFenster::ListView3_MouseUp() {
+    Command1.Enabled = false;
+    if (ListView3.Items.empty()) return;
+    if (ListView3Auswahl < 0 || ListView3Auswahl >= static_cast<int>(ListView3.Items.size())) return;
+    const ListItem& zeile = ListView3.Items[static_cast<std::size_t>(ListView3Auswahl)];
+    Text1.Text = zeile.SubItem(3);
+    PageÄndern1[0].Caption = "\"" + Text1.Text + "\" --> Eintrag ändern";
+    Menü = {"PageÄndern", -1};
+}
+
+void AlarmFenster::PageÄndern1_Click(int) {
+    Command1.Enabled = true;
+    Text1Fokus = true;
+}
+
+void AlarmFenster::Command1_Click() {
+    if (ListView3Auswahl < 0 || ListView3Auswahl >= static_cast<int>(ListView3.Items.size())) return;
+    // Row n of the list is slot n of the saved start pages.
+    const std::size_t slot = static_cast<std::size_t>(ListView3Auswahl) + 1;
+    if (slot >= k_.W().StartSeiten.size()) return;
+    ListView3.Items[slot - 1].SetSubItem(3, Text1.Text);
+    k_.W().StartSeiten[slot] = Text1.Text;
+    Command1.Enabled = false;
+    Text1.Text.clear();
+    k_.EinstellungenSpeichern();
+}
+
+void AlarmFenster::Command3_Click() {
+    // Minimised with the focus: the shell brings up the security zones.
+    k_.P().shell.RunCommand("rundll32.exe shell32.dll,Control_RunDLL inetcpl.cpl,,1", 2);
+}
+
+void AlarmFenster::Image1_Click(int index) {
+    Plattform& p = k_.P();
+    if (index == 0) {
+        SeiteÖffnen(p, kHerstellerWeb);
+    } else {
+        MailSchreiben(p, kHerstellerMail, "Frage zum Kestrella",
+                      "Hallo ich habe den Kestrella Version " + std::to_string(kVersionMajor) + "." +
+                          std::to_string(kVersionMinor) + "." + std::to_string(kVersionRevision) +
+                          " und folgende Frage, Hinweis oder Vorschlag.");
+    }
+}
+
+void AlarmFenster::ListView2_ColumnClick(int spalte) {
+    ListView2SortKey = spalte - 1;
+    ListView2Sorted = true;
+    // Always ascending, as text and without regard to case.
+    const auto key = static_cast<std::size_t>(ListView2SortKey);
+    auto text = [key](const ListItem& z) { return Klein(z.SubItem(key)); };
+    std::stable_sort(ListView2.Items.begin(), ListView2.Items.end(),
+                     [&](const ListItem& a, const ListItem& b) { return text(a) < text(b); });
+}
+
+}  // namespace kes

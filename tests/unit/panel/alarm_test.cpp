@@ -1,0 +1,229 @@
+// The control panel's own behaviour: what a click on each option box does, the colours of
+// the sidebar, which page each entry and menu item shows, and the edit of a start page.
+#include "panel/alarm.h"
+
+#include "core/start.h"
+#include "platform/hive_ocx.h"
+#include "programm_test_basis.h"
+
+namespace kes::test {
+namespace {
+
+const std::string kRun = "HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
+
+class Panel : public ProgrammTest {
+protected:
+    void SetUp() override {
+        Pfade();
+        prg.Intervallstufe = 5;
+    }
+    AlarmFenster& a() { return prg.Alarm(); }
+    bool Gespeichert() { return fp.files.Exists(datPfad); }
+    void Wählen(int label) {
+        a().Label1_MouseDown(label);
+        a().Label1_MouseUp(label);
+    }
+};
+
+TEST_F(Panel, BoxZero_WritesOrDeletesTheRunValue_MirrorsTheTrayMenu_AndSaves) {
+    a().Box1[0].KlickVomBenutzer();
+    EXPECT_TRUE(fp.registry.HasValue(kRun, "Halvenik-Kestrella"));
+    EXPECT_TRUE(prg.Start().fox1[5].Checked);
+    EXPECT_TRUE(Gespeichert());
+    a().Box1[0].KlickVomBenutzer();
+    EXPECT_FALSE(fp.registry.HasValue(kRun, "Halvenik-Kestrella"));
+    EXPECT_FALSE(prg.Start().fox1[5].Checked);
+}
+
+TEST_F(Panel, BoxOne_SetsTheSoundFlagAndSaves) {
+    a().Box1[1].KlickVomBenutzer();
+    EXPECT_EQ(prg.Soundflag, 1);
+    EXPECT_TRUE(Gespeichert());
+    a().Box1[1].KlickVomBenutzer();
+    EXPECT_EQ(prg.Soundflag, 0);
+}
+
+TEST_F(Panel, FolderBoxes_DoNotSave) {
+    a().Box1[19].setValue(1);
+    a().Box1[19].KlickVomBenutzer();  // turned off: the baseline is loaded all the same
+    a().Box1[20].KlickVomBenutzer();
+    EXPECT_FALSE(Gespeichert());
+}
+
+TEST_F(Panel, OtherBoxes_SaveOnly_GreyIgnoresClicks) {
+    a().Box1[15].KlickVomBenutzer();
+    EXPECT_TRUE(Gespeichert());
+    EXPECT_EQ(GespeicherteEinstellungen().ReadProperty("box15", std::int16_t{0}), BagWert(std::int16_t{1}));
+    fp.files.Delete(datPfad);
+    a().Box1[22].setValue(2);
+    a().Box1[22].KlickVomBenutzer();
+    EXPECT_FALSE(Gespeichert());
+    EXPECT_EQ(a().Box1[22].value(), 2);
+}
+
+TEST_F(Panel, Sidebar_DownResetsTenEntries_UpPaintsTheChosenOne_ResetEntryKeepsItsColour) {
+    a().Label1[10].BackColor = 42;
+    Wählen(1);
+    EXPECT_EQ(a().Label1[1].BackColor, kLeisteGewählt);
+    EXPECT_EQ(a().Label1[1].ForeColor, kLeisteGewähltText);
+    a().Label1_MouseDown(4);
+    for (int i = 0; i <= 9; ++i) {
+        EXPECT_EQ(a().Label1[i].BackColor, kLeisteRuhe) << i;
+        EXPECT_EQ(a().Label1[i].ForeColor, kSystemFensterText) << i;
+    }
+    EXPECT_EQ(a().Label1[10].BackColor, 42) << "mouse down does not touch Zurücksetzen";
+}
+
+TEST_F(Panel, EachSidebarEntryShowsItsPage_MenuEntriesOpenTheirMenuAndNoPage) {
+    const std::pair<int, int> direkt[] = {{0, 0}, {1, 1}, {4, 9}, {6, 15}, {8, 17}, {9, 10}};
+    for (auto [label, seite] : direkt) {
+        Wählen(label);
+        EXPECT_EQ(a().SichtbareSeite(), seite) << "entry " << label;
+        EXPECT_TRUE(a().Menü.Name.empty());
+    }
+    const std::pair<int, const char*> menüs[] = {{2, "Internet"}, {3, "autostart"}, {5, "hijacker"}};
+    for (auto [label, name] : menüs) {
+        a().Menü = {};
+        Wählen(label);
+        EXPECT_EQ(a().SichtbareSeite(), -1) << "a dismissed menu leaves no page";
+        EXPECT_EQ(a().Menü.Name, name);
+        EXPECT_EQ(a().Menü.Label, label);
+    }
+}
+
+TEST_F(Panel, EachMenuEntryShowsItsPage) {
+    const int internet[] = {2, 3, 4, 7, 8, 18};
+    for (int i = 0; i < 6; ++i) {
+        Wählen(2);
+        a().Internet1_Click(i);
+        EXPECT_EQ(a().SichtbareSeite(), internet[i]) << a().Internet1[i].Caption;
+    }
+    const int autostart[] = {5, 6, 19};
+    for (int i = 0; i < 3; ++i) {
+        Wählen(3);
+        a().autostart1_Click(i);
+        EXPECT_EQ(a().SichtbareSeite(), autostart[i]) << a().autostart1[i].Caption;
+    }
+    const int hijacker[] = {11, 12, 13, 14, 16};
+    for (int i = 0; i < 5; ++i) {
+        Wählen(5);
+        a().hijacker1_Click(i);
+        EXPECT_EQ(a().SichtbareSeite(), hijacker[i]) << a().hijacker1[i].Caption;
+    }
+    EXPECT_EQ(a().Internet1[5].Caption, "IExplorer Vertrauenswürtige Seiten");
+}
+
+TEST_F(Panel, Internet_DisablesChange_HostsEntryFillsTheSizeLabels) {
+    a().Command1.Enabled = true;
+    Wählen(2);
+    EXPECT_FALSE(a().Command1.Enabled);
+    prg.Hostsgrösse = 734;
+    a().Internet1_Click(4);
+    EXPECT_EQ(a().ww[6].Caption, "Grösse: 734 Bytes");
+    EXPECT_EQ(a().ww[7].Caption, "C:\\WINDOWS\\system32\\drivers\\etc\\hosts");
+}
+
+TEST_F(Panel, Option_RefreshesTheAutostartBoxFromTheRegistry) {
+    a().Box1[0].setValue(0);
+    fp.registry.SetString(kRun, "Halvenik-Kestrella", "x");
+    Wählen(0);
+    EXPECT_EQ(a().Box1[0].value(), 1);
+}
+
+TEST_F(Panel, Watch_SwitchesMonitoringOnAndHides) {
+    prg.Start();
+    a().Show();
+    prg.Beschäftigt = true;
+    Wählen(7);
+    EXPECT_FALSE(a().Visible);
+    EXPECT_FALSE(prg.Beschäftigt);
+    EXPECT_TRUE(a().Timer1.Enabled());
+    EXPECT_EQ(fp.tray.Last().szTip, "Kestrella ist aktiv");
+}
+
+TEST_F(Panel, Reset_PaintsItsEntryRedBeforeTheQuestion_NoKeepsTheProgram) {
+    a().Show();
+    long farbeBeiFrage = 0;
+    fp.dialogs.beimZeigen = [&] { farbeBeiFrage = a().Label1[10].BackColor; };
+    fp.dialogs.antworten.push_back(kIdNo);
+    Wählen(10);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Achtung!!");
+    EXPECT_EQ(farbeBeiFrage, kLeisteGewählt);
+    EXPECT_TRUE(prg.Zurücksetzen);
+    EXPECT_FALSE(prg.Beenden);
+    EXPECT_TRUE(a().Visible);
+}
+
+TEST_F(Panel, StartPageEdit_WritesRowAndSlotK_AndSaves) {
+    a().ListView3.Items.clear();  // rows of our own in place of the loaded ones
+    for (int i = 1; i <= 19; ++i) {
+        ListItem& z = a().ListView3.Add("HKEY_CURRENT_USER");
+        z.SetSubItem(3, "alt" + std::to_string(i));
+    }
+    a().Command1.Enabled = true;
+    a().ListView3Auswahl = 2;
+    a().ListView3_MouseUp();
+    EXPECT_FALSE(a().Command1.Enabled);
+    EXPECT_EQ(a().Text1.Text, "alt3");
+    EXPECT_EQ(a().PageÄndern1[0].Caption, "\"alt3\" --> Eintrag ändern");
+    EXPECT_EQ(a().Menü.Name, "PageÄndern");
+    a().PageÄndern1_Click(0);
+    EXPECT_TRUE(a().Command1.Enabled);
+    EXPECT_TRUE(a().Text1Fokus);
+    a().Text1.Text = "http://neu";
+    a().Command1_Click();
+    EXPECT_EQ(a().ListView3.Items[2].SubItem(3), "http://neu");
+    EXPECT_EQ(prg.StartSeiten[3], "http://neu");
+    EXPECT_FALSE(a().Command1.Enabled);
+    EXPECT_EQ(a().Text1.Text, "");
+    EXPECT_EQ(GespeicherteEinstellungen().ReadProperty("InternetStartPage3", std::string()),
+              BagWert(std::string("http://neu")));
+}
+
+TEST_F(Panel, StartPageList_EmptyListOpensNoMenu) {
+    a().ListView3.Items.clear();
+    a().ListView3Auswahl = 0;
+    a().ListView3_MouseUp();
+    EXPECT_TRUE(a().Menü.Name.empty());
+}
+
+TEST_F(Panel, DialUpList_SortsAscendingByTheClickedColumn) {
+    a().ListView2.Items.clear();
+    a().ListView2.Add("b").SetSubItem(1, "1");
+    a().ListView2.Add("a").SetSubItem(1, "3");
+    a().ListView2.Add("C").SetSubItem(1, "2");
+    a().ListView2_ColumnClick(2);
+    EXPECT_EQ(a().ListView2SortKey, 1);
+    EXPECT_TRUE(a().ListView2Sorted);
+    EXPECT_EQ(a().ListView2.Items[0].Text, "b");
+    a().ListView2_ColumnClick(1);
+    EXPECT_EQ(a().ListView2.Items[0].Text, "a");
+    EXPECT_EQ(a().ListView2.Items[2].Text, "C");
+}
+
+TEST_F(Panel, Links_OpenTheSiteAndAMailWithVersion_SecurityZonesMinimised) {
+    a().Image1_Click(0);
+    a().Image1_Click(1);
+    a().Command3_Click();
+    ASSERT_GE(fp.shell.geöffnet.size(), 2u);
+    EXPECT_EQ(fp.shell.geöffnet[0], std::string("|") + kHerstellerWeb + "|");
+    EXPECT_NE(fp.shell.geöffnet[1].find("Frage zum Kestrella"), std::string::npos);
+    EXPECT_NE(fp.shell.geöffnet[1].find("Version 2.2.0 und"), std::string::npos);
+    EXPECT_NE(fp.shell.geöffnet[1].find("mailto:" + std::string(kHerstellerMail)), std::string::npos);
+    ASSERT_FALSE(fp.shell.kommandos.empty());
+    EXPECT_EQ(fp.shell.kommandos.back().kommando, "rundll32.exe shell32.dll,Control_RunDLL inetcpl.cpl,,1");
+    EXPECT_EQ(fp.shell.kommandos.back().show, 2);
+}
+
+TEST_F(Panel, LogButtons_OpenSaysEmpty_DeleteClears) {
+    a().Text2.Text = "x";
+    a().Command2_Click(0);
+    EXPECT_EQ(a().Text2.Text, "");
+    a().Command2_Click(1);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, "Die Log-Datei ist noch leer!");
+}
+
+}  // namespace
+}  // namespace kes::test

@@ -1,0 +1,47 @@
+// The unused sidebar control: loading, hover and the place it names for a menu.
+#include "panel/leiste.h"
+
+#include <gtest/gtest.h>
+
+namespace kes::test {
+namespace {
+
+TEST(Leiste, LoadTakesOneAsYes_AnyOtherValueAsNo) {
+    Leiste l;
+    l.Laden("A", 1, 1, "B", 0, 1, "C", 1, 2, "D", -1, 0, "E", 1, 1);
+    EXPECT_EQ(l.Einträge[0].Caption, "A");
+    EXPECT_FALSE(l.Einträge[1].Visible);
+    EXPECT_TRUE(l.Einträge[1].Enabled);
+    EXPECT_FALSE(l.Einträge[2].Enabled);
+    EXPECT_FALSE(l.Einträge[3].Visible);
+}
+
+TEST(Leiste, HoverLightsOneEntry_LeavingReleasesAndDimsAll) {
+    Leiste l;
+    l.MausBewegung(1, true);
+    l.MausBewegung(3, true);
+    EXPECT_TRUE(l.Gefangen);
+    EXPECT_EQ(l.Einträge[3].Anzeige, Leiste::Bild::Hover);
+    EXPECT_EQ(l.Einträge[3].Farbe, 255);
+    EXPECT_EQ(l.Einträge[1].Anzeige, Leiste::Bild::Normal);
+    EXPECT_EQ(l.Einträge[1].Farbe, 0);
+    l.MausBewegung(3, false);
+    EXPECT_FALSE(l.Gefangen);
+    for (const auto& e : l.Einträge) EXPECT_EQ(e.Anzeige, Leiste::Bild::Normal);
+}
+
+TEST(Leiste, ReleaseNamesTheEntrysLeftEdgeAndItsFootLess40Twips) {
+    Leiste l;
+    l.Resize(5000, 600);
+    int index = -1, knopf = 0, x = 0, y = 0;
+    l.Klick = [&](int& i, int& k, int& px, int& py) { index = i, knopf = k, x = px, y = py; };
+    l.MausLos(2, 1);
+    EXPECT_EQ(index, 2);
+    EXPECT_EQ(knopf, 1);
+    EXPECT_EQ(x, 2000);
+    EXPECT_EQ(y, 560);
+    EXPECT_EQ(l.Einträge[2].Anzeige, Leiste::Bild::Gedrückt);
+}
+
+}  // namespace
+}  // namespace kes::test
