@@ -121,19 +121,27 @@ class Harness:
 
     # --- the session: display, prefix, wineserver -----------------------------------
 
+    def new_server(self):
+        """Ends the prefix's wineserver, waits until it has gone, and starts one that stays.
+        A server left by an earlier run serves the display that run had, which may be gone:
+        its desktop and tray would swallow every window of this run."""
+        for flag in ("-k", "-w", "-p"):
+            subprocess.run(["wineserver", flag], env=self.env, timeout=30,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def end_server(self):
+        """Ends the prefix's wineserver and waits until it and its programs have gone."""
+        for flag in ("-k", "-w"):
+            subprocess.run(["wineserver", flag], env=self.env, timeout=30,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
     def open(self):
         if not os.environ.get("DISPLAY"):
             self.start_xvfb()
         # One server for the whole run, started first and apart: it would otherwise stop
         # and start between tests, and the first wine call would hand it its output pipes.
         os.makedirs(self.prefix, exist_ok=True)
-        # A server left by an earlier run serves the display that run had, which may be gone:
-        # its desktop and tray would swallow every window of this run.
-        for flag in ("-k", "-w"):
-            subprocess.run(["wineserver", flag], env=self.env, timeout=30,
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        subprocess.run(["wineserver", "-p"], env=self.env, timeout=30,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.new_server()
         if not os.path.exists(os.path.join(self.prefix, "system.reg")):
             self.run(["wineboot", "-i"], timeout=180)
         # Xvfb has no window manager. For a window that it leaves to the manager, Wine waits

@@ -8,7 +8,6 @@ import configparser
 import contextlib
 import os
 import shutil
-import subprocess
 import time
 
 from e2e_gemeinsam import WARNING_TITLE, hidden_windows, visible_titles
@@ -47,6 +46,8 @@ def xp_machine(h):
     """Switches the harness to the XP prefix for the test, made on first use, with its own
     wineserver; switches back afterwards with every program of that prefix ended."""
     h.stop_program()
+    # One Wine session on the display at a time: two desktops would both claim the one tray.
+    h.end_server()
     saved = (h.prefix, h.env["WINEPREFIX"], h.tool_env["WINEPREFIX"], h.hosts_backup)
     prefix = os.path.join(h.build, "e2e-xp-prefix")
     h.prefix = h.env["WINEPREFIX"] = h.tool_env["WINEPREFIX"] = prefix
@@ -56,8 +57,7 @@ def xp_machine(h):
         if not os.path.exists(os.path.join(prefix, MARKER)):
             h.run(["python3", fixture_script(), prefix], timeout=300)
             open(os.path.join(prefix, MARKER), "w").close()
-        subprocess.run(["wineserver", "-p"], env=h.env, timeout=30,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        h.new_server()
         # Without a window manager Wine waits for one at every hide of a managed window.
         h.reg_add(r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
         with open(h.hosts_path(), "rb") as f:
@@ -68,9 +68,9 @@ def xp_machine(h):
             h.stop_program()
             h.restore_hosts()
         finally:
-            subprocess.run(["wineserver", "-k"], env=h.env, timeout=30,
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            h.end_server()
             h.prefix, h.env["WINEPREFIX"], h.tool_env["WINEPREFIX"], h.hosts_backup = saved
+            h.new_server()
 
 
 def reg_query(h, key):
