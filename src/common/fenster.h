@@ -2,6 +2,7 @@
 // topmost wish that the view carries out.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace kes {
@@ -19,6 +20,9 @@ public:
     int WindowState = 0;  // 0 normal, 1 minimised, 2 maximised
     // Raised by Show; the view brings the window to the front once and clears it.
     bool Vordergrund = false;
+    // The handle the view gave the window (0 while it has none): the parent of the
+    // platform's own dialogs that the window opens.
+    std::uintptr_t hWnd = 0;
 
     // Showing a window also raises its resize and activate handlers, as the platform does.
     virtual void Show() {

@@ -47,7 +47,7 @@ constexpr const char* kBoxTexte[32] = {
 };
 }  // namespace
 
-AlarmFenster::AlarmFenster(PanelKontext& k) : AlarmDaten(k), Ausnahmen(k, *this), k_(k) {
+AlarmFenster::AlarmFenster(PanelKontext& k) : AlarmDaten(k), Ausnahmen(k, *this, *this), k_(k) {
     for (std::size_t i = 0; i < Box1.size(); ++i) {
         Box1[i].Caption = kBoxTexte[i];
         Box1[i].Click = [this, i](std::int16_t&) { Box1_Click(static_cast<int>(i)); };

@@ -2,6 +2,7 @@
 
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
+#include "platform/dfue.h"
 #include "platform/liste_schreiben.h"
 
 namespace kes {
@@ -57,7 +58,8 @@ std::string Einträge(std::size_t n) {
 }
 }  // namespace
 
-Ausnahmelisten::Ausnahmelisten(PanelKontext& k, AlarmDaten& a) : k_(k), a_(a) {
+Ausnahmelisten::Ausnahmelisten(PanelKontext& k, AlarmDaten& a, const Fenster& fenster)
+    : k_(k), a_(a), fenster_(fenster) {
     for (int i = 0; i < kAusnahmelistenAnzahl; ++i) {
         const Art& art = ArtVon(static_cast<L>(i));
         menüs_[static_cast<std::size_t>(i)].Name = art.menü;
@@ -239,7 +241,12 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
             });
             break;
         case L::ListView2:
-            if (index != 1) break;  // "Info zur DFÜ-Verbindung" opens the phone book's editor
+            if (index == 0) {
+                // "Info zur DFÜ-Verbindung": the phone book's own editor, over the panel; the
+                // list stays as it is.
+                if (const ListItem* z = ErsteMarkierte(a_.ListView2)) DFUBearbeiten(p, z->Text, fenster_.hWnd);
+                break;
+            }
             for (std::size_t i = 0; i < a_.ListView2.Items.size(); ++i) {
                 if (!a_.ListView2.Items[i].Selected) continue;
                 a_.ListView2.Items.erase(a_.ListView2.Items.begin() + static_cast<std::ptrdiff_t>(i));

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "common/fenster.h"
 #include "common/steuerelemente.h"
 #include "panel/panel_kontext.h"
 #include "watchers/alarm_daten.h"
@@ -44,7 +45,8 @@ struct ListenMenü {
 
 class Ausnahmelisten {
 public:
-    Ausnahmelisten(PanelKontext& k, AlarmDaten& a);
+    // FENSTER is the panel that shows the lists: the parent of the dial-up entry editor.
+    Ausnahmelisten(PanelKontext& k, AlarmDaten& a, const Fenster& fenster);
 
     ListenMenü& Menü(Ausnahmeliste liste) { return menüs_[static_cast<std::size_t>(liste)]; }
 
@@ -75,6 +77,7 @@ private:
 
     PanelKontext& k_;
     AlarmDaten& a_;
+    const Fenster& fenster_;
     std::array<ListenMenü, kAusnahmelistenAnzahl> menüs_;
 };
 

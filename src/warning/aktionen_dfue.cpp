@@ -18,8 +18,8 @@ void Form3Fenster::dfü1_Click(int index) {
     ImmerOben(*this, false);
     Plattform& p = k_.P();
     if (index == 0) {
-        // The model knows no window handle: the dialog opens without a parent.
-        DFUBearbeiten(p, Text1[0].Text, 0);
+        // Over the warning, which stays open.
+        DFUBearbeiten(p, Text1[0].Text, hWnd);
     } else if (index == 1) {
         p.shell.RunCommand(std::string("rundll32.exe shell32.dll,") + "Control_RunDLL ncpa.cpl", kSwShowNormal);
     }

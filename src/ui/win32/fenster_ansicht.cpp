@@ -36,6 +36,7 @@ FensterAnsicht::FensterAnsicht(kes::Fenster& modell, const char* klasse, DWORD s
     // Messages reach the view only from here on: during creation the derived view does not
     // exist yet.
     ::SetWindowLongPtrA(h_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    modell.hWnd = reinterpret_cast<std::uintptr_t>(h_);
 }
 
 FensterAnsicht::~FensterAnsicht() {

@@ -166,25 +166,69 @@ TEST_F(Beenden, SessionEndDuringAWarning_EndsWithoutAQuestion) {
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
-TEST_F(Beenden, Reset_AsksAgainAfterNo_ThenDeletesItsFilesAndRestarts) {
-    prg.Zurücksetzen = true;
-    fp.files.Put(ordner + "kestrella.dat", "x");
-    fp.files.Put(ordner + "daten\\prozesse.txt", "a#b");
-    fp.files.Put(ordner + "daten\\bho.ini", "[1]");
-    fp.files.Put(ordner + "Kestrella.log", "alt");
+TEST_F(Beenden, TaskManagerClose_EndsWithoutAQuestionAndTakesTheIcon) {
+    start().Aktiviert();
+    prg.AlarmEntladen(kEntladenTaskmanager);
+    EXPECT_TRUE(fp.dialogs.meldungen.empty());
+    EXPECT_TRUE(prg.Beenden);
+    EXPECT_FALSE(fp.tray.Shown());
+    EXPECT_TRUE(fp.shell.kommandos.empty()) << "no restart";
+}
+
+// The thirteen files of a reset, and what must survive it.
+const char* const kResetDateien[] = {"daten\\toolbar.ini",       "daten\\prozesse.txt",     "daten\\dienste.ini",
+                                     "daten\\dienstefirmen.txt", "daten\\0190.txt",         "daten\\AutostartREG.txt",
+                                     "daten\\favoriten.txt",     "daten\\shellservice.ini", "daten\\taskscheduler.ini",
+                                     "daten\\URLSearchHook.txt", "daten\\kestrella.log",    "kestrella.dat",
+                                     "daten\\Firma.txt"};
+const char* const kBleibende[] = {"daten\\bho.ini",     "daten\\Autostart.txt", "daten\\activex.txt",
+                                  "daten\\windows.txt", "daten\\V_seiten.txt",  "Kestrella.log"};
+
+TEST_F(Beenden, ResetAnsweredNo_StaysWanted_TheTraysBeendenAsksTheResetQuestion_YesResetsAndRestarts) {
+    start().Aktiviert();
+    for (const char* d : kResetDateien) fp.files.Put(ordner + d, "x");
+    for (const char* d : kBleibende) fp.files.Put(ordner + d, "bleibt");
+    fp.registry.SetString(runSchlüssel, "Halvenik-Kestrella", ordner + "Kestrella.exe /s");
+    const std::string frage =
+        "Wollen sie alle Einstellungen und Werte zurücksetzen ?\r\nDer Kestrella wird dann neugestartet.";
     fp.dialogs.antworten = {kIdNo, kIdYes};
-    prg.AlarmEntladen(kEntladenNormal);
+    prg.Alarm().Label1_MouseDown(10);
+    prg.Alarm().Label1_MouseUp(10);
+    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text, frage);
+    EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Achtung!!");
     EXPECT_FALSE(prg.Beenden);
-    prg.AlarmEntladen(kEntladenNormal);
+    EXPECT_TRUE(prg.Zurücksetzen) << "No leaves the reset wanted";
+    EXPECT_TRUE(prg.Alarm().Visible);
+    EXPECT_TRUE(fp.files.Exists(ordner + "kestrella.dat"));
+
+    start().fox1_Click(6);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 2u);
-    EXPECT_EQ(fp.dialogs.meldungen[1].titel, "Achtung!!") << "the reset question, not the question to end";
-    EXPECT_FALSE(fp.files.Exists(ordner + "kestrella.dat"));
-    EXPECT_FALSE(fp.files.Exists(ordner + "daten\\prozesse.txt"));
-    EXPECT_TRUE(fp.files.Exists(ordner + "daten\\bho.ini"));
-    EXPECT_TRUE(fp.files.Exists(ordner + "Kestrella.log"));
+    EXPECT_EQ(fp.dialogs.meldungen[1].text, frage) << "the reset question, not the question to end";
+    for (const char* d : kResetDateien) EXPECT_FALSE(fp.files.Exists(ordner + d)) << d;
+    for (const char* d : kBleibende) EXPECT_EQ(fp.files.Content(ordner + d), "bleibt") << d;
+    EXPECT_EQ(
+        HiveOCX(fp.registry).ReadValue(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella"),
+        ordner + "Kestrella.exe /s");
+    EXPECT_FALSE(fp.tray.Shown());
     ASSERT_EQ(fp.shell.kommandos.size(), 1u);
     EXPECT_EQ(fp.shell.kommandos[0].kommando, "C:\\Programme\\Kestrella\\kestrella.exe /s");
     EXPECT_EQ(fp.shell.kommandos[0].show, 2);
+    EXPECT_TRUE(prg.Beenden);
+}
+
+TEST_F(Beenden, Reset_AFileThatCannotBeOpenedCountsAsAbsent_SurvivesWithoutAWord) {
+    prg.Zurücksetzen = true;
+    fp.files.Put(ordner + "kestrella.dat", "x");
+    fp.files.Put(ordner + "daten\\Firma.txt", "Microsoft Corporation\r\n");
+    fp.files.Put(ordner + "daten\\prozesse.txt", "a#b\r\n");
+    fp.files.Lock(ordner + "daten\\prozesse.txt");
+    fp.dialogs.antworten = {kIdYes};
+    prg.AlarmEntladen(kEntladenNormal);
+    EXPECT_EQ(fp.dialogs.meldungen.size(), 1u) << "only the question";
+    EXPECT_TRUE(fp.files.Exists(ordner + "daten\\prozesse.txt"));
+    EXPECT_FALSE(fp.files.Exists(ordner + "kestrella.dat"));
+    EXPECT_FALSE(fp.files.Exists(ordner + "daten\\Firma.txt")) << "the files after it go on";
     EXPECT_TRUE(prg.Beenden);
 }
 

@@ -13,7 +13,7 @@ class Ausnahmen : public ProgrammTest {
 protected:
     void SetUp() override { Pfade(); }
     AlarmDaten& a() { return prg.Alarm(); }
-    Ausnahmelisten listen{prg, prg.Alarm()};
+    Ausnahmelisten listen{prg, prg.Alarm(), prg.Alarm()};
     std::string Datei(const std::string& name) { return fp.files.Content(ordner + "daten\\" + name); }
     ListItem& Zeile(ListView& l, const std::string& text, const std::string& sub1 = "") {
         ListItem& z = l.Add(text);
@@ -24,9 +24,10 @@ protected:
 };
 
 TEST_F(Ausnahmen, EmptyList_OpensNoMenu) {
-    listen.MausLos(L::List4);
-    listen.MausLos(L::ListView12);
-    EXPECT_FALSE(listen.Popup.has_value());
+    for (int i = 0; i < kAusnahmelistenAnzahl; ++i) {
+        listen.MausLos(static_cast<L>(i));
+        EXPECT_FALSE(listen.Popup.has_value()) << "list " << i;
+    }
 }
 
 TEST_F(Ausnahmen, Captions_QuoteTheSelectionWithEachListsTail) {
@@ -64,6 +65,35 @@ TEST_F(Ausnahmen, Captions_QuoteTheSelectionWithEachListsTail) {
     EXPECT_EQ(Beschriftung(L::List10, 1), "\"Firma\" ---> Eintrag löschen");
 }
 
+TEST_F(Ausnahmen, Captions_GoToTheDeletingEntry_TheOtherEntryKeepsItsDesignCaption) {
+    Zeile(a().ListView11, "Dienst").Selected = true;
+    listen.MausLos(L::ListView11);
+    EXPECT_EQ(Beschriftung(L::ListView11, 0), "\"Dienst\" --> Eintrag aus der Liste löschen");
+    EXPECT_EQ(Beschriftung(L::ListView11, 1), "Alle Dienste aus der Liste entfernen");
+
+    a().List8.Items = {"schluessel"};
+    a().List8.ListIndex = 0;
+    listen.MausLos(L::List8);
+    EXPECT_EQ(Beschriftung(L::List8, 0), "\"schluessel\" ---> Eintrag löschen");
+    EXPECT_EQ(Beschriftung(L::List8, 1), "Alle aus der Liste löschen");
+}
+
+TEST_F(Ausnahmen, DialupInfo_OpensTheEditorOfTheSelectedEntryOverThePanel_ListAndFileStay) {
+    prg.Alarm().hWnd = 0x4711;
+    fp.dialup.einträge.push_back({"Zwei", {}});
+    Zeile(a().ListView2, "Eins", "0190111");
+    Zeile(a().ListView2, "Zwei", "0190222").Selected = true;
+    listen.MenüKlick(L::ListView2, 0);
+    ASSERT_EQ(fp.dialup.bearbeitet.size(), 1u);
+    EXPECT_EQ(fp.dialup.bearbeitet[0], std::make_pair(std::uintptr_t{0x4711}, std::string("Zwei")));
+    EXPECT_EQ(a().ListView2.Items.size(), 2u);
+    EXPECT_FALSE(fp.files.Exists(ordner + "daten\\0190.txt"));
+
+    a().ListView2.Items[1].Selected = false;
+    listen.MenüKlick(L::ListView2, 0);
+    EXPECT_EQ(fp.dialup.bearbeitet.size(), 1u) << "no row selected, no editor";
+}
+
 TEST_F(Ausnahmen, LineList_SelectedRowsGo_TheFileIsWrittenAnewFromTheList) {
     Zeile(a().ListView6, "a.exe", "C:\\a.exe");
     Zeile(a().ListView6, "b.exe", "C:\\b.exe").Selected = true;
@@ -80,6 +110,17 @@ TEST_F(Ausnahmen, LineList_SelectedRowsGo_TheFileIsWrittenAnewFromTheList) {
               "Eins\x80"
               "0190111\r\n")
         << "the euro sign as its one byte of code page 1252";
+}
+
+TEST_F(Ausnahmen, ProcessDelete_ReloadsTheListFromTheFileItWrote) {
+    Zeile(a().ListView6, "a.exe", "C:\\a.exe").Selected = true;
+    Zeile(a().ListView6, "c.exe", "C:\\c,d.exe");
+    listen.MenüKlick(L::ListView6, 0);
+    EXPECT_EQ(Datei("prozesse.txt"), "c.exe#C:\\c,d.exe\r\n");
+    // The loader reads by fields: the comma splits the path, and the list shows it so.
+    ASSERT_EQ(a().ListView6.Items.size(), 2u);
+    EXPECT_EQ(a().ListView6.Items[0].SubItem(1), "C:\\c");
+    EXPECT_EQ(a().ListView6.Items[1].SubItem(1), "d.exe");
 }
 
 TEST_F(Ausnahmen, LastRowDeleted_LeavesAnEmptyFileNotAMissingOne) {
@@ -127,6 +168,41 @@ TEST_F(Ausnahmen, ServiceList_BothEntriesRecountTheLabel) {
     listen.MenüKlick(L::ListView11, 1);
     EXPECT_FALSE(fp.files.Exists(ini));
     EXPECT_EQ(a().ww[19].Caption, "Ausnahmen:   [Einträge: 0]");
+}
+
+TEST_F(Ausnahmen, ServiceMakers_AllEntriesDeleteTheFile_OneEntryRewritesItAndReloads) {
+    const std::string datei = ordner + "daten\\dienstefirmen.txt";
+    fp.files.Put(datei, "A\r\nB\r\nC\r\n");
+    a().List10.Items = {"A", "B", "C"};
+    a().List10.ListIndex = 1;
+    listen.MenüKlick(L::List10, 1);
+    EXPECT_EQ(Datei("dienstefirmen.txt"), "A\r\nC\r\n");
+    EXPECT_EQ(a().List10.Items, (std::vector<std::string>{"A", "C"}));
+    listen.MenüKlick(L::List10, 0);
+    EXPECT_TRUE(a().List10.Items.empty());
+    EXPECT_FALSE(fp.files.Exists(datei));
+}
+
+TEST_F(Ausnahmen, DeletedHelperObject_IsWarnedOfAgainByTheNextCycle) {
+    const std::string klasse = "{B1}";
+    fp.files.Put("C:\\WINDOWS\\system32\\hilfe.dll", "MZ");
+    fp.registry.SetString(
+        "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects\\" + klasse,
+        "", "Hilfsobjekt");
+    fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + klasse + "\\InprocServer32", "",
+                          "C:\\WINDOWS\\system32\\hilfe.dll");
+    fp.files.Put(ordner + "daten\\bho.ini", "[1]\r\nPfad=C:\\WINDOWS\\system32\\hilfe.dll\r\nClisd=" + klasse + "\r\n");
+    prg.Alarm().klassenlisten.LadeBHO();
+    prg.Alarm().klassenlisten.TesteBHO();
+    ASSERT_FALSE(prg.Form3Geladen()) << "known before the delete";
+
+    ASSERT_EQ(a().ListView8.Items.size(), 1u);
+    a().ListView8.Items[0].Selected = true;
+    listen.MenüKlick(L::ListView8, 0);
+    EXPECT_EQ(fp.profiles.GetString("1", "Pfad", "", ordner + "daten\\bho.ini"), "");
+    prg.Alarm().klassenlisten.TesteBHO();
+    EXPECT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::BHO);
 }
 
 TEST_F(Ausnahmen, SearchHooks_GoWholeWhicheverLineWasChosen) {
