@@ -1,11 +1,16 @@
 """End-to-end tests of the ways out: the task manager's "End task" (a WM_CLOSE posted from
-another process to a hidden window of the program) ends it at once, without the question,
-and takes the tray icon with it; the tray menu's "Beenden" asks first, and an "End task"
-that comes while that question is open does not start a second way out."""
+another process to a hidden window of the program) and the end of the session (the system's
+WM_QUERYENDSESSION and WM_ENDSESSION) end it at once, without the question, and take the
+tray icon with it; the tray menu's "Beenden" asks first, and an "End task" that comes while
+that question is open does not start a second way out. "Zurücksetzen" on the panel deletes
+the stored state, keeps the exception files and the log, and starts the program anew,
+which shows the assistant."""
 
+import os
 import subprocess
 
-from e2e_gemeinsam import HIDDEN_CLASS, hidden_windows, start_monitoring, visible_titles
+from e2e_gemeinsam import (ASSISTANT_CLASS, HIDDEN_CLASS, WARNING_TITLE, hidden_windows, hosts_grown,
+                           start_monitoring, visible_of_class, visible_titles)
 from harness import check, test, wait_until
 
 WM_CLOSE = "16"
@@ -72,3 +77,66 @@ def tray_beenden_asks_and_end_task_meanwhile_leaves_the_question_to_decide(h):
     check(tray_icons(h) == 1, "the tray icon went before the question was answered")
     h.click(question, "Ja")
     ended_cleanly(h, proc, "Beenden and Ja")
+
+
+@test
+def session_end_during_a_warning_quits_without_question_and_removes_icon(h):
+    proc = started_with_icon(h, "sitzungsende")
+    hosts_grown(h)
+    h.wait_window(WARNING_TITLE, 15)
+    answers = [line.split("\t") for line in h.kd("end-session", HIDDEN_CLASS).splitlines()]
+    check(answers and all(a[2] != "0" for a in answers), f"a window refused the end of the session: {answers}")
+    check(QUESTION_TITLE not in visible_titles(h), "the end of the session brought the question up")
+    ended_cleanly(h, proc, "the end of the session")
+
+
+# The files a reset deletes, and those it must leave (the exception files and the log).
+RESET_FILES = ["daten\\toolbar.ini", "daten\\prozesse.txt", "daten\\dienste.ini", "daten\\dienstefirmen.txt",
+               "daten\\0190.txt", "daten\\AutostartREG.txt", "daten\\favoriten.txt", "daten\\shellservice.ini",
+               "daten\\taskscheduler.ini", "daten\\URLSearchHook.txt", "daten\\kestrella.log", "kestrella.dat",
+               "daten\\Firma.txt"]
+KEPT_FILES = ["daten\\bho.ini", "daten\\Autostart.txt", "daten\\activex.txt", "daten\\windows.txt",
+              "daten\\V_seiten.txt", "Kestrella.log"]
+RESET_TITLE = "Achtung!!"
+RESET_TEXT = "Wollen sie alle Einstellungen und Werte zurücksetzen ?\r\nDer Kestrella wird dann neugestartet."
+
+
+def local(h, name):
+    return os.path.join(h.folder, *name.split("\\"))
+
+
+@test
+def reset_deletes_its_files_keeps_bho_ini_and_log_and_restarts_into_the_assistant(h):
+    proc = started_with_icon(h, "zuruecksetzen")
+    for name in RESET_FILES[:-2] + RESET_FILES[-1:]:
+        with open(local(h, name), "wb") as f:
+            f.write(b"weg\r\n")
+    kept = {name: f"bleibt {i}\r\n".encode() for i, name in enumerate(KEPT_FILES)}
+    for name, content in kept.items():
+        with open(local(h, name), "wb") as f:
+            f.write(content)
+    h.kd("post", HIDDEN_CLASS, "512", "0", "517")
+    check(wait_until(lambda: "Einstellungen" in h.kd("menu", check=False), 5), "the tray menu did not open")
+    h.kd("menu-click", "Einstellungen")
+    panel = wait_until(lambda: visible_of_class(h, "KestrellaPanel"), 10)
+    check(panel, "the panel did not open")
+
+    h.click(panel, "Zurücksetzen")
+    question = h.wait_window(RESET_TITLE, 10)
+    texts = [c["text"] for c in h.texts(question)]
+    check(RESET_TEXT in texts, f"not the reset question: {texts}")
+    h.click(question, "Ja")
+    try:
+        code = proc.wait(15)
+    except subprocess.TimeoutExpired:
+        raise AssertionError(f"the program still runs 15 s after the reset; visible: {visible_titles(h)}") from None
+    check(code == 0, f"the program ended with exit code {code} after the reset")
+    left = [name for name in RESET_FILES if os.path.exists(local(h, name))]
+    check(not left, f"the reset left {left}")
+    for name, content in kept.items():
+        with open(local(h, name), "rb") as f:
+            check(f.read() == content, f"{name} changed in the reset")
+    # The new instance, started silently by the old one, has no settings file any more.
+    check(wait_until(lambda: visible_of_class(h, ASSISTANT_CLASS), 20), "no assistant after the reset")
+    check(len(hidden_windows(h)) == 1, "not exactly the new instance's hidden window")
+    check(wait_until(lambda: tray_icons(h) == 0, 5), "a tray icon is left, or the new instance shows one")

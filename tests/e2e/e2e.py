@@ -150,6 +150,7 @@ def hosts_warning_closed_by_close_box_comes_back(h):
 if __name__ == "__main__":
     # The tests of the other files register themselves when imported.
     import assistent  # noqa: F401
+    import ausnahmen  # noqa: F401
     import autostart  # noqa: F401
     import beenden  # noqa: F401
     import registry_waechter  # noqa: F401

@@ -325,9 +325,9 @@ bool AlarmAnsicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
             const int grund = GrundFürWmClose(h_);
             if (grund == kEntladenNormal) {
                 EigenesSchliessen eigenes;
-                prg_.AlarmEntladen(grund);
+                Entladen(prg_, grund);
             } else if (grund >= 0) {
-                prg_.AlarmEntladen(grund);
+                Entladen(prg_, grund);
             }
             ergebnis = 0;
             return true;

@@ -30,4 +30,9 @@ int GrundFürWmClose(HWND fenster) {
     return ::IsWindowVisible(fenster) ? kEntladenNormal : kEntladenTaskmanager;
 }
 
+void Entladen(Programm& prg, int grund) {
+    prg.AlarmEntladen(grund);
+    if (prg.Beenden) ::PostQuitMessage(0);
+}
+
 }  // namespace kes::ui

@@ -5,6 +5,10 @@
 
 #include <windows.h>
 
+namespace kes {
+class Programm;
+}
+
 namespace kes::ui {
 
 // Held while the program runs one of its own ways out (the tray menu, the panel's close
@@ -23,5 +27,11 @@ private:
 
 // The unload reason for a WM_CLOSE that reached FENSTER, or -1 when it is to be swallowed.
 int GrundFürWmClose(HWND fenster);
+
+// The way out for GRUND, from a window procedure. A close that came as a sent message (the
+// system's WM_ENDSESSION, a WM_CLOSE sent by another program) runs inside GetMessage,
+// which then waits on for a posted message; when the program is to end, the quit message
+// lets the loop see it.
+void Entladen(Programm& prg, int grund);
 
 }  // namespace kes::ui

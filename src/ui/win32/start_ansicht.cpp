@@ -45,7 +45,7 @@ bool StartAnsicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
         // Never left to DefWindowProc, which would destroy the icon's owner and leave the
         // program running without it.
         const int grund = GrundFürWmClose(h_);
-        if (grund >= 0) prg_.AlarmEntladen(grund);
+        if (grund >= 0) Entladen(prg_, grund);
         ergebnis = 0;
         return true;
     }
@@ -54,7 +54,7 @@ bool StartAnsicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
         return true;
     }
     if (msg == WM_ENDSESSION) {
-        if (wp) prg_.AlarmEntladen(kEntladenSitzungsende);
+        if (wp) Entladen(prg_, kEntladenSitzungsende);
         return true;
     }
     (void)ergebnis;

@@ -14,6 +14,8 @@
 //   lock         "locked" once PATH is open without sharing; holds it SECONDS, or until killed
 //   between      "ready" while no window of CLASS exists; then, once a window of CLASS has
 //                appeared and after it a visible window TITLE, the seconds between the two
+//   row-click    nothing; a row of a list chosen and clicked (kdlisten.h)
+//   end-session  hwnd, class, answer to WM_QUERYENDSESSION: the windows of one program
 //   procs        process id, executable name: all processes of this Wine prefix
 //   memory       working set, peak working set, private bytes of one process, in bytes
 //   close-each   one line per window closed: round, hwnd, milliseconds since the start
@@ -37,8 +39,10 @@
 #include <thread>
 #include <vector>
 
+#include "kdlisten.h"
 #include "kdmenu.h"
 #include "kdprozesse.h"
+#include "kdspeicher.h"
 
 namespace {
 
@@ -159,36 +163,7 @@ std::string Zahl(double x) {
     return buf;
 }
 
-// Memory in another process, freed again at the end of the scope.
-class FremderSpeicher {
-public:
-    FremderSpeicher(DWORD pid, SIZE_T größe) {
-        prozess_ = OpenProcess(PROCESS_CREATE_THREAD | PROCESS_QUERY_INFORMATION | PROCESS_VM_OPERATION |
-                                   PROCESS_VM_READ | PROCESS_VM_WRITE,
-                               FALSE, pid);
-        if (prozess_) adresse_ = VirtualAllocEx(prozess_, nullptr, größe, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
-    }
-    ~FremderSpeicher() {
-        if (adresse_) VirtualFreeEx(prozess_, adresse_, 0, MEM_RELEASE);
-        if (prozess_) CloseHandle(prozess_);
-    }
-    FremderSpeicher(const FremderSpeicher&) = delete;
-    FremderSpeicher& operator=(const FremderSpeicher&) = delete;
-
-    bool Gut() const { return adresse_ != nullptr; }
-    HANDLE Prozess() const { return prozess_; }
-    char* Adresse(SIZE_T versatz = 0) const { return static_cast<char*>(adresse_) + versatz; }
-    bool Schreiben(SIZE_T versatz, const void* daten, SIZE_T n) const {
-        return WriteProcessMemory(prozess_, Adresse(versatz), daten, n, nullptr);
-    }
-    bool Lesen(SIZE_T versatz, void* daten, SIZE_T n) const {
-        return ReadProcessMemory(prozess_, Adresse(versatz), daten, n, nullptr);
-    }
-
-private:
-    HANDLE prozess_ = nullptr;
-    void* adresse_ = nullptr;
-};
+using kdspeicher::FremderSpeicher;
 
 // Rows of a list view in report form: item text, then the sub-item texts. The list view
 // writes into the buffer that LVITEMA names, so LVITEMA and buffer must both live in the
@@ -572,6 +547,14 @@ int main(int argc, char** argv) {
     if (befehl == "between" && argc == 5) return Between(argv[2], argv[3], Sekunden(argc, argv, 4));
     if (befehl == "menu" && argc == 2) return MenuList();
     if (befehl == "menu-click" && argc == 3) return MenuClick(argv[2]);
+    if (befehl == "row-click" && (argc == 4 || argc == 5)) {
+        const std::string knopf = argc == 5 ? argv[4] : "right";
+        if (knopf != "right" && knopf != "left") return Fehler("the button is right or left, not \"" + knopf + "\"");
+        HWND fenster = SichtbaresFenster(argv[2]);
+        if (!fenster) return Fehler("no visible window \"" + std::string(argv[2]) + "\"");
+        return kdlisten::ZeileKlicken(fenster, argv[3], knopf == "right");
+    }
+    if (befehl == "end-session" && argc == 3) return kdlisten::SitzungBeenden(argv[2]);
     if (befehl == "procs" && argc == 2) return kdprozesse::Liste();
     if (befehl == "kill" && argc == 3) return kdprozesse::Beenden(argv[2]);
     if (befehl == "memory" && argc == 3) return kdprozesse::Speicher(argv[2]);
@@ -591,6 +574,8 @@ int main(int argc, char** argv) {
                  "       kdriver between CLASS TITLE SECONDS\n"
                  "       kdriver menu\n"
                  "       kdriver menu-click TEXT\n"
+                 "       kdriver row-click TITLE TEXT [right|left]\n"
+                 "       kdriver end-session CLASS\n"
                  "       kdriver procs\n"
                  "       kdriver kill PID\n"
                  "       kdriver memory PID\n"
