@@ -92,3 +92,30 @@ def bho_removed_on_the_panel_leaves_bho_ini_and_is_warned_of_again(h):
     finally:
         h.reg_delete(HKLM_BHO + "\\" + BHO)
         h.reg_delete(CLASS_KEY)
+
+
+@test
+def trusted_maker_list_opens_its_menu_on_a_left_release_and_rewrites_firma_txt(h):
+    h.program_folder("firmaweg")
+    firma = os.path.join(h.folder, "daten", "Firma.txt")
+    with open(firma, "wb") as f:
+        f.write(b"Testfirma Eins\r\nTestfirma Zwei\r\n")
+    h.settings(box15=1, hostsgrösse=os.path.getsize(h.hosts_path()), aufab1=5)
+    h.start()
+    check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+    tray_menu(h, "Einstellungen")
+    panel = wait_until(lambda: visible_of_class(h, PANEL_CLASS), 10)
+    check(panel, "the panel did not open")
+    h.click(panel, "Prozesse")
+    shown = lambda: any(r == ["Testfirma Zwei"] for c in h.texts(panel) if c["visible"] for r in c["rows"])
+    check(wait_until(shown, 5), "the page of processes does not list the trusted makers")
+    h.kd("row-click", panel, "Testfirma Zwei", "left")
+    entry = '"Testfirma Zwei" Eintrag löschen'
+    check(wait_until(lambda: entry in menu_items(h), 5), f"no context menu with {entry!r}: {menu_items(h)}")
+    h.kd("menu-click", entry)
+
+    def content():
+        with open(firma, "rb") as f:
+            return f.read()
+
+    check(wait_until(lambda: content() == b"Testfirma Eins\r\n", 5), f"daten\\Firma.txt holds {content()!r}")

@@ -73,6 +73,15 @@ void AlarmAnsicht::ListBoxNeu(int seite, const ListBox& modell, int x, int y, in
                  kIdSonst, x, y, b, h);
     kästen_.push_back({w, &modell, {"\x01"}});
     AusnahmeMerken(w, &modell);
+    ::SetWindowSubclass(w, &AlarmAnsicht::KastenProc, 0, reinterpret_cast<DWORD_PTR>(this));
+}
+
+LRESULT CALLBACK AlarmAnsicht::KastenProc(HWND h, UINT msg, WPARAM wp, LPARAM lp, UINT_PTR, DWORD_PTR ansicht) {
+    const LRESULT ergebnis = ::DefSubclassProc(h, msg, wp, lp);
+    // The right button's release arrives as WM_CONTEXTMENU at the panel.
+    if (msg == WM_LBUTTONUP) reinterpret_cast<AlarmAnsicht*>(ansicht)->AusnahmeMausLos(h);
+    if (msg == WM_NCDESTROY) ::RemoveWindowSubclass(h, &AlarmAnsicht::KastenProc, 0);
+    return ergebnis;
 }
 
 void AlarmAnsicht::LabelNeu(int seite, const Label& modell, int x, int y, int b, int h) {

@@ -34,6 +34,9 @@ private:
     // The context menus of the exception lists: the selection of the real list goes to its
     // model, the model builds the caption, and the choice goes back to the model.
     void AusnahmeMausLos(HWND liste);
+    // A list box tells its parent of no left button release: its own messages are watched
+    // for that one.
+    static LRESULT CALLBACK KastenProc(HWND h, UINT msg, WPARAM wp, LPARAM lp, UINT_PTR id, DWORD_PTR ansicht);
     void AusnahmeMenüZeigen();
     void LeisteMalen(const DRAWITEMSTRUCT& d);
     void LinkMalen(const DRAWITEMSTRUCT& d);
