@@ -167,8 +167,10 @@ TEST_F(Dfue, MehrInfos_MenuWithEditDialogAndFolder_WindowStaysOpen) {
     EXPECT_EQ(f.dfü1[0].Caption, "Information");
     EXPECT_EQ(f.dfü1[1].Caption, "DFÜ Ordner öffnen");
 
+    f.hWnd = 0x4711;  // as the view gives it
     f.dfü1_Click(0);
     ASSERT_EQ(fp.dialup.bearbeitet.size(), 1u);
+    EXPECT_EQ(fp.dialup.bearbeitet[0].first, 0x4711u) << "the editor opens over the warning";
     EXPECT_EQ(fp.dialup.bearbeitet[0].second, "Billig");
     EXPECT_FALSE(f.Topmost);
     f.dfü1_Click(1);
