@@ -1,7 +1,9 @@
-"""End-to-end test of the control panel's exception lists: a helper object accepted from
-its warning stands in the panel's list; removed there through the list's context menu, its
-section leaves daten\\bho.ini and the next watch cycle warns of it again. The helper object
-is made on the main prefix with `wine reg add`, and removed again at the end."""
+"""End-to-end tests of the control panel's exception lists, driven as the mouse does: a
+helper object accepted from its warning stands in the panel's list; removed there through
+the list's context menu (right button), its section leaves daten\\bho.ini and the next watch
+cycle warns of it again. The helper object is made on the main prefix with `wine reg add`,
+and removed again at the end. A list box opens its menu on the left button's release too:
+a trusted maker removed so leaves daten\\Firma.txt."""
 
 import configparser
 import os

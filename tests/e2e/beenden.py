@@ -108,7 +108,9 @@ def local(h, name):
 @test
 def reset_deletes_its_files_keeps_bho_ini_and_log_and_restarts_into_the_assistant(h):
     proc = started_with_icon(h, "zuruecksetzen")
-    for name in RESET_FILES[:-2] + RESET_FILES[-1:]:
+    for name in RESET_FILES:
+        if name == "kestrella.dat":
+            continue  # the settings the program runs with
         with open(local(h, name), "wb") as f:
             f.write(b"weg\r\n")
     kept = {name: f"bleibt {i}\r\n".encode() for i, name in enumerate(KEPT_FILES)}
@@ -118,7 +120,7 @@ def reset_deletes_its_files_keeps_bho_ini_and_log_and_restarts_into_the_assistan
     h.kd("post", HIDDEN_CLASS, "512", "0", "517")
     check(wait_until(lambda: "Einstellungen" in h.kd("menu", check=False), 5), "the tray menu did not open")
     h.kd("menu-click", "Einstellungen")
-    panel = wait_until(lambda: visible_of_class(h, "KestrellaPanel"), 10)
+    panel = wait_until(lambda: visible_of_class(h, PANEL_CLASS), 10)
     check(panel, "the panel did not open")
 
     h.click(panel, "Zurücksetzen")
