@@ -2,8 +2,8 @@
 helper object accepted from its warning stands in the panel's list; removed there through
 the list's context menu (right button), its section leaves daten\\bho.ini and the next watch
 cycle warns of it again. The helper object is made on the main prefix with `wine reg add`,
-and removed again at the end. A list box opens its menu on the left button's release too:
-a trusted maker removed so leaves daten\\Firma.txt."""
+and removed again at the end. A list box opens its menu on the release of either button:
+trusted makers removed so leave daten\\Firma.txt, empty after the last one."""
 
 import configparser
 import os
@@ -97,7 +97,7 @@ def bho_removed_on_the_panel_leaves_bho_ini_and_is_warned_of_again(h):
 
 
 @test
-def trusted_maker_list_opens_its_menu_on_a_left_release_and_rewrites_firma_txt(h):
+def trusted_maker_list_opens_its_menu_on_either_release_and_rewrites_firma_txt(h):
     h.program_folder("firmaweg")
     firma = os.path.join(h.folder, "daten", "Firma.txt")
     with open(firma, "wb") as f:
@@ -121,3 +121,10 @@ def trusted_maker_list_opens_its_menu_on_a_left_release_and_rewrites_firma_txt(h
             return f.read()
 
     check(wait_until(lambda: content() == b"Testfirma Eins\r\n", 5), f"daten\\Firma.txt holds {content()!r}")
+
+    # The right button as well; the last line gone leaves the file, empty.
+    h.kd("row-click", panel, "Testfirma Eins", "right")
+    entry = '"Testfirma Eins" Eintrag löschen'
+    check(wait_until(lambda: entry in menu_items(h), 5), f"no context menu with {entry!r}: {menu_items(h)}")
+    h.kd("menu-click", entry)
+    check(wait_until(lambda: content() == b"", 5), f"daten\\Firma.txt holds {content()!r}")

@@ -359,10 +359,14 @@ bool AlarmAnsicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
         case WM_APP + 1:
             AusnahmeMenüZeigen();
             return true;
-        case WM_CONTEXTMENU:
-            // A list box tells its parent of a right click by this message alone.
-            AusnahmeMausLos(reinterpret_cast<HWND>(wp));
+        case WM_CONTEXTMENU: {
+            // A list box tells its parent of a right click by this message alone; a list view
+            // has told it by NM_RCLICK already, and one release opens one menu.
+            char klasse[16] = {};
+            ::GetClassNameA(reinterpret_cast<HWND>(wp), klasse, sizeof klasse);
+            if (::lstrcmpiA(klasse, "ListBox") == 0) AusnahmeMausLos(reinterpret_cast<HWND>(wp));
             return true;
+        }
         case WM_CTLCOLORSTATIC: {
             // Read-only help texts on the face colour, like the labels around them; the log
             // reads like a page of text.
