@@ -4,10 +4,10 @@
 # crash, leak, sanitizer report, broken rule or time-out; what made it fail is kept in
 # build-fuzz/funde/<name>/ and can be run again alone:
 #   build-fuzz/tests/fuzz/fuzz_<name> build-fuzz/funde/<name>/crash-...
-# usage: tests/fuzz/run.sh [SECONDS_PER_TARGET (default 18)] [NAME...]
+# usage: tests/fuzz/run.sh [SECONDS_PER_TARGET (default 15)] [NAME...]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-sekunden=${1:-18}
+sekunden=${1:-15}
 shift || true
 
 CC=clang CXX=clang++ cmake -S . -B build-fuzz -DKES_FUZZ=ON >/dev/null
