@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::FuzzProgramm f(1u << 15, bag, [&](fuzz::FuzzProgramm& f) {
         if (art == 0) return;  // no hosts file at all
         f.dateien.Put(hosts, d.ConsumeRandomLengthString(64));
-        if (art >= 2) f.dateien.längen[Klein(hosts)] = länge;
+        if (art >= 2) f.dateien.PretendLength(hosts, länge);
         if (art == 3) f.dateien.Lock(hosts);
     });
 
@@ -30,9 +30,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto& zeile = f.prg.Form3().Label1[2].Caption;
         Prüfen(zeile.rfind(" [Neue Grösse ", 0) == 0, "the sizes line of the warning is missing");
         const int wahl = d.ConsumeIntegralInRange(0, 7);
-        f.Antworten(wahl);
-        if (wahl == 0 && !f.prg.Beschäftigt) {
-            // Accepted: the same file is known from now on.
+        const bool erledigt = f.Antworten(wahl);
+        if (wahl == 0 && erledigt) {
+            // Accepted (a missing file cannot be: its length is an error of the action, and
+            // the warning stays): the same file is known from now on.
             f.Tick();
             Prüfen(!f.prg.Form3Geladen(), "an accepted hosts size warns again");
         }

@@ -166,16 +166,7 @@ void RegistryFüllen(fake::FakeRegistry& reg, FuzzedDataProvider& d, int anzahl)
     }
 }
 
-std::optional<std::int64_t> GrosseDateien::Length(const std::string& path) {
-    const auto it = längen.find(Klein(path));
-    if (it != längen.end() && Exists(path)) return it->second;
-    return FakeFiles::Length(path);
-}
-
 FuzzProgramm::FuzzProgramm(std::uint32_t boxAn, PropertyBag bag, const std::function<void(FuzzProgramm&)>& vorher) {
-    // The fake platform's folders, on the files the program sees.
-    dateien.MakeDirs(ordner + "daten");
-    dateien.MakeDirs("C:\\WINDOWS\\system32\\drivers\\etc");
     for (int i = 1; i <= 31; ++i) bag.WriteProperty("Box" + std::to_string(i), std::int16_t((boxAn >> i) & 1));
     bag.WriteProperty("AnzeigeLöschen", true);
     dateien.Put(ordner + "kestrella.dat", bag.Contents());
@@ -188,20 +179,20 @@ void FuzzProgramm::Tick() {
     prg.Aufräumen();
 }
 
-void FuzzProgramm::Antworten(int wahl) {
-    if (!prg.Form3Geladen()) return;
+bool FuzzProgramm::Antworten(int wahl) {
+    if (!prg.Form3Geladen()) return false;
     Form3Fenster& f = prg.Form3();
     // The services' question is answered Yes, so that the command really starts.
     fp.dialogs.antworten = {kIdYes};
     const int knöpfe[] = {1, 3, 6, 4, 5, 8, 2, 9};
     f.Image_Click(knöpfe[wahl % 8]);
     prg.Aufräumen();
-    if (prg.Form3Geladen()) {
-        prg.Form3().Form_QueryUnload();
-        prg.Form3Entladen();
-        prg.Aufräumen();
-    }
     fp.dialogs.antworten.clear();
+    if (!prg.Form3Geladen()) return true;
+    prg.Form3().Form_QueryUnload();
+    prg.Form3Entladen();
+    prg.Aufräumen();
+    return false;
 }
 
 }  // namespace kes::fuzz

@@ -28,24 +28,13 @@ std::string FeindlicherName(FuzzedDataProvider& d);
 // value type and of the other types' numbers too.
 void RegistryFüllen(fake::FakeRegistry& reg, FuzzedDataProvider& d, int anzahl);
 
-// The fake files, but with lengths that a test sets for a path without holding the bytes:
-// how a file of gigabytes looks to the program.
-class GrosseDateien : public fake::FakeFiles {
-public:
-    std::map<std::string, std::int64_t> längen;  // by lower-case path
-    std::optional<std::int64_t> Length(const std::string& path) override;
-};
-
 // The program on the fake platform, started with a settings file that switches on what
 // boxAn says (a bit per box 1..31), so Alarm is loaded with all its loaders. vorher runs
 // before the start, to put baselines and settings in place.
 struct FuzzProgramm {
     fake::FakePlattform fp;
-    GrosseDateien dateien;
-    IniDatei ini{dateien};
-    Plattform plattform{fp.registry, dateien,   fp.shell, fp.dialogs,   fp.sound,   fp.timers,
-                        fp.system,   fp.dialup, fp.tray,  fp.processes, fp.details, ini};
-    Programm prg{plattform};
+    fake::FakeFiles& dateien = fp.files;
+    Programm prg{fp.plattform};
     const std::string ordner = "C:\\Programme\\Kestrella\\";
 
     FuzzProgramm(std::uint32_t boxAn, PropertyBag bag = {}, const std::function<void(FuzzProgramm&)>& vorher = {});
@@ -53,8 +42,8 @@ struct FuzzProgramm {
     // Lets the watch cycle tick once.
     void Tick();
     // Answers an open warning with one of its actions, chosen by wahl, and makes sure the
-    // window is closed afterwards.
-    void Antworten(int wahl);
+    // window is closed afterwards. True when the action itself closed it.
+    bool Antworten(int wahl);
 };
 
 }  // namespace kes::fuzz
