@@ -110,7 +110,11 @@ void HiveOCX::Baum(RegHandle root, const std::string& key, int tiefe) {
     for (std::uint32_t i = 0;; ++i) {
         std::uint32_t länge = sizeof name;
         if (reg_.EnumKeyEx(h, i, name, &länge) != kErrorSuccess) break;
-        kinder.emplace_back(name, länge);
+        // A name with a NUL in it cannot be named through the ANSI calls: its path would end
+        // at the NUL and name this key again, and the walk would go round in circles.
+        const std::string kind(name, länge);
+        if (kind.empty() || kind.find('\0') != std::string::npos) continue;
+        kinder.push_back(kind);
     }
     reg_.CloseKey(h);
     for (const auto& kind : kinder) Baum(root, key + "\\" + kind, tiefe + 1);
