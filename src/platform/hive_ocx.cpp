@@ -102,7 +102,8 @@ void HiveOCX::DeleteKeyTree(std::int32_t root, const std::string& key) {
 // Depth first: a key can only go once its subkeys are gone. The depth limit keeps a
 // key that refuses deletion from being walked forever.
 void HiveOCX::Baum(RegHandle root, const std::string& key, int tiefe) {
-    if (key.empty() || tiefe > 64) return;
+    // A path with a NUL ends there for the ANSI calls and names a key above the one meant.
+    if (key.empty() || key.find('\0') != std::string::npos || tiefe > 64) return;
     RegHandle h = 0;
     if (reg_.OpenKeyEx(root, key, kKeyAllAccess, &h) != kErrorSuccess) return;
     std::vector<std::string> kinder;

@@ -102,6 +102,13 @@ TEST_F(RegistryListen, DeleteKeyTree_SubkeysNamedWithANul_StayAndTheWalkEnds) {
     EXPECT_TRUE(fp.registry.HasKey(domains + "boese.example")) << "it keeps the children it cannot name";
     EXPECT_TRUE(fp.registry.HasKey(domains + "andere.example"));
     EXPECT_EQ(fp.registry.OpenHandles(), 0);
+
+    // A key whose own name holds one would be the key above it, all domains.
+    HiveOCX(fp.registry)
+        .DeleteKeyTree(static_cast<std::int32_t>(kHkeyCurrentUser),
+                       domains.substr(std::string("HKEY_CURRENT_USER\\").size()) + std::string("\0x", 2));
+    EXPECT_TRUE(fp.registry.HasKey(domains + "andere.example"));
+    EXPECT_TRUE(fp.registry.HasKey(domains + "boese.example"));
 }
 
 }  // namespace
