@@ -20,16 +20,19 @@ fi
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 for name in "${namen[@]}"; do
-  # The run's own corpus grows in the build tree; the seeds stay as they are.
-  arbeit=build-fuzz/korpus/$name
-  mkdir -p "$arbeit" "build-fuzz/funde/$name"
+  # What the run adds goes to a folder of its own, dropped afterwards, so that every run
+  # starts from the seeds alone and costs the same; the seeds stay as they are.
+  arbeit=$(mktemp -d)
+  mkdir -p "build-fuzz/funde/$name"
   log=build-fuzz/funde/$name.log
   if ! build-fuzz/tests/fuzz/fuzz_"$name" -max_total_time="$sekunden" -timeout=20 -rss_limit_mb=2048 \
       -print_final_stats=1 -artifact_prefix="build-fuzz/funde/$name/" \
       "$arbeit" "tests/fuzz/corpus/$name" >"$log" 2>&1; then
     tail -n 60 "$log" >&2
     echo "fuzz_$name: failed, see $log and build-fuzz/funde/$name/" >&2
+    rm -rf "$arbeit"
     exit 1
   fi
+  rm -rf "$arbeit"
   echo "fuzz_$name: $(grep -o 'number_of_executed_units: [0-9]*' "$log" | grep -o '[0-9]*$') runs, no finding"
 done
