@@ -1,7 +1,8 @@
-// The REG DELETE command lines that the delete action of a warning starts. reg.exe reads its arguments as the C
-// runtime splits a command line: at blanks and tabs outside quotes, with quotes and the
-// backslashes before them as escapes. A name from the registry goes at the end of the key
-// argument, so it must not split that argument, end it, or name the parent key.
+// The REG DELETE command lines that the delete action of a warning starts. reg.exe reads
+// its arguments as the C runtime splits a command line: at blanks and tabs outside quotes,
+// with quotes and the backslashes before them as escapes. A name from the registry goes at
+// the end of the key argument, so it must not split that argument, end it, or name the
+// parent key.
 #pragma once
 
 #include <string>
