@@ -14,6 +14,9 @@ kes_build_win
 echo "== native: unit and contract tests against the fakes"
 ctest --test-dir build-native --output-on-failure --no-tests=error -j2
 
+echo "== native: fuzz targets, each for a bounded time (clang, libFuzzer, sanitizers)"
+tests/fuzz/run.sh 15
+
 echo "== Windows build under Wine: contract tests against the real API, end-to-end tests"
 export WINEDEBUG=-all
 export WINEPREFIX="$PWD/build-win/test-prefix"

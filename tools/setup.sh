@@ -11,6 +11,8 @@ kes_install() {
   [ -f /usr/src/googletest/CMakeLists.txt ] || need+=(googletest)
   [ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
   command -v python3 >/dev/null || need+=(python3)
+  command -v clang++ >/dev/null || need+=(clang)
+  compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a' >/dev/null || need+=(libclang-rt-14-dev)
   command -v import >/dev/null || need+=(imagemagick)
   [ -d /usr/share/i18n/locales ] || need+=(locales)
   if [ ${#need[@]} -gt 0 ]; then

@@ -102,7 +102,8 @@ void HiveOCX::DeleteKeyTree(std::int32_t root, const std::string& key) {
 // Depth first: a key can only go once its subkeys are gone. The depth limit keeps a
 // key that refuses deletion from being walked forever.
 void HiveOCX::Baum(RegHandle root, const std::string& key, int tiefe) {
-    if (key.empty() || tiefe > 64) return;
+    // A path with a NUL ends there for the ANSI calls and names a key above the one meant.
+    if (key.empty() || key.find('\0') != std::string::npos || tiefe > 64) return;
     RegHandle h = 0;
     if (reg_.OpenKeyEx(root, key, kKeyAllAccess, &h) != kErrorSuccess) return;
     std::vector<std::string> kinder;
@@ -110,7 +111,11 @@ void HiveOCX::Baum(RegHandle root, const std::string& key, int tiefe) {
     for (std::uint32_t i = 0;; ++i) {
         std::uint32_t länge = sizeof name;
         if (reg_.EnumKeyEx(h, i, name, &länge) != kErrorSuccess) break;
-        kinder.emplace_back(name, länge);
+        // A name with a NUL in it cannot be named through the ANSI calls: its path would end
+        // at the NUL and name this key again, and the walk would go round in circles.
+        const std::string kind(name, länge);
+        if (kind.empty() || kind.find('\0') != std::string::npos) continue;
+        kinder.push_back(kind);
     }
     reg_.CloseKey(h);
     for (const auto& kind : kinder) Baum(root, key + "\\" + kind, tiefe + 1);

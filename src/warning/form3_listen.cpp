@@ -16,6 +16,18 @@ void Form3Fenster::ListView2_ItemClick(int index) {
 }
 
 void Form3Fenster::Prozesse1_Click(int) {
+    // The folder comes from what the warning found, registry data among it. Explorer reads
+    // a comma as the end of an argument and a leading "/" as a switch, and opens (runs) a
+    // file that stands alone as an argument: such a folder is not handed over.
+    const bool schalter = !Merktext.empty() && (Merktext.front() == '/' || Merktext.front() == '-');
+    bool steuerzeichen = false;
+    for (const char c : Merktext) steuerzeichen = steuerzeichen || static_cast<unsigned char>(c) < 0x20;
+    if (schalter || steuerzeichen || Merktext.find_first_of(",\"") != std::string::npos) {
+        k_.P().dialogs.ShowMessage("Der Ordner kann nicht geöffnet werden:\r\n" + Merktext +
+                                       "\r\nSein Name enthält Zeichen, die der Explorer als Befehl lesen würde.",
+                                   "Achtung!", kMbOk | kMbIconExclamation);
+        return;
+    }
     k_.P().shell.RunCommand("explorer.exe " + Merktext, 3);
 }
 

@@ -4,6 +4,7 @@
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
+#include "platform/reg_befehl.h"
 #include "warning/aktionen.h"
 #include "warning/form1.h"
 #include "warning/form3.h"
@@ -30,6 +31,24 @@ const char* kDiensteFrage =
     "konfiguriert sind,\r\n"
     "müssen Sie besonders sorgfältig vorgehen.\r\n"
     "Nur wenn sie sich sicher sind, das es ein Hijacker, Trojaner oder Viren sind. Sollten sie den Dienst löschen.";
+
+// The field whose text a category's branch puts on a REG DELETE command line; null for the
+// branches that start no command.
+const std::string* Befehlsname(const Form3Fenster& f, Kategorie k) {
+    switch (k) {
+        case Kategorie::ToolBar:
+        case Kategorie::ToolBar1:
+        case Kategorie::Dienste:
+        case Kategorie::URLSearchHooks:
+        case Kategorie::TaskScheduler:
+        case Kategorie::BHO:
+            return &f.Text1[0].Text;
+        case Kategorie::ShellService:
+            return &f.Text1[1].Text;
+        default:
+            return nullptr;
+    }
+}
 }  // namespace
 
 bool Form3Fenster::RegistryLöschenValue(const std::string& hive, const std::string& schlüssel, const std::string& wert,
@@ -64,6 +83,12 @@ void Form3Fenster::löschen(bool ja) {
     // The error exit: the number and the routine's name, no title, and the window stays.
     try {
         const KategorieZeile& z = Zeile(k_.W().Kategorieschlüssel);
+        // A name that would make the command delete another key: nothing happens, the user
+        // is told, and the window stays for another answer.
+        if (const std::string* name = Befehlsname(*this, k_.W().Kategorieschlüssel); name && !RegNameSicher(*name)) {
+            k_.P().dialogs.ShowMessage(RegNameUnsicherText(*name), "Achtung!", kMbOk | kMbIconExclamation);
+            return;
+        }
         if (z.löschen) z.löschen(*this);
         // raus unloads this window: nothing of it may be touched after the first call.
         WarnKontext& k = k_;
@@ -82,21 +107,22 @@ namespace {
 const std::string& T(const Form3Fenster& f, int i) {
     return f.Text1[i].Text;
 }
-// A command line started minimised, not waited for; its result is not looked at.
-void Shell(Form3Fenster& f, const std::string& befehl) {
-    f.K().P().shell.RunCommand(befehl, 2);
+// REG DELETE for the key pfad + name, started minimised, not waited for; its result is not
+// looked at. löschen has made sure the name is safe on the command line.
+void Shell(Form3Fenster& f, const std::string& pfad, const std::string& name, const char* schalter = "/f") {
+    f.K().P().shell.RunCommand(RegDelete(pfad, name, schalter), 2);
 }
 }  // namespace
 
 void ToolBar(Form3Fenster& f) {
-    Shell(f, "REG DELETE HKLM\\" + std::string(kZoneMap) + T(f, 0) + " /v/f");
+    Shell(f, "HKLM\\" + std::string(kZoneMap), T(f, 0), "/v/f");
     HiveOCX(f.K().P().registry).DeleteKeyTree(static_cast<std::int32_t>(0x80000002u), kZoneMap + T(f, 0));
     f.K().Log("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
               {"Registry: " + T(f, 1) + "\\" + T(f, 2) + "\\" + T(f, 3), "Wert: " + T(f, 0)}, "< gelöscht OK >\"");
 }
 
 void ToolBar1(Form3Fenster& f) {
-    Shell(f, "REG DELETE HKCU\\" + std::string(kZoneMap) + T(f, 0) + " /f");
+    Shell(f, "HKCU\\" + std::string(kZoneMap), T(f, 0));
     HiveOCX(f.K().P().registry).DeleteKeyTree(static_cast<std::int32_t>(0x80000001u), kZoneMap + T(f, 0));
     f.K().Log("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
               {"Registry: " + T(f, 1) + "\\" + T(f, 2) + "\\" + T(f, 3), "Wert: " + T(f, 0)}, "< gelöscht OK >\"");
@@ -104,32 +130,32 @@ void ToolBar1(Form3Fenster& f) {
 
 void Dienste(Form3Fenster& f) {
     if (f.K().P().dialogs.ShowMessage(kDiensteFrage, "Kestrella Info!", kMbYesNo) != kIdYes) return;
-    Shell(f, "REG DELETE HKLM\\SYSTEM\\CurrentControlSet\\Services\\" + T(f, 0) + " /f");
+    Shell(f, "HKLM\\SYSTEM\\CurrentControlSet\\Services\\", T(f, 0));
     f.K().Log("Neuer Dienst wurde erstellt.", {"Name: " + T(f, 0), "Datei: " + T(f, 3)}, "< Gelöscht OK >");
 }
 
 void URLSearchHooks(Form3Fenster& f) {
     HiveOCX(f.K().P().registry).DeleteValue(1, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks", T(f, 0));
-    Shell(f, "REG DELETE HKCR\\CLSID\\" + T(f, 0) + " /f");
+    Shell(f, "HKCR\\CLSID\\", T(f, 0));
     f.K().Log("IExplorer URLSearchHooks geändert.", {"Name: " + T(f, 0), "Wert: " + T(f, 1)}, "< gelöscht OK >");
 }
 
 void TaskScheduler(Form3Fenster& f) {
     HiveOCX(f.K().P().registry)
         .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler", T(f, 0));
-    Shell(f, "REG DELETE HKCR\\CLSID\\" + T(f, 0) + " /f");
+    Shell(f, "HKCR\\CLSID\\", T(f, 0));
     f.K().Log("Neuer SharedTaskScheduler-Autostarteintrag wurde erstellt.", {"Name: " + T(f, 0)}, "< Gelöscht OK >");
 }
 
 // No log entry at all for this one.
 void ShellService(Form3Fenster& f) {
-    Shell(f, "REG DELETE HKCR\\CLSID\\" + T(f, 1) + " /f");
+    Shell(f, "HKCR\\CLSID\\", T(f, 1));
     HiveOCX(f.K().P().registry)
         .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad", T(f, 0));
 }
 
 void BHO(Form3Fenster& f) {
-    Shell(f, "REG DELETE HKCR\\CLSID\\" + T(f, 0) + " /f");
+    Shell(f, "HKCR\\CLSID\\", T(f, 0));
     // A value named after the class, not its subkey: so it stands.
     HiveOCX(f.K().P().registry)
         .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects", T(f, 0));

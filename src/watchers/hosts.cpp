@@ -14,10 +14,12 @@ void Hosts::TesteHosts() {
     Prozesswerte& w = k_.W();
     // The key is stored at every run, before anything is compared.
     w.Kategorieschlüssel = Kategorie::HostsDatei;
-    // A missing or locked file counts as 0 bytes.
-    std::int64_t länge = 0;
+    // A missing or locked file counts as 0 bytes. The length is taken as the 32 bits the
+    // saved size holds, as the accept action stores it: a file beyond 4 GB compares equal
+    // again once its size is accepted.
+    std::int32_t länge = 0;
     try {
-        länge = k_.P().files.Length(HostsPfad(w)).value_or(0);
+        länge = static_cast<std::int32_t>(k_.P().files.Length(HostsPfad(w)).value_or(0));
     } catch (...) {
     }
     if (länge == w.Hostsgrösse) return;

@@ -1,10 +1,13 @@
-// Command lines the delete action starts: REG DELETE must really remove a key, and the
-// odd switch "/v/f" of the trusted-sites branch must behave as the platform's tool does.
+// Command lines the delete action starts: REG DELETE must really remove a key, the odd
+// switch "/v/f" of the trusted-sites branch must behave as the platform's tool does, and
+// a name with blanks or switches in it, on the line as the program builds it, must delete
+// its own key and nothing beside it.
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <thread>
 
+#include "platform/reg_befehl.h"
 #include "umgebung.h"
 
 namespace kes::vertrag {
@@ -35,9 +38,32 @@ protected:
         }
         return false;
     }
+    bool HatWert(const std::string& pfad) {
+        RegHandle h = 0;
+        if (p.registry.OpenKeyEx(kHkeyCurrentUser, pfad, kKeyRead, &h) != kErrorSuccess) return false;
+        std::uint32_t grösse = 0;
+        const bool da = p.registry.QueryValueEx(h, "wert", nullptr, nullptr, &grösse) == kErrorSuccess;
+        p.registry.CloseKey(h);
+        return da;
+    }
+    const std::string dienste = std::string(kTestSchlüssel) + "\\Dienste";
+    // Two keys side by side, the hostile one and the one its name would reach unquoted;
+    // deletes the hostile one with the program's command line and tells what stayed.
+    void Nachbarn(const std::string& feindlich, const std::string& nachbar) {
+        Schlüssel(dienste + "\\" + nachbar);
+        Schlüssel(dienste + "\\" + feindlich);
+        ASSERT_TRUE(RegNameSicher(feindlich));
+        ASSERT_TRUE(p.shell.RunCommand(RegDelete("HKCU\\" + dienste + "\\", feindlich, "/f"), 2));
+        // Once the named key is gone, the command has done all it does.
+        EXPECT_TRUE(VerschwindetBald(dienste + "\\" + feindlich)) << feindlich;
+        EXPECT_TRUE(HatWert(dienste + "\\" + nachbar)) << feindlich;
+    }
     void TearDown() override {
         for (const char* k : {"\\Weg\\Kind", "\\Weg", "\\Bleibt"})
             p.registry.DeleteKey(kHkeyCurrentUser, std::string(kTestSchlüssel) + k);
+        for (const char* k : {"a b", "a /va", "a", "/f", "b  ", "b", "c\tx", "c"})
+            p.registry.DeleteKey(kHkeyCurrentUser, dienste + "\\" + k);
+        p.registry.DeleteKey(kHkeyCurrentUser, dienste);
     }
 };
 
@@ -54,6 +80,20 @@ TEST_F(Befehle, RegDeleteWithTheJoinedSwitches_LeavesTheKey) {
     p.shell.RunCommand("REG DELETE HKCU\\" + bleibt + " /v/f", 2);
     std::this_thread::sleep_for(std::chrono::seconds(1));
     EXPECT_TRUE(Da(bleibt)) << "the tool refuses the switch; the registry routine after it does the work";
+}
+
+TEST_F(Befehle, NameWithABlank_DeletesOnlyItsOwnKey) {
+    Nachbarn("a b", "a");
+}
+
+TEST_F(Befehle, NameHoldingASwitch_DeletesItsKeyAndLeavesTheValuesOfTheOther) {
+    Nachbarn("a /va", "a");
+}
+
+TEST_F(Befehle, NameLikeASwitchAndNamesWithBlanksOrATabAtTheEnd_StayWhole) {
+    Nachbarn("/f", "a");
+    Nachbarn("b  ", "b");
+    Nachbarn("c\tx", "c");
 }
 
 }  // namespace

@@ -73,6 +73,7 @@ bool FakeFiles::WriteAll(const std::string& path, const std::string& data) {
         e.attribute = kAttrArchive;
     }
     e.daten = data;
+    e.länge.reset();
     e.zeit = ++uhr_;
     return true;
 }
@@ -106,7 +107,12 @@ bool FakeFiles::SetAttributes(const std::string& path, std::uint32_t attributes)
 
 std::optional<std::int64_t> FakeFiles::Length(const std::string& path) {
     if (!CanRead(path)) return std::nullopt;
-    return static_cast<std::int64_t>(Finde(path)->daten.size());
+    const Eintrag* e = Finde(path);
+    return e->länge ? *e->länge : static_cast<std::int64_t>(e->daten.size());
+}
+
+void FakeFiles::PretendLength(const std::string& path, std::int64_t length) {
+    if (Eintrag* e = Finde(path)) e->länge = length;
 }
 
 bool FakeFiles::MakeDirectory(const std::string& path) {
@@ -134,7 +140,7 @@ FindHandle FakeFiles::FindFirst(const std::string& pattern, FindData* out) {
         FindData fd;
         fd.name = name;
         fd.attributes = e.ordner ? kAttrDirectory : e.attribute;
-        fd.size = e.daten.size();
+        fd.size = e.länge ? static_cast<std::uint64_t>(*e.länge) : e.daten.size();
         fd.creationTime = fd.lastWriteTime = e.zeit;
         treffer.push_back(fd);
     };
@@ -187,6 +193,7 @@ void FakeFiles::Put(const std::string& path, const std::string& data, std::uint3
     e.name = path.substr(path.find_last_of('\\') + 1);
     e.ordner = false;
     e.daten = data;
+    e.länge.reset();
     e.attribute = attributes;
     e.zeit = ++uhr_;
 }

@@ -32,6 +32,9 @@ public:
     void Put(const std::string& path, const std::string& data, std::uint32_t attributes = kAttrArchive);
     void MakeDirs(const std::string& path);
     void Lock(const std::string& path, bool locked = true);
+    // The length the file reports from now on, without holding that many bytes: how a file
+    // of gigabytes looks to the program. Writing the file ends it.
+    void PretendLength(const std::string& path, std::int64_t length);
     bool Exists(const std::string& path) const;
     std::string Content(const std::string& path) const;  // "" when missing
     int OpenFinds() const { return static_cast<int>(finds_.size()); }
@@ -44,6 +47,7 @@ private:
         std::uint32_t attribute = kAttrArchive;
         bool gesperrt = false;
         std::uint64_t zeit = 0;
+        std::optional<std::int64_t> länge;
     };
     static std::string Schlüssel(const std::string& path);
     static std::string Eltern(const std::string& schlüssel);

@@ -190,7 +190,7 @@ long FakeRegistry::DeleteValue(RegHandle key, const char* name) {
 long FakeRegistry::DeleteKey(RegHandle key, const std::string& subkey) {
     auto von = Knoten_(key);
     if (!von) return Ungültig(key);
-    auto teile = Teile(subkey);
+    auto teile = Teile(subkey.substr(0, subkey.find('\0')));
     if (teile.empty()) return kErrorAccessDenied;
     const std::string letzter = teile.back();
     teile.pop_back();

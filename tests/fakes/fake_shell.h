@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "fake_reg_exe.h"
 #include "platform/seam/registry_api.h"
 #include "platform/seam/shell_api.h"
 #include "platform/seam/tray_api.h"
@@ -15,8 +16,7 @@
 namespace kes::fake {
 
 // Runs command lines as the platform would for the one tool the program starts that
-// changes anything: "REG DELETE <root>\<key> /f" removes the key with all below it, any
-// other switch is refused as reg.exe refuses it.
+// changes anything: REG DELETE, with reg.exe's reading of its arguments (fake_reg_exe.h).
 class FakeShell : public ShellApi {
 public:
     explicit FakeShell(RegistryApi& registry) : registry_(registry) {}
@@ -34,7 +34,7 @@ public:
     bool RunCommand(const std::string& commandLine, int show) override {
         kommandos.push_back({commandLine, show});
         if (beimStarten) beimStarten(commandLine);
-        RegDelete(commandLine);
+        RegDeleteAusführen(registry_, commandLine);
         return true;
     }
     long OpenWithShell(const std::string& verb, const std::string& file, const std::string& params, int) override {
@@ -48,30 +48,6 @@ public:
     }
 
 private:
-    void RegDelete(const std::string& zeile) {
-        const std::string anfang = "REG DELETE ", ende = " /f";
-        if (zeile.rfind(anfang, 0) != 0 || zeile.size() < anfang.size() + ende.size() ||
-            zeile.compare(zeile.size() - ende.size(), ende.size(), ende) != 0)
-            return;
-        const std::string schlüssel = zeile.substr(anfang.size(), zeile.size() - anfang.size() - ende.size());
-        const auto trenner = schlüssel.find('\\');
-        const std::string wurzel = schlüssel.substr(0, trenner);
-        const RegHandle root = wurzel == "HKLM"   ? kHkeyLocalMachine
-                               : wurzel == "HKCU" ? kHkeyCurrentUser
-                               : wurzel == "HKCR" ? kHkeyClassesRoot
-                               : wurzel == "HKU"  ? kHkeyUsers
-                                                  : 0;
-        if (root && trenner != std::string::npos) Baumlöschen(root, schlüssel.substr(trenner + 1));
-    }
-    void Baumlöschen(RegHandle root, const std::string& pfad) {
-        RegHandle h = 0;
-        if (registry_.OpenKeyEx(root, pfad, kKeyAllAccess, &h) != kErrorSuccess) return;
-        char name[256];
-        std::uint32_t länge = sizeof name;
-        while ((länge = sizeof name, registry_.EnumKeyEx(h, 0, name, &länge)) == kErrorSuccess) Baumlöschen(h, name);
-        registry_.CloseKey(h);
-        registry_.DeleteKey(root, pfad);
-    }
     RegistryApi& registry_;
 };
 

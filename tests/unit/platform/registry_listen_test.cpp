@@ -4,6 +4,7 @@
 
 #include "common/steuerelemente.h"
 #include "fake_plattform.h"
+#include "platform/hive_ocx.h"
 #include "platform/registry.h"
 
 namespace kes::test {
@@ -79,6 +80,35 @@ TEST_F(RegistryListen, RootNamesAndHiveCodes) {
     EXPECT_EQ(HiveVonHandle(kHkeyClassesRoot), 0);
     EXPECT_EQ(HiveVonHandle(kHkeyUsers), 3);
     EXPECT_EQ(HiveVonHandle(0x1234), -1);
+}
+
+// Fuzz finding: subkeys whose names begin with a NUL (which the native API can make) sent
+// the tree deletion round in circles, each of them naming the key itself again.
+TEST_F(RegistryListen, DeleteKeyTree_SubkeysNamedWithANul_StayAndTheWalkEnds) {
+    const std::string domains =
+        "HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\";
+    for (const std::string kind :
+         {std::string("\0a", 2), std::string("\0b", 2), std::string("x\0y", 3), std::string("www")})
+        fp.registry.MakeKey(domains + "boese.example\\" + kind);
+    fp.registry.MakeKey(domains + "andere.example");
+    int öffnungen = 0;
+    fp.registry.beimÖffnen = [&](const std::string&) {
+        if (++öffnungen > 1000) throw std::runtime_error("the walk does not end");
+    };
+    HiveOCX(fp.registry)
+        .DeleteKeyTree(static_cast<std::int32_t>(kHkeyCurrentUser),
+                       domains.substr(std::string("HKEY_CURRENT_USER\\").size()) + "boese.example");
+    EXPECT_FALSE(fp.registry.HasKey(domains + "boese.example\\www"));
+    EXPECT_TRUE(fp.registry.HasKey(domains + "boese.example")) << "it keeps the children it cannot name";
+    EXPECT_TRUE(fp.registry.HasKey(domains + "andere.example"));
+    EXPECT_EQ(fp.registry.OpenHandles(), 0);
+
+    // A key whose own name holds one would be the key above it, all domains.
+    HiveOCX(fp.registry)
+        .DeleteKeyTree(static_cast<std::int32_t>(kHkeyCurrentUser),
+                       domains.substr(std::string("HKEY_CURRENT_USER\\").size()) + std::string("\0x", 2));
+    EXPECT_TRUE(fp.registry.HasKey(domains + "andere.example"));
+    EXPECT_TRUE(fp.registry.HasKey(domains + "boese.example"));
 }
 
 }  // namespace

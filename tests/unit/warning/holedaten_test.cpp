@@ -110,6 +110,26 @@ TEST_F(Detailfenster, ListView2_SecondRowOpensTheFolderMenu_FirstRowOnlyKeepsIts
     EXPECT_TRUE(prg.Form3Geladen()) << "the warning stays open";
 }
 
+TEST_F(Detailfenster, FolderThatExplorerWouldReadAsArguments_IsNotOpened) {
+    Form3Fenster& w = f();
+    w.ListView2.Add("x.exe");
+    w.ListView2.Add("");
+    for (const std::string pfad : {"C:\\Tool\\böse.exe,\\x.exe", "/root,C:\\x\\y.exe", "C:\\a\" b\\c.exe"}) {
+        fp.dialogs.meldungen.clear();
+        w.ListView2.Items[1].Text = pfad;
+        w.ListView2_ItemClick(2);
+        w.Prozesse1_Click(0);
+        EXPECT_TRUE(fp.shell.kommandos.empty()) << fp.shell.kommandos.back().kommando;
+        ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
+        EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Achtung!");
+    }
+    w.ListView2.Items[1].Text = "C:\\Programme\\Mein Tool\\tool.exe";
+    w.ListView2_ItemClick(2);
+    w.Prozesse1_Click(0);
+    ASSERT_EQ(fp.shell.kommandos.size(), 1u);
+    EXPECT_EQ(fp.shell.kommandos[0].kommando, "explorer.exe C:\\Programme\\Mein Tool\\") << "blanks pass as before";
+}
+
 TEST_F(Detailfenster, ListView3_ShowsTheModulesPathsAndDescription) {
     const std::string pfad = "C:\\WINDOWS\\system32\\Hilfsbibliothek.dll";
     fp.files.Put(pfad, "MZ");

@@ -121,10 +121,17 @@ TEST_F(LoeschAktion, ClassCategories_RunCommandAndRegistryRoutineInTheirOrder) {
     EXPECT_FALSE(wertDaBeimBefehl) << "the value goes first for URLSearchHooks";
     EXPECT_NE(Log().find("< gelöscht OK >"), std::string::npos);
 
-    Warnung(Kategorie::ShellService).Image_Click(3);
+    auto shellService = [&] {
+        Form3Fenster& s = Warnung(Kategorie::ShellService);
+        s.Text1[0].Text = "Dienst";
+        s.Text1[1].Text = "{S}";
+        s.Image_Click(3);
+    };
+    shellService();
+    EXPECT_EQ(Befehle().back(), "REG DELETE HKCR\\CLSID\\{S} /f");
     EXPECT_EQ(Log().find("ShellService"), std::string::npos);
     const std::size_t vorher = Log().size();
-    Warnung(Kategorie::ShellService).Image_Click(3);
+    shellService();
     EXPECT_EQ(Log().size(), vorher) << "ShellService writes no log entry";
 }
 

@@ -32,6 +32,23 @@ TEST_F(Hosts, SameSizeOtherContent_GoesUnseen) {
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
+// A length beyond 32 bits reads as the saved size holds it, so that an accepted size
+// settles the warning; before, the truncated size never matched the file again.
+TEST_F(Hosts, FileOfMoreThanFourGigabytes_AcceptedOnceThenSilent) {
+    fp.files.Put(hostsPfad, "x");
+    fp.files.PretendLength(hostsPfad, 0x100000005LL);
+    prg.Hostsgrösse = 734;
+    prg.Alarm().hosts.TesteHosts();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Form3().Label1[2].Caption, " [Neue Grösse 5 Bytes       Alte Grösse war: 734 Bytes ]");
+    prg.Form3().Image_Click(1);
+    prg.Aufräumen();
+    EXPECT_EQ(prg.Hostsgrösse, 5);
+    ASSERT_FALSE(prg.Form3Geladen());
+    prg.Alarm().hosts.TesteHosts();
+    EXPECT_FALSE(prg.Form3Geladen());
+}
+
 TEST_F(Hosts, ChangedSize_RaisesTheWarningAndStopsTheCycle) {
     prg.Hostsgrösse = 734;
     prg.Soundflag = 1;
