@@ -105,6 +105,9 @@ int Vorbereiten(Programm& prg, BenchPlattform& bp) {
     // would start a cycle inside the one being timed.
     alarm.Timer1.SetInterval(24 * 3600 * 1000);
     const int n = AllesÜbernehmen(prg);
+    // An accepted ActiveX object lasts for the run only; the panel's writer of the list
+    // keeps it for the program started later from this folder.
+    ListeSchreiben(prg.p, prg.Programmordner, "daten\\Activex.txt", alarm.List6.Items);
     std::printf("prepared: %d warnings accepted; %zu questions answered \"Nein\"\n", n, bp.dialoge.gefragt.size());
     return n;
 }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 // The tool-help and dial-up declarations need <windows.h> first.
+#include <psapi.h>
 #include <ras.h>
 #include <tlhelp32.h>
 
@@ -229,6 +230,54 @@ std::size_t RohShellBefehle() {
     }
     n += Lesen(HKEY_CLASSES_ROOT, "htafile\\Shell\\Open\\Command", "");
     n += Lesen(HKEY_LOCAL_MACHINE, "Software\\CLASSES\\htafile\\Shell\\Open\\Command", "");
+    return n;
+}
+
+std::size_t RohOrdnerMitLängen(const std::string& ordner) {
+    WIN32_FIND_DATAA fd;
+    const HANDLE h = ::FindFirstFileA((ordner + "\\*.*").c_str(), &fd);
+    if (h == INVALID_HANDLE_VALUE) return 0;
+    std::size_t n = 0;
+    do {
+        if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
+        const HANDLE f = ::CreateFileA((ordner + "\\" + fd.cFileName).c_str(), GENERIC_READ,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+        if (f == INVALID_HANDLE_VALUE) continue;
+        LARGE_INTEGER länge;
+        if (::GetFileSizeEx(f, &länge)) ++n;
+        ::CloseHandle(f);
+    } while (::FindNextFileA(h, &fd));
+    ::FindClose(h);
+    return n;
+}
+
+std::size_t RohProzesseMitPfaden() {
+    const HANDLE snap = ::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    if (snap == INVALID_HANDLE_VALUE) return 0;
+    std::size_t n = 0;
+    PROCESSENTRY32 pe{};
+    pe.dwSize = sizeof pe;
+    char pfad[MAX_PATH];
+    for (BOOL ok = ::Process32First(snap, &pe); ok; ok = ::Process32Next(snap, &pe)) {
+        if (pe.th32ProcessID == 0) continue;
+        const HANDLE p = ::OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, pe.th32ProcessID);
+        const HANDLE module = ::CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, pe.th32ProcessID);
+        if (module != INVALID_HANDLE_VALUE) {
+            MODULEENTRY32 me{};
+            me.dwSize = sizeof me;
+            for (BOOL m = ::Module32First(module, &me); m; m = ::Module32Next(module, &me))
+                if (p) n += ::GetModuleFileNameExA(p, me.hModule, pfad, sizeof pfad) > 0;
+            ::CloseHandle(module);
+        }
+        if (p && ::GetModuleFileNameExA(p, nullptr, pfad, sizeof pfad) > 0) {
+            DWORD griff = 0;
+            const DWORD grösse = ::GetFileVersionInfoSizeA(pfad, &griff);
+            std::vector<char> block(grösse);
+            if (grösse && ::GetFileVersionInfoA(pfad, 0, grösse, block.data())) ++n;
+        }
+        if (p) ::CloseHandle(p);
+    }
+    ::CloseHandle(snap);
     return n;
 }
 

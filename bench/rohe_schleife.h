@@ -38,4 +38,11 @@ std::size_t RohDienste();
 std::size_t RohVertrauenswuerdigeSeiten();
 std::size_t RohShellBefehle();
 
+// What the watchers' own rules add to the floor, listed just as plainly: the length of
+// each file read anew through a handle (the folder lists' second column), and each
+// module's path asked of its process, opened once, with the version block of each
+// program file (the process watcher's maker).
+std::size_t RohOrdnerMitLängen(const std::string& ordner);
+std::size_t RohProzesseMitPfaden();
+
 }  // namespace kes::bench

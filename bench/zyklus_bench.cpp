@@ -93,14 +93,24 @@ void Fremdmessen(const std::string& ordner, const std::string& exe, FremderProze
     // The silent start loads its settings after 3 s and its folder baselines with them.
     ::Sleep(10000);
     const double k0 = kestrella.Prozessorzeit(), m0 = minimal.Prozessorzeit();
+    const double kl0 = LinuxProzessorzeit("Kestrella.exe"), ml0 = LinuxProzessorzeit("minimal_tray.exe"),
+                 s0 = LinuxProzessorzeit("wineserver");
     const auto start = std::chrono::steady_clock::now();
     ::Sleep(static_cast<DWORD>(sekunden) * 1000);
     const double dauer = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     const double k = (kestrella.Prozessorzeit() - k0) / dauer, m = (minimal.Prozessorzeit() - m0) / dauer;
+    const double kl = (LinuxProzessorzeit("Kestrella.exe") - kl0) / dauer,
+                 ml = (LinuxProzessorzeit("minimal_tray.exe") - ml0) / dauer,
+                 s = (LinuxProzessorzeit("wineserver") - s0) / dauer;
     const double kws = kestrella.SpitzeArbeitsspeicher() / 1048576.0, mws = minimal.SpitzeArbeitsspeicher() / 1048576.0;
     std::printf("\noutside, over %.1f s (GetProcessTimes, GetProcessMemoryInfo):\n", dauer);
     std::printf("  Kestrella.exe at its stage: %6.2f %% of one core, peak working set %7.2f MB\n", 100 * k, kws);
     std::printf("  minimal tray program:       %6.2f %% of one core, peak working set %7.2f MB\n", 100 * m, mws);
+    std::printf(
+        "  the same from Linux (/proc): Kestrella.exe %.2f %%, minimal %.2f %%; the wineserver, which serves\n"
+        "  their registry and file calls (and nothing else while the bench sleeps), %.2f %%\n",
+        100 * kl, 100 * ml, 100 * s);
+    std::printf("  Kestrella.exe with the wineserver's share: at most %.2f %% of one core\n", 100 * (kl + s));
     std::printf("  peak working set above the minimal program: %.2f MB%s\n", kws - mws,
                 kestrella.Läuft() ? "" : "  (Kestrella.exe had ended!)");
 }
@@ -226,6 +236,19 @@ int main(int argc, char** argv) {
     teil(
         "shell commands (30)", [&] { a.shellBefehle.TesteHTafile(); }, RohShellBefehle);
 
+    std::vector<Teil> extra;
+    extra.push_back(
+        Teil{"processes: + module paths, one open each, + version blocks", {}, RohProzesseMitPfaden, {}, {}});
+    extra.push_back(Teil{"Windows folder: + the length of each file through a handle",
+                         {},
+                         [&] { return RohOrdnerMitLängen(orte.windows); },
+                         {},
+                         {}});
+    extra.push_back(Teil{"system folder: + the length of each file through a handle",
+                         {},
+                         [&] { return RohOrdnerMitLängen(orte.system); },
+                         {},
+                         {}});
     auto zyklus = [&] {
         w.Beschäftigt = false;
         a.Timer1.SetEnabled(true);
@@ -253,6 +276,7 @@ int main(int argc, char** argv) {
         ganz.ms.push_back(Zeit(zyklus));
         nachsehen();
         if (!zuerstRoh) rohGanz.ms.push_back(Zeit(roh));
+        for (Teil& t : extra) t.r.ms.push_back(Zeit(t.roh));
         for (Teil& t : teile) {
             if (zuerstRoh) t.r.ms.push_back(Zeit(t.roh));
             t.z.ms.push_back(Zeit(t.zyklus));
@@ -271,6 +295,8 @@ int main(int argc, char** argv) {
     for (const Teil& t : teile) Zeile(t.name, t.z, t.r);
     Zeile("whole cycle (timer tick)", ganz, rohGanz);
     std::printf("warnings during the timed rounds: %d\n", warnungen);
+    std::printf("\nwhat the watchers' own rules add, listed raw (ms, median / min over %d rounds):\n", runden);
+    for (const Teil& t : extra) std::printf("  %-58s %8.2f %8.2f\n", t.name, t.r.Median(), t.r.Min());
     if (basis > 0) std::printf("whole cycle median against --basis %.2f ms: %.2fx\n", basis, ganz.Median() / basis);
     if (!exe.empty() && sekunden > 0) Fremdmessen(ordner, programm, minimal, sekunden);
     return 0;
