@@ -111,6 +111,8 @@ int Vorbereiten(Programm& prg, BenchPlattform& bp) {
     int n = AllesÜbernehmen(prg, 5000);
     for (int box : lang) alarm.Box1[static_cast<std::size_t>(box)].setValue(1);
     n += AllesÜbernehmen(prg);
+    // The boxes set from code are stored as a click would store them.
+    prg.EinstellungenSpeichern();
     // An accepted ActiveX object lasts for the run only; the panel's writer of the list
     // keeps it for the program started later from this folder.
     ListeSchreiben(prg.p, prg.Programmordner, "daten\\Activex.txt", alarm.List6.Items);
