@@ -19,7 +19,7 @@ using namespace kes;
 // The watcher's context without a program around it: boxes 16 and 17 on, nothing deferred.
 class BenchKontext : public WächterKontext {
 public:
-    explicit BenchKontext(Plattform& p) : p_(p) {}
+    explicit BenchKontext(Plattform& p) : p_(p), tabelle_(p) {}
     Plattform& P() override { return p_; }
     Prozesswerte& W() override { return w_; }
     std::int16_t Box(int index) override { return index == 16 || index == 17 ? 1 : 0; }
@@ -27,11 +27,13 @@ public:
     void Warnen(Kategorie, const std::function<void(Warnung&)>&, Ton) override { ++warnungen; }
     void Sprechblase(const std::string&, const std::string&, const std::string&, const std::string&) override {}
     void Log(const std::string&, const std::vector<std::string>&, const std::string&) override {}
+    Prozesse1& Prozesstabelle() override { return tabelle_; }
     int warnungen = 0;
 
 private:
     Plattform& p_;
     Prozesswerte w_;
+    Prozesse1 tabelle_;
 };
 
 template <typename F>
@@ -80,7 +82,7 @@ int main(int argc, char** argv) {
         return basis.Items.size();
     });
     basis.Items.push_back(letzte);
-    basis.Items.insert(basis.Items.begin(), ListItem{k.W().Systemordner + "\\gibt-es-nicht.dll", {"1"}, {}});
+    basis.Items.insert(basis.Items.begin(), ListItem{k.W().Systemordner + "\\gibt-es-nicht.dll", false, {"1"}, {}, 0});
     Messen("cycle, one missing file (search)", runden, [&] {
         w.TesteWindowsSystem32Gelöscht();
         w.TesteWindowsSystem32Erstellt();

@@ -128,8 +128,12 @@ void Prozesse1::ProzesseHolen() {
             r.Alive = true;
             r.ThreadCount = static_cast<std::int32_t>(pe.cntThreads);
         }
-        ModuleHolen(pe.th32ProcessID, r.ModuleNames, r.ModulePaths, r.ModuleCount);
-        r.Path = ProzessPfad(pe.th32ProcessID, 0, r.Name);
+        // One handle serves every module's path and the program's own: opened once, it
+        // answers as one opened anew for each would, and spares two calls per module.
+        const ProzessHandle h = p_.processes.OpenProcess(kProcessQueryRead, pe.th32ProcessID);
+        ModuleHolen(pe.th32ProcessID, h, r.ModuleNames, r.ModulePaths, r.ModuleCount);
+        r.Path = Pfad(h, 0, r.Name);
+        if (h != kKeinHandle) p_.processes.CloseHandle(h);
         ++i;
     }
     ProzessAnzahl = static_cast<std::int32_t>(i) - 1;
@@ -137,6 +141,13 @@ void Prozesse1::ProzesseHolen() {
 
 void Prozesse1::ModuleHolen(std::uint32_t processId, std::vector<std::string>& names, std::vector<std::string>& paths,
                             std::int32_t& count) {
+    const ProzessHandle h = processId == 0 ? kKeinHandle : p_.processes.OpenProcess(kProcessQueryRead, processId);
+    ModuleHolen(processId, h, names, paths, count);
+    if (h != kKeinHandle) p_.processes.CloseHandle(h);
+}
+
+void Prozesse1::ModuleHolen(std::uint32_t processId, ProzessHandle prozess, std::vector<std::string>& names,
+                            std::vector<std::string>& paths, std::int32_t& count) {
     if (processId == 0) {
         count = 0;
         return;
@@ -158,7 +169,7 @@ void Prozesse1::ModuleHolen(std::uint32_t processId, std::vector<std::string>& n
         names.resize(count);
         paths.resize(count);
         names[count - 1] = BisNul(me.szModule);
-        paths[count - 1] = ProzessPfad(processId, me.hModule, names[count - 1]);
+        paths[count - 1] = Pfad(prozess, me.hModule, names[count - 1]);
     }
     --ModulZähler;
     --count;
@@ -167,22 +178,29 @@ void Prozesse1::ModuleHolen(std::uint32_t processId, std::vector<std::string>& n
 std::string Prozesse1::ProzessPfad(std::uint32_t processId, std::uintptr_t module, const std::string& name) {
     // Errors carry on at the next step throughout.
     const ProzessHandle h = p_.processes.OpenProcess(kProcessQueryRead, processId);
+    std::string text = Pfad(h, module, name);
+    if (h != kKeinHandle) p_.processes.CloseHandle(h);
+    return text;
+}
+
+std::string Prozesse1::Pfad(ProzessHandle h, std::uintptr_t module, const std::string& name) {
     std::string puffer(kPfadPuffer, ' ');
     std::uint32_t n = 0;
     if (h != kKeinHandle) n = p_.processes.ModuleFileName(h, module, puffer.data(), kPfadPuffer);
     std::string text = Trimmen(Gross(puffer.substr(0, std::min(n, kPfadPuffer))));
 
-    const std::string system = SystemVerzeichnis(p_);
     if (text.find("\\SYSTEMROOT\\") != std::string::npos)
-        text = ErsetzenOhneFall(text, "\\SYSTEMROOT\\System32", system);
+        text = ErsetzenOhneFall(text, "\\SYSTEMROOT\\System32", SystemVerzeichnis(p_));
     if (!text.empty()) {
         // A prefix such as "\??\" goes; a text with no drive, or one that starts with ":\",
         // stays as it is, since cutting there fails and is passed over.
         const auto pos = text.find(":\\");
         if (pos != std::string::npos && pos != 1 && pos != 0) text = text.substr(pos - 1);
     }
-    if (text.empty() && DateiVorhanden(p_, system + "\\" + name)) text = system + "\\" + name;
-    if (h != kKeinHandle) p_.processes.CloseHandle(h);
+    if (text.empty()) {
+        const std::string system = SystemVerzeichnis(p_);
+        if (DateiVorhanden(p_, system + "\\" + name)) text = system + "\\" + name;
+    }
     return text;
 }
 

@@ -65,6 +65,12 @@ public:
     std::string ProzessPfad(std::uint32_t processId, std::uintptr_t module, const std::string& name);
 
 private:
+    // The two above on a process already opened for query and read (kKeinHandle when it
+    // refused): the table opens each process once for all its modules.
+    void ModuleHolen(std::uint32_t processId, ProzessHandle prozess, std::vector<std::string>& names,
+                     std::vector<std::string>& paths, std::int32_t& count);
+    std::string Pfad(ProzessHandle prozess, std::uintptr_t module, const std::string& name);
+
     Plattform& p_;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
 #include "platform/icoholen.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -49,14 +50,10 @@ void ActiveX::Testeactivx() {
     }
 
     const std::string* neu = nullptr;
+    const BekannteTexte bekannt(List6.Items, [](const std::string& b) { return Klein(b); });
     for (const std::string& datei : List7.Items) {
         const std::string klein = Klein(datei);
-        bool gefunden = false;
-        for (const auto& bekannt : List6.Items)
-            if (Klein(bekannt) == klein) {
-                gefunden = true;
-                break;
-            }
+        bool gefunden = bekannt.Enthält(klein);
         // A full path never equals the bare name; the test stays as it always was.
         if (klein == "desktop.ini") gefunden = true;
         if (!gefunden && !k_.Später(datei)) {

@@ -15,6 +15,15 @@ bool NameBekannt(const std::vector<std::string>& bekannt, const std::string& nam
     return false;
 }
 
+BekannteTexte BekannteNamen(const std::vector<std::string>& bekannt) {
+    return BekannteTexte(bekannt, [](const std::string& b) { return Klein(b); });
+}
+
+bool NameBekannt(const BekannteTexte& bekannt, const std::string& name) {
+    const std::string klein = Klein(name);
+    return klein == "desktop.ini" || bekannt.Enthält(klein);
+}
+
 std::string PfadIn(const std::string& ordner, const std::string& name) {
     return (!ordner.empty() && ordner.back() == '\\' ? ordner : ordner + "\\") + name;
 }
@@ -35,8 +44,9 @@ void AutostartOrdner::TesteAutostartOrdner() {
     if (!PfadSetzen(k_.P(), File1, ordner)) return;
     Aktualisieren(k_.P(), File1);
     const std::vector<std::string> dateien = File1.Items;
+    const BekannteTexte bekannt = BekannteNamen(List3.Items);
     for (const std::string& name : dateien) {
-        if (NameBekannt(List3.Items, name)) continue;
+        if (NameBekannt(bekannt, name)) continue;
         const std::string pfad = PfadIn(ordner, name);
         if (k_.Box(12) == 1) return Entfernen(name, pfad);
         // A deferred file lets the loop go on, so the files behind it are still seen.

@@ -7,6 +7,7 @@
 
 #include "common/steuerelemente.h"
 #include "platform/dateiliste.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -32,6 +33,9 @@ private:
 // True when the name stands in the list, both sides in lower case; "desktop.ini" is always
 // known. The favourites watcher knows its names the same way.
 bool NameBekannt(const std::vector<std::string>& bekannt, const std::string& name);
+// The same test on the names of a list gathered once for a pass.
+BekannteTexte BekannteNamen(const std::vector<std::string>& bekannt);
+bool NameBekannt(const BekannteTexte& bekannt, const std::string& name);
 
 // The folder with one closing "\", then the file name.
 std::string PfadIn(const std::string& ordner, const std::string& name);

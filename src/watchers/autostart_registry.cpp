@@ -5,6 +5,7 @@
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
 #include "platform/registry.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -63,15 +64,11 @@ void AutostartRegistry::Auflisten(RegHandle root, const std::string& key) {
 }
 
 int AutostartRegistry::Unbekannt() {
+    const BekannteTexte liste(ListView1.Items, [](const ListItem& b) { return Klein(b.Text); });
     for (std::size_t i = 0; i < ListView33.Items.size(); ++i) {
         const ListItem& z = ListView33.Items[i];
         const std::string vergleich = Klein(z.Text + "\\" + z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3));
-        bool bekannt = false;
-        for (const auto& b : ListView1.Items)
-            if (Klein(b.Text) == vergleich) {
-                bekannt = true;
-                break;
-            }
+        const bool bekannt = liste.Enthält(vergleich);
         // The deferred key has no data in it: a deferred value that changes stays deferred.
         if (!bekannt && !k_.Später(z.Text + "\\" + z.SubItem(1) + "\\" + z.SubItem(2))) return static_cast<int>(i);
     }

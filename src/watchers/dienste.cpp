@@ -8,6 +8,7 @@
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
 #include "platform/registry.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -87,17 +88,14 @@ void Dienste::TesteDienste() {
     HiveOCX hive(p.registry);
     std::string name, K, start, objectName, displayName, beschreibung, pfad;
     bool neu = false;
+    const BekannteTexte bekannt(ListView11.Items, [](const ListItem& z) { return z.Text; });
     for (const std::string& eintrag : liste) {
         name = eintrag.substr(0, eintrag.find(';'));
-        bool gefunden = false;
-        for (const auto& z : ListView11.Items)
-            if (z.Text == name) {
-                gefunden = true;
-                break;
-            }
+        bool gefunden = bekannt.Enthält(name);
         K = std::string(kDienste) + "\\" + name;
-        // Without an ImagePath it is nothing this watch looks at, driver or not.
-        if (!hive.ValueExists(2, K, "ImagePath")) gefunden = true;
+        // Without an ImagePath it is nothing this watch looks at, driver or not. A known
+        // service needs no look: the read has no effect, and it is passed over either way.
+        if (!gefunden && !hive.ValueExists(2, K, "ImagePath")) gefunden = true;
         if (gefunden) continue;
         if (!hive.ValueExists(2, K, "Start")) continue;
         start = hive.ReadValue(2, K, "Start");

@@ -26,8 +26,9 @@ void Favoriten::TesteFavoriten() {
     if (!PfadSetzen(k_.P(), File1, ordner)) return;
     Aktualisieren(k_.P(), File1);
     std::string name;
+    const BekannteTexte bekannt = BekannteNamen(List4.Items);
     for (const std::string& datei : File1.Items)
-        if (!NameBekannt(List4.Items, datei)) {
+        if (!NameBekannt(bekannt, datei)) {
             name = datei;
             break;
         }

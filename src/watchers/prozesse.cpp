@@ -39,22 +39,14 @@ void Prozesse::LadeProzesse() {
     }
 }
 
-bool Prozesse::Bekannt(const ProcessRecord& r, const std::string& hersteller) const {
-    int gefunden = 0;
-    // Only the path counts here, not the name.
-    const std::string pfad = Gross(r.Path);
-    for (const auto& item : ListView6.Items)
-        if (Gross(item.SubItem(1)) == pfad) {
-            ++gefunden;
-            break;
-        }
-    const std::string firma = Klein(hersteller);
-    for (const auto& item : List1.Items)
-        if (Klein(item) == firma) gefunden = 1;
-    const std::string name = Klein(r.Name);
-    for (const auto& item : List2.Items)
-        if (Klein(item) == name) gefunden = 1;
-    return gefunden != 0;
+Prozesse::Listen::Listen(const Prozesse& p)
+    : pfade(p.ListView6.Items, [](const ListItem& z) { return Gross(z.SubItem(1)); }),
+      firmen(p.List1.Items, [](const std::string& z) { return Klein(z); }),
+      namen(p.List2.Items, [](const std::string& z) { return Klein(z); }) {}
+
+bool Prozesse::Bekannt(const Listen& l, const ProcessRecord& r, const std::string& hersteller) {
+    // Only the path counts here, not the name: by path, by maker, or allowed for this run.
+    return l.pfade.Enthält(Gross(r.Path)) || l.firmen.Enthält(Klein(hersteller)) || l.namen.Enthält(Klein(r.Name));
 }
 
 void Prozesse::TesteProzesse() {
@@ -66,6 +58,8 @@ void Prozesse::TesteProzesse() {
         tabelle.ProzesseHolen();
 
         const ProcessRecord* neu = nullptr;
+        // Gathered after the walk, whose yields may change the lists.
+        const Listen listen(*this);
         for (ProcessRecord& r : tabelle.Prozesse) {
             try {
                 PfadSuchen(p, r);
@@ -74,7 +68,7 @@ void Prozesse::TesteProzesse() {
             DateiVersion v;
             DateiInfos(p, r.Path, v);
             if (IstSystemProzess(r.Name)) continue;
-            if (!Bekannt(r, v.CompanyName)) {
+            if (!Bekannt(listen, r, v.CompanyName)) {
                 neu = &r;
                 break;
             }

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "common/steuerelemente.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -27,7 +28,12 @@ public:
     ListBox& List2;
 
 private:
-    bool Bekannt(const ProcessRecord& r, const std::string& hersteller) const;
+    // The three lists a process may be known by, each in a hash set for one pass.
+    struct Listen {
+        explicit Listen(const Prozesse& p);
+        BekannteTexte pfade, firmen, namen;
+    };
+    static bool Bekannt(const Listen& l, const ProcessRecord& r, const std::string& hersteller);
     void Warnen(const ProcessRecord& r);
     WächterKontext& k_;
 };

@@ -3,6 +3,7 @@
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "platform/registry.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -57,14 +58,12 @@ void VertrauenswürdigeSeiten::Testen(const Hive& h) {
         const auto schlüssel = Registry(k_.P()).GetSubkeys(h.root, kZoneMapDomains);
         // A missing key gives no entries or an empty first one: nothing to test.
         if (schlüssel.empty() || schlüssel.front().empty()) return;
+        // With case, though the registry has none.
+        const BekannteTexte liste(ListView12.Items, [](const ListItem& z) { return z.Text; });
         // The last entry is the failing call's, left out by the bound of the loop.
         for (std::size_t i = 0; i + 1 < schlüssel.size(); ++i) {
             domain = schlüssel[i].substr(0, schlüssel[i].find(';'));
-            bool bekannt = domain.empty() || domain == std::string(1, '\0');
-            for (const auto& zeile : ListView12.Items) {
-                if (bekannt) break;
-                bekannt = zeile.Text == domain;  // with case, though the registry has none
-            }
+            const bool bekannt = domain.empty() || domain == std::string(1, '\0') || liste.Enthält(domain);
             if (bekannt || k_.Später(domain)) continue;
             neu = true;
             break;

@@ -114,6 +114,7 @@ ProzessHandle FakeProcesses::OpenProcess(std::uint32_t access, std::uint32_t pro
     const ProzessHandle h = nächster_;
     nächster_ += 4;
     offen_[h] = {processId, access};
+    ++öffnungen;
     return h;
 }
 

@@ -42,6 +42,7 @@ public:
     std::string systemordner = "C:\\WINDOWS\\system32";
     std::vector<std::uint32_t> beendet;
     int snapshots = 0;
+    int öffnungen = 0;  // OpenProcess calls that gave a handle
 
     ProzessHandle CreateSnapshot(std::uint32_t flags, std::uint32_t processId) override;
     bool ProcessFirst(ProzessHandle snapshot, ProzessDaten* out) override;

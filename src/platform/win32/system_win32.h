@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <functional>
 
 #include "platform/seam/shell_api.h"
@@ -46,6 +47,7 @@ private:
     static LRESULT CALLBACK Proc(HWND, UINT, WPARAM, LPARAM);
     UniqueWindow fenster_;
     std::function<void(int)> handler_;
+    std::chrono::steady_clock::time_point zuletzt_{};
 };
 
 class Win32System : public SystemApi {

@@ -160,7 +160,19 @@ void AlarmAnsicht::LinkMalen(const DRAWITEMSTRUCT& d) {
 }
 
 void AlarmAnsicht::Abgleichen() {
+    // The panel is hidden for most of a run while its lists change at every cycle (the
+    // folder snapshot alone holds thousands of rows): its controls follow their models
+    // only while it shows or is about to, and before it shows, so it never paints old rows.
+    if (f_.Visible || ::IsWindowVisible(h_)) Inhalt();
     FensterAnsicht::Abgleichen();
+    if (f_.Text1Fokus) {
+        f_.Text1Fokus = false;
+        ::SetFocus(text1_);
+    }
+    if (!f_.Menü.Name.empty()) ::PostMessageA(h_, WM_APP, 0, 0);
+}
+
+void AlarmAnsicht::Inhalt() {
     for (int i = 0; i < 11; ++i) {
         const Label& l = f_.Label1[i];
         if (leisteFarben_[2 * i] != l.BackColor || leisteFarben_[2 * i + 1] != l.ForeColor) {
@@ -199,11 +211,6 @@ void AlarmAnsicht::Abgleichen() {
     TextSetzen(text1_, f_.Text1.Text);
     ::EnableWindow(command1_, f_.Command1.Enabled);
     for (int i = 0; i < 3; ++i) TextSetzen(text5_[i], f_.Text5[i].Text);
-    if (f_.Text1Fokus) {
-        f_.Text1Fokus = false;
-        ::SetFocus(text1_);
-    }
-    if (!f_.Menü.Name.empty()) ::PostMessageA(h_, WM_APP, 0, 0);
 }
 
 void AlarmAnsicht::MenüZeigen() {

@@ -28,6 +28,8 @@ public:
 
 private:
     bool Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) override;
+    // Brings every control in line with its model.
+    void Inhalt();
     bool Befehl(int id, int code, HWND quelle);
     bool Benachrichtigung(LPARAM lp, LRESULT& ergebnis);
     void MenüZeigen();

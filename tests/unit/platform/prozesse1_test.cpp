@@ -84,6 +84,19 @@ TEST_F(ProzessTabelle, Modules_FirstIsPassedOver_AndTheCountIsOneBelowTheStored)
     EXPECT_EQ(r.ModulePaths[1], "C:\\WINDOWS\\SYSTEM32\\KERNEL32.DLL");
     EXPECT_EQ(r.ModuleCount, 2);
     EXPECT_EQ(tabelle.ModulZähler, 3) << "four modules seen, less one";
+    EXPECT_EQ(fp.processes.öffnungen, 1) << "one handle for the program's path and every module's";
+    EXPECT_EQ(fp.processes.OffeneHandles(), 0);
+}
+
+TEST_F(ProzessTabelle, ProcessThatRefusesToOpen_KeepsItsModulesWithoutPaths) {
+    auto& p = Prozess("smss.exe", 40, "\\SystemRoot\\System32\\smss.exe");
+    p.module = {{"ntdll.dll", "C:\\WINDOWS\\system32\\ntdll.dll"}, {"k.dll", "C:\\k.dll"}};
+    p.öffnenVerweigert = true;
+    tabelle.ProzesseHolen();
+    const ProcessRecord& r = tabelle.Prozesse[0];
+    EXPECT_EQ(r.ModuleNames, (std::vector<std::string>{"ntdll.dll", "k.dll"}));
+    EXPECT_EQ(r.ModulePaths, (std::vector<std::string>{"", ""})) << "neither is in the system folder";
+    EXPECT_EQ(r.Path, "C:\\WINDOWS\\system32\\smss.exe") << "found in the system folder instead";
 }
 
 TEST_F(ProzessTabelle, FailedModuleWalkOrProgramFileOnly_GiveCountMinusOne) {

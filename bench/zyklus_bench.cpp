@@ -1,0 +1,303 @@
+// What a whole watch cycle costs against the enumeration it cannot avoid. Prepares a
+// program folder as the assistant's "Alle Werte des Systems übernehmen" leaves it, with
+// every watcher box on and every warning accepted; then runs, round by round and
+// interleaved in one process, the real cycle on the real platform and a raw loop over the
+// same keys, folders and snapshots, whole and per watcher. Afterwards it can start the
+// real Kestrella.exe from that folder beside a minimal tray program and measure both
+// from outside. Prints figures; asserts nothing.
+//
+// Usage: zyklus_bench [rounds] [--ordner DIR] [--exe Kestrella.exe] [--minimal minimal_tray.exe]
+//                     [--sekunden S] [--basis MS]
+//   --ordner   the program folder to prepare (made empty first; default C:\kestrella-bench)
+//   --exe      the program to copy there and measure from outside (none: no outside run)
+//   --sekunden the span of the outside measurement (default 60)
+//   --basis    a whole-cycle median of another run, in ms: prints this run's ratio to it
+#include <windows.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bench_programm.h"
+#include "fremdmessung.h"
+#include "panel/alarm.h"
+#include "rohe_schleife.h"
+
+namespace {
+using namespace kes;
+using namespace kes::bench;
+
+struct Reihe {
+    std::vector<double> ms;
+    double Median() const {
+        std::vector<double> s = ms;
+        std::sort(s.begin(), s.end());
+        return s.empty() ? 0 : s[s.size() / 2];
+    }
+    double Min() const { return ms.empty() ? 0 : *std::min_element(ms.begin(), ms.end()); }
+};
+
+template <typename F>
+double Zeit(F f) {
+    const auto start = std::chrono::steady_clock::now();
+    f();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+struct Teil {
+    const char* name;
+    std::function<void()> zyklus;
+    std::function<std::size_t()> roh;
+    Reihe z, r;
+};
+
+void OrdnerLeeren(const std::string& ordner) {
+    ::CreateDirectoryA(ordner.c_str(), nullptr);
+    ::CreateDirectoryA((ordner + "\\daten").c_str(), nullptr);
+    for (const char* name : {"\\kestrella.dat", "\\Kestrella.log"}) ::DeleteFileA((ordner + name).c_str());
+    WIN32_FIND_DATAA fd;
+    const HANDLE h = ::FindFirstFileA((ordner + "\\daten\\*.*").c_str(), &fd);
+    if (h == INVALID_HANDLE_VALUE) return;
+    do {
+        if (!(fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+            ::DeleteFileA((ordner + "\\daten\\" + fd.cFileName).c_str());
+    } while (::FindNextFileA(h, &fd));
+    ::FindClose(h);
+}
+
+std::string Neben(const char* name) {
+    char puffer[MAX_PATH];
+    const DWORD n = ::GetModuleFileNameA(nullptr, puffer, sizeof puffer);
+    std::string s(puffer, n);
+    return s.substr(0, s.find_last_of('\\') + 1) + name;
+}
+
+void Zeile(const char* name, const Reihe& z, const Reihe& r) {
+    std::printf("%-28s %9.2f %9.2f %9.2f %9.2f %7.2f %7.2f\n", name, z.Median(), z.Min(), r.Median(), r.Min(),
+                r.Median() > 0 ? z.Median() / r.Median() : 0, r.Min() > 0 ? z.Min() / r.Min() : 0);
+}
+
+// Kestrella.exe at its stage beside the minimal tray program, both seen from outside.
+void Fremdmessen(const std::string& ordner, const std::string& exe, FremderProzess& minimal, int sekunden) {
+    FremderProzess kestrella("\"" + exe + "\" /s", ordner);
+    if (!kestrella.Läuft() || !minimal.Läuft()) {
+        std::printf("outside run: could not start the programs\n");
+        return;
+    }
+    // The silent start loads its settings after 3 s and its folder baselines with them.
+    ::Sleep(10000);
+    const double k0 = kestrella.Prozessorzeit(), m0 = minimal.Prozessorzeit();
+    const double kl0 = LinuxProzessorzeit("Kestrella.exe"), ml0 = LinuxProzessorzeit("minimal_tray.exe"),
+                 s0 = LinuxProzessorzeit("wineserver");
+    const auto start = std::chrono::steady_clock::now();
+    ::Sleep(static_cast<DWORD>(sekunden) * 1000);
+    const double dauer = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    const double k = (kestrella.Prozessorzeit() - k0) / dauer, m = (minimal.Prozessorzeit() - m0) / dauer;
+    const double kl = (LinuxProzessorzeit("Kestrella.exe") - kl0) / dauer,
+                 ml = (LinuxProzessorzeit("minimal_tray.exe") - ml0) / dauer,
+                 s = (LinuxProzessorzeit("wineserver") - s0) / dauer;
+    const double kws = kestrella.SpitzeArbeitsspeicher() / 1048576.0, mws = minimal.SpitzeArbeitsspeicher() / 1048576.0;
+    std::printf("\noutside, over %.1f s (GetProcessTimes, GetProcessMemoryInfo):\n", dauer);
+    std::printf("  Kestrella.exe at its stage: %6.2f %% of one core, peak working set %7.2f MB\n", 100 * k, kws);
+    std::printf("  minimal tray program:       %6.2f %% of one core, peak working set %7.2f MB\n", 100 * m, mws);
+    std::printf(
+        "  the same from Linux (/proc): Kestrella.exe %.2f %%, minimal %.2f %%; the wineserver, which serves\n"
+        "  their registry and file calls (and nothing else while the bench sleeps), %.2f %%\n",
+        100 * kl, 100 * ml, 100 * s);
+    std::printf("  Kestrella.exe with the wineserver's share: at most %.2f %% of one core\n", 100 * (kl + s));
+    std::printf("  peak working set above the minimal program: %.2f MB%s\n", kws - mws,
+                kestrella.Läuft() ? "" : "  (Kestrella.exe had ended!)");
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+    int runden = 20, sekunden = 60;
+    double basis = 0;
+    std::string ordner = "C:\\kestrella-bench", exe, minimalExe = Neben("minimal_tray.exe");
+    for (int i = 1; i < argc; ++i) {
+        const std::string a = argv[i];
+        const bool wert = i + 1 < argc;
+        if (a == "--ordner" && wert)
+            ordner = argv[++i];
+        else if (a == "--exe" && wert)
+            exe = argv[++i];
+        else if (a == "--minimal" && wert)
+            minimalExe = argv[++i];
+        else if (a == "--sekunden" && wert)
+            sekunden = std::atoi(argv[++i]);
+        else if (a == "--basis" && wert)
+            basis = std::atof(argv[++i]);
+        else
+            runden = std::max(1, std::atoi(a.c_str()));
+    }
+    OrdnerLeeren(ordner);
+    const std::string programm = ordner + "\\Kestrella.exe";
+    // Both programs run while the baseline is taken, so that later runs of them are known.
+    std::unique_ptr<FremderProzess> erster;
+    if (!exe.empty()) {
+        ::CopyFileA(exe.c_str(), programm.c_str(), FALSE);
+        erster = std::make_unique<FremderProzess>("\"" + programm + "\" /s", ordner);
+    }
+    FremderProzess minimal("\"" + minimalExe + "\"", ordner);
+    ::Sleep(1500);
+
+    BenchPlattform bp(ordner);
+    Programm prg(bp.plattform);
+    Vorbereiten(prg, bp);
+    erster.reset();
+    AlarmFenster& a = prg.Alarm();
+    Prozesswerte& w = prg;
+
+    RohOrte orte{w.Windowsordner, w.Systemordner, a.Label2[0].Caption, a.Label2[2].Caption, a.Label2[3].Caption};
+    auto gesetzt = [&](Kategorie k, auto f) {
+        return [&w, k, f] {
+            w.Kategorieschlüssel = k;
+            f();
+        };
+    };
+    std::vector<Teil> teile;
+    auto teil = [&](const char* name, std::function<void()> z, std::function<std::size_t()> r) {
+        teile.push_back(Teil{name, std::move(z), std::move(r), {}, {}});
+    };
+    teil(
+        "processes (4)", [&] { a.prozesse.TesteProzesse(); }, RohProzesse);
+    teil(
+        "favourites (5)",
+        [&, f1 = gesetzt(Kategorie::Favorit1, [&] { a.favoriten.TesteFavoriten(); }),
+         f2 = gesetzt(Kategorie::Favorit2, [&] { a.favoriten.TesteFavoriten(); })] { f1(), f2(); },
+        [&] { return RohFavoriten(orte); });
+    teil(
+        "start pages (8)", [&] { a.startSeite.TesteStartPage(); }, RohStartseiten);
+    teil(
+        "dial-up (10)", [&] { a.dfü.TesteDFÜ(); }, RohDfue);
+    teil(
+        "autostart folders (11)",
+        [&, o1 = gesetzt(Kategorie::Ordnermeister, [&] { a.autostartOrdner.TesteAutostartOrdner(); }),
+         o2 = gesetzt(Kategorie::OrdnerAllUser, [&] { a.autostartOrdner.TesteAutostartOrdner(); })] { o1(), o2(); },
+        [&] { return RohAutostartOrdner(orte); });
+    teil(
+        "autostart registry (13)",
+        [&] {
+            a.autostartRegistry.TesteAutostartHkeyUser();
+            a.autostartRegistry.TesteAutostartRegistry();
+        },
+        RohAutostartRegistry);
+    teil(
+        "online (14)", [&] { a.hosts.TesteOnline(); }, RohOnline);
+    teil(
+        "hosts (15)", [&] { a.hosts.TesteHosts(); }, [&] { return RohHosts(orte); });
+    teil(
+        "Windows folder (19)",
+        [&] {
+            a.windowsDateien.TesteWindowsGelöscht();
+            a.windowsDateien.TesteWindowsErstellt();
+        },
+        [&] { return RohWindowsOrdner(orte); });
+    teil(
+        "system folder (20)",
+        [&] {
+            a.windowsDateien.TesteWindowsSystem32Gelöscht();
+            a.windowsDateien.TesteWindowsSystem32Erstellt();
+        },
+        [&] { return RohSystemOrdner(orte); });
+    teil(
+        "ActiveX (22)", [&] { a.activeX.Testeactivx(); }, [&] { return RohActiveX(orte); });
+    teil(
+        "class lists (21 23 24 27)",
+        [&] {
+            a.klassenlisten.TesteBHO();
+            a.klassenlisten.TesteShellService();
+            a.klassenlisten.TesteSharedTaskScheduler();
+            a.klassenlisten.TesteSonstiges2();
+        },
+        RohKlassenlisten);
+    teil(
+        "policy locks (25 26)",
+        [&] {
+            a.sperren.TesteSonstiges();
+            a.sperren.TesteSonstiges1();
+        },
+        RohSperren);
+    teil(
+        "services (28)", [&] { a.dienste.TesteDienste(); }, RohDienste);
+    teil(
+        "trusted sites (29)",
+        [&] {
+            a.vertrauenswürdigeSeiten.TesteToolBar();
+            a.vertrauenswürdigeSeiten.TesteToolBar1();
+        },
+        RohVertrauenswuerdigeSeiten);
+    teil(
+        "shell commands (30)", [&] { a.shellBefehle.TesteHTafile(); }, RohShellBefehle);
+
+    std::vector<Teil> extra;
+    extra.push_back(
+        Teil{"processes: + module paths, one open each, + version blocks", {}, RohProzesseMitPfaden, {}, {}});
+    extra.push_back(Teil{"Windows folder: + the length of each file through a handle",
+                         {},
+                         [&] { return RohOrdnerMitLängen(orte.windows); },
+                         {},
+                         {}});
+    extra.push_back(Teil{"system folder: + the length of each file through a handle",
+                         {},
+                         [&] { return RohOrdnerMitLängen(orte.system); },
+                         {},
+                         {}});
+    auto zyklus = [&] {
+        w.Beschäftigt = false;
+        a.Timer1.SetEnabled(true);
+        prg.TimerTick(kTimerAlarm1);
+    };
+    std::size_t rohAnzahl = 0;
+    auto roh = [&] {
+        rohAnzahl = 0;
+        for (Teil& t : teile) rohAnzahl += t.roh();
+    };
+    int warnungen = 0;
+    auto nachsehen = [&] {
+        if (!prg.Form3Geladen()) return;
+        ++warnungen;
+        std::printf("  warning during the timed rounds: %s\n", KategorieName(w.Kategorieschlüssel));
+        AllesÜbernehmen(prg);
+    };
+    for (int i = 0; i < 2; ++i) zyklus(), roh(), nachsehen();  // warm the caches of both
+
+    Reihe ganz, rohGanz;
+    for (int runde = 0; runde < runden; ++runde) {
+        // Each pair in turn first and second, so neither gains from the other's warm caches.
+        const bool zuerstRoh = runde % 2 == 0;
+        if (zuerstRoh) rohGanz.ms.push_back(Zeit(roh));
+        ganz.ms.push_back(Zeit(zyklus));
+        nachsehen();
+        if (!zuerstRoh) rohGanz.ms.push_back(Zeit(roh));
+        for (Teil& t : extra) t.r.ms.push_back(Zeit(t.roh));
+        for (Teil& t : teile) {
+            if (zuerstRoh) t.r.ms.push_back(Zeit(t.roh));
+            t.z.ms.push_back(Zeit(t.zyklus));
+            nachsehen();
+            if (!zuerstRoh) t.r.ms.push_back(Zeit(t.roh));
+        }
+    }
+
+    std::printf(
+        "\n%d rounds; %zu entries in the raw loop; %zu files in the system folder baseline, %zu in the "
+        "Windows folder's, %zu known services, %zu known processes\n",
+        runden, rohAnzahl, a.ListView7.Items.size(), a.ListView4.Items.size(), a.ListView11.Items.size(),
+        a.ListView6.Items.size());
+    std::printf("%-28s %9s %9s %9s %9s %7s %7s\n", "ms", "cycle med", "cycle min", "raw med", "raw min", "x med",
+                "x min");
+    for (const Teil& t : teile) Zeile(t.name, t.z, t.r);
+    Zeile("whole cycle (timer tick)", ganz, rohGanz);
+    std::printf("warnings during the timed rounds: %d\n", warnungen);
+    std::printf("\nwhat the watchers' own rules add, listed raw (ms, median / min over %d rounds):\n", runden);
+    for (const Teil& t : extra) std::printf("  %-58s %8.2f %8.2f\n", t.name, t.r.Median(), t.r.Min());
+    if (basis > 0) std::printf("whole cycle median against --basis %.2f ms: %.2fx\n", basis, ganz.Median() / basis);
+    if (!exe.empty() && sekunden > 0) Fremdmessen(ordner, programm, minimal, sekunden);
+    return 0;
+}
