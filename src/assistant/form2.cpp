@@ -1,8 +1,10 @@
 #include "assistant/form2.h"
 
+#include "common/fehler.h"
 #include "common/version.h"
 #include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
+#include "platform/datei_ersetzen.h"
 #include "platform/hive_ocx.h"
 #include "platform/registry.h"
 #include "watchers/alarm_daten.h"
@@ -88,11 +90,14 @@ void Form2Fenster::holedienste() {
         return;  // the error exit of the enumeration
     }
     const std::string datei = k_.W().Programmordner + "daten\\dienste.ini";
-    try {
-        if (DateiVorhanden(p, datei)) p.files.Delete(datei);
-    } catch (...) {
+    // The sections are gathered in a scratch file that takes the old file's place at the
+    // end, so that a crash in the walk leaves the old list.
+    const std::string neu = ErsatzName(datei);
+    Übergehen([&] { p.files.Delete(neu); });
+    if (liste.empty() || liste.front().empty()) {
+        Übergehen([&] { p.files.Delete(datei); });
+        return;
     }
-    if (liste.empty() || liste.front().empty()) return;
 
     HiveOCX hive(p.registry);
     int zähler = 0;
@@ -112,13 +117,20 @@ void Form2Fenster::holedienste() {
             pfad = PfadErweitern(pfad, k_.W().Windowsordner);
             const std::string abschnitt = std::to_string(++zähler);
             // ObjectName and DisplayName cross: that is the file's layout.
-            p.profiles.WriteString(abschnitt, std::string("Dienst"), name, datei);
-            p.profiles.WriteString(abschnitt, std::string("ObjectName"), anzeige, datei);
-            p.profiles.WriteString(abschnitt, std::string("DisplayName"), objekt, datei);
-            p.profiles.WriteString(abschnitt, std::string("ImagePath"), pfad, datei);
+            p.profiles.WriteString(abschnitt, std::string("Dienst"), name, neu);
+            p.profiles.WriteString(abschnitt, std::string("ObjectName"), anzeige, neu);
+            p.profiles.WriteString(abschnitt, std::string("DisplayName"), objekt, neu);
+            p.profiles.WriteString(abschnitt, std::string("ImagePath"), pfad, neu);
         } catch (...) {
         }
     }
+    // No service that starts by itself: no file, as before.
+    Übergehen([&] {
+        if (DateiVorhanden(p, neu))
+            p.files.MoveReplacing(neu, datei);
+        else
+            p.files.Delete(datei);
+    });
 }
 
 void Form2Fenster::Command3_Click() {

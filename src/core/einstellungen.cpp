@@ -9,6 +9,7 @@
 #include "core/property_bag.h"
 #include "core/start.h"
 #include "platform/allefunktionen.h"
+#include "platform/datei_ersetzen.h"
 
 namespace kes {
 
@@ -90,10 +91,9 @@ void Properties_Save(Programm& prg) {
     for (int i = 1; i <= 31; ++i)
         bag.WriteProperty("Box" + std::to_string(i), prg.Alarm().Box1[i].value(), std::int16_t{0});
 
-    // The old file goes before the new one is complete; there is no backup.
-    if (DateiVorhanden(prg.p, prg.Programmordner + "kestrella.dat"))
-        prg.p.files.Delete(prg.Programmordner + "Kestrella.dat");
-    prg.p.files.WriteAll(prg.Programmordner + "Kestrella.dat", bag.Contents());
+    // Errors are passed over. The old file stays until the new one is complete: without it
+    // the next start would be a first run and every option lost.
+    DateiErsetzen(prg.p.files, prg.Programmordner + "Kestrella.dat", bag.Contents());
 }
 
 }  // namespace kes

@@ -2,6 +2,7 @@
 
 #include "core/programm.h"
 #include "platform/allefunktionen.h"
+#include "platform/datei_ersetzen.h"
 #include "platform/prozesse1.h"
 
 namespace kes {
@@ -9,7 +10,6 @@ namespace kes {
 void ErstemalAnzeigen(Programm& prg) {
     Plattform& p = prg.p;
     const std::string datei = prg.Programmordner + "daten\\prozesse.txt";
-    if (DateiVorhanden(p, datei)) p.files.Delete(datei);
 
     Prozesse1& tabelle = prg.Prozesstabelle();
     tabelle.Prozesse.clear();
@@ -24,7 +24,8 @@ void ErstemalAnzeigen(Programm& prg) {
         } catch (...) {
         }
     }
-    p.files.WriteAll(datei, text);
+    // Written from an empty start, in place of the old file only once complete.
+    DateiErsetzen(p.files, datei, text);
 }
 
 }  // namespace kes

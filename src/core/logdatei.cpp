@@ -4,6 +4,7 @@
 
 #include "core/programm.h"
 #include "platform/allefunktionen.h"
+#include "platform/datei_ersetzen.h"
 
 namespace kes {
 
@@ -20,7 +21,7 @@ void LogEintrag(Programm& prg, const std::string& titel, const std::vector<std::
     eintrag += ergebnis;
     alarm.Text2.Text = alarm.Text2.Text + "\r\n" + eintrag;
     // No handling of its own: a log that cannot be written goes to the caller's error exit.
-    if (!prg.p.files.WriteAll(prg.Programmordner + "Kestrella.log", alarm.Text2.Text + "\r\n"))
+    if (!DateiErsetzen(prg.p.files, prg.Programmordner + "Kestrella.log", alarm.Text2.Text + "\r\n"))
         throw Fehler(kFehlerDateizugriff, "Pfad/Datei-Zugriffsfehler");
 }
 

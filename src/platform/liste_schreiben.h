@@ -1,5 +1,5 @@
-// Rewrites a data file whole from its in-memory list: deleted when it exists, then printed
-// anew, one entry a line. A file is never edited in place.
+// Rewrites a data file whole from its in-memory list, one entry a line. A file is never
+// edited in place, and a crash while it is written leaves the old list.
 #pragma once
 
 #include <string>

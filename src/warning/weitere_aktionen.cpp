@@ -2,6 +2,7 @@
 // put off until the end of the run, put an original back, open a tool; and the menus
 // behind them.
 #include "platform/allefunktionen.h"
+#include "platform/datei_ersetzen.h"
 #include "platform/sysfolder.h"
 #include "warning/aktionen.h"
 #include "warning/form3.h"
@@ -84,13 +85,10 @@ void Form3Fenster::host1_Click(int index) {
     // length that cannot be read leaves the saved size as it was. The program's own file is
     // read before the old one goes, so that a lost copy of it never costs the user theirs.
     if (index == 0) {
-        if (DateiVorhanden(p, hosts)) p.files.Delete(hosts);
-        p.files.WriteAll(hosts, "127.0.0.1  localhost\r\n#Orginal Host Datei\r\n");
+        DateiErsetzen(p.files, hosts, "127.0.0.1  localhost\r\n#Orginal Host Datei\r\n");
     } else if (index == 1) {
-        if (const auto eigene = p.files.ReadAll(k_.W().Programmordner + "daten\\hosts")) {
-            if (DateiVorhanden(p, hosts)) p.files.Delete(hosts);
-            p.files.WriteAll(hosts, *eigene);
-        }
+        if (const auto eigene = p.files.ReadAll(k_.W().Programmordner + "daten\\hosts"))
+            DateiErsetzen(p.files, hosts, *eigene);
     }
     if (const auto länge = p.files.Length(hosts)) k_.W().Hostsgrösse = static_cast<std::int32_t>(*länge);
     raus();

@@ -83,6 +83,16 @@ bool FakeFiles::Append(const std::string& path, const std::string& data) {
     return WriteAll(path, (e ? e->daten : std::string()) + data);
 }
 
+bool FakeFiles::MoveReplacing(const std::string& from, const std::string& to) {
+    const Eintrag* quelle = Finde(from);
+    if (!quelle || quelle->ordner || quelle->gesperrt || !DarfSchreiben(to)) return false;
+    Eintrag neu = *quelle;
+    neu.name = to.substr(to.find_last_of("\\/") + 1);
+    einträge_.erase(Schlüssel(from));
+    einträge_[Schlüssel(to)] = neu;
+    return true;
+}
+
 long FakeFiles::Delete(const std::string& path) {
     Eintrag* e = Finde(path);
     if (!e) return 2;

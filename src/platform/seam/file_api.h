@@ -41,6 +41,11 @@ public:
     virtual bool WriteAll(const std::string& path, const std::string& data) = 0;
     // Appends, creating the file if need be.
     virtual bool Append(const std::string& path, const std::string& data) = 0;
+    // Puts FROM in the place of TO in one step (MoveFileExA, replacing and writing through),
+    // FROM's data on the disk first: a reader sees the old TO or the new one, never a part.
+    // False, both left as they were, when TO is locked, read-only or a folder, or FROM is
+    // missing or locked.
+    virtual bool MoveReplacing(const std::string& from, const std::string& to) = 0;
     // DeleteFileA: 0 on success, else the Win32 error (2 missing, 5 read-only, 32 in use).
     virtual long Delete(const std::string& path) = 0;
     // GetFileAttributesA: kInvalidAttributes for a missing path.

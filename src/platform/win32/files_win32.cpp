@@ -63,6 +63,22 @@ bool Win32Files::Append(const std::string& path, const std::string& data) {
     return f && Schreiben(f.Get(), data);
 }
 
+bool Win32Files::MoveReplacing(const std::string& from, const std::string& to) {
+    // Windows refuses to replace a read-only file; Wine replaces it. Refused here alike, so
+    // that a file the user made read-only stays as it is everywhere.
+    const DWORD ziel = ::GetFileAttributesA(to.c_str());
+    if (ziel != INVALID_FILE_ATTRIBUTES && (ziel & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY))) {
+        ::SetLastError(ERROR_ACCESS_DENIED);
+        return false;
+    }
+    {
+        // The data first: after a power cut the new name must not stand for lost bytes.
+        UniqueFile f = Öffnen(from, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING);
+        if (!f || !::FlushFileBuffers(f.Get())) return false;
+    }
+    return ::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
 long Win32Files::Delete(const std::string& path) {
     return ::DeleteFileA(path.c_str()) ? 0 : ::GetLastError();
 }

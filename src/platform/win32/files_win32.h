@@ -11,6 +11,7 @@ public:
     std::optional<std::string> ReadAll(const std::string& path) override;
     bool WriteAll(const std::string& path, const std::string& data) override;
     bool Append(const std::string& path, const std::string& data) override;
+    bool MoveReplacing(const std::string& from, const std::string& to) override;
     long Delete(const std::string& path) override;
     std::uint32_t GetAttributes(const std::string& path) override;
     bool SetAttributes(const std::string& path, std::uint32_t attributes) override;

@@ -20,6 +20,9 @@
 //   memory       working set, peak working set, private bytes of one process, in bytes
 //   close-each   one line per window closed: round, hwnd, milliseconds since the start
 //                when it was seen and when it had gone
+//   click-kill   "seen", hwnd, process id; reads a delay in microseconds from stdin, presses
+//                the button, ends the process after the delay: "killed", delay, and the
+//                microseconds after which the window had gone (-1: still there)
 // TITLE is a title (the first visible top-level window with exactly that title) or a
 // handle "0x..." as printed by list and wait. Texts are in the ANSI code page (1252) and
 // escaped so that one record stays one line: "\\" "\t" "\r" "\n".
@@ -530,6 +533,46 @@ int CloseEach(const std::string& titel, int runden, double sekunden) {
     return 0;
 }
 
+// Presses a button and ends the window's process from outside after DELAY microseconds, as
+// a crash or a power cut would: "seen HWND PID" once the window is up, then DELAY is read
+// from stdin, so that the caller can look at the files first. Prints "killed DELAY GONE",
+// GONE the microseconds after the press at which the window had gone, -1 while it stood.
+int ClickKill(const std::string& titel, const std::string& beschriftung, double sekunden) {
+    HWND fenster = nullptr;
+    if (!Warten(
+            sekunden, [&] { return (fenster = SichtbaresFenster(titel)) != nullptr; }, 20))
+        return Fehler("no visible window \"" + titel + "\" within " + Zahl(sekunden) + " s");
+    DWORD pid = 0;
+    GetWindowThreadProcessId(fenster, &pid);
+    HANDLE prozess = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, pid);
+    if (!prozess) return Fehler("no process " + std::to_string(pid));
+    std::printf("seen\t%s\t%lu\n", Hex(fenster).c_str(), pid);
+    std::fflush(stdout);
+    char zeile[64] = {};
+    if (!std::fgets(zeile, sizeof zeile, stdin)) return CloseHandle(prozess), Fehler("no delay on stdin");
+    const long long verzug = std::atoll(zeile);
+    HWND knopf = nullptr;
+    Kinder(fenster, [&](HWND h) {
+        if (!knopf && GleichOhneFall(Klasse(h), "Button") && OhneKürzel(Text(h)) == beschriftung) knopf = h;
+    });
+    if (!knopf) return CloseHandle(prozess), Fehler("no button \"" + beschriftung + "\"");
+    LARGE_INTEGER takt, anfang, jetzt;
+    QueryPerformanceFrequency(&takt);
+    QueryPerformanceCounter(&anfang);
+    PostMessageA(knopf, BM_CLICK, 0, 0);
+    long long us = 0, weg = -1;
+    do {
+        QueryPerformanceCounter(&jetzt);
+        us = (jetzt.QuadPart - anfang.QuadPart) * 1000000 / takt.QuadPart;
+        if (weg < 0 && !IsWindow(fenster)) weg = us;
+    } while (us < verzug);
+    const bool beendet = TerminateProcess(prozess, 1) && WaitForSingleObject(prozess, 10000) == WAIT_OBJECT_0;
+    CloseHandle(prozess);
+    if (!beendet) return Fehler("process " + std::to_string(pid) + " did not end");
+    std::printf("killed\t%lld\t%lld\n", verzug, weg);
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -560,6 +603,7 @@ int main(int argc, char** argv) {
     if (befehl == "memory" && argc == 3) return kdprozesse::Speicher(argv[2]);
     if (befehl == "close-each" && (argc == 4 || argc == 5))
         return CloseEach(argv[2], std::atoi(argv[3]), Sekunden(argc, argv, 4));
+    if (befehl == "click-kill" && (argc == 4 || argc == 5)) return ClickKill(argv[2], argv[3], Sekunden(argc, argv, 4));
     std::fprintf(stderr,
                  "usage: kdriver list\n"
                  "       kdriver wait TITLE [SECONDS=20]\n"
@@ -579,6 +623,7 @@ int main(int argc, char** argv) {
                  "       kdriver procs\n"
                  "       kdriver kill PID\n"
                  "       kdriver memory PID\n"
-                 "       kdriver close-each TITLE ROUNDS [SECONDS=20]\n");
+                 "       kdriver close-each TITLE ROUNDS [SECONDS=20]\n"
+                 "       kdriver click-kill TITLE CAPTION [SECONDS=20]\n");
     return 2;
 }
