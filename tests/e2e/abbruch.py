@@ -106,7 +106,7 @@ def killed_during_accept_actions_leaves_each_file_old_or_new_and_no_first_run(h)
             seen = h.read_line(driver, 60)
             if not seen.startswith("seen"):
                 check(not visible_of_class(h, ASSISTANT_CLASS), f"round {r}: the start after a kill was a first run")
-                raise E2EError(f"round {r}: no warning came (driver said {seen!r})")
+                raise E2EError(f"round {r}: no warning came (driver said {seen!r}, program exit {program.poll()})")
             before = {name: read(path) for name, path in files.items()}
             delay = 2_000_000 if r < CALIBRATION else rng.randrange(0, longest * 13 // 10 + 1)
             driver.stdin.write(f"{delay}\n".encode())

@@ -112,7 +112,9 @@ class Harness:
         # installed (test.sh installs it), Wine cannot convert a command line such as
         # "Später" to the ANSI code page; then the tools fall back to C.UTF-8.
         self.env = dict(base, LC_ALL="de_DE.UTF-8")
-        self.tool_env = self.env if german_locale_installed() else dict(base, LC_ALL="C.UTF-8")
+        tools = self.env if german_locale_installed() else dict(base, LC_ALL="C.UTF-8")
+        # A tool that dies before its own code runs says why only through Wine's errors.
+        self.tool_env = dict(tools, WINEDEBUG="err+all,fixme-all")
         self.xvfb = None
         self.xvfb_pipe = None
         self.procs = []
@@ -206,6 +208,10 @@ class Harness:
             out.seek(0)
             err.seek(0)
             res.stdout, res.stderr = out.read(), err.read()
+        if res.returncode != 0 and not res.stdout and not res.stderr:
+            # No tool used here fails without a word; a caller that allows failure would
+            # read this as "not there" and test the wrong thing.
+            raise E2EError(f"{shown(cmd)}: exit {res.returncode} without any output")
         if check and res.returncode != 0:
             said = res.stderr.decode("cp1252", "replace").strip()
             if not said:
