@@ -22,6 +22,22 @@ constexpr const char* kMain = "Software\\Microsoft\\Internet Explorer\\Main";
 constexpr const char* kSearch = "Software\\Microsoft\\Internet Explorer\\Search";
 constexpr const char* kDomains = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
 
+// Walks the subkeys of a key; je(opened key, subkey name) gives what each adds to the count.
+template <typename Je>
+std::size_t Unterschlüssel(HKEY root, const char* key, Je je) {
+    HKEY h;
+    if (::RegOpenKeyExA(root, key, 0, KEY_ENUMERATE_SUB_KEYS, &h) != ERROR_SUCCESS) return 0;
+    std::size_t n = 0;
+    for (DWORD i = 0;; ++i) {
+        char name[256];
+        DWORD grösse = sizeof name;
+        if (::RegEnumKeyExA(h, i, name, &grösse, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+        n += je(h, name);
+    }
+    ::RegCloseKey(h);
+    return n;
+}
+
 std::size_t Werte(HKEY root, const char* key) {
     HKEY h;
     if (::RegOpenKeyExA(root, key, 0, KEY_QUERY_VALUE, &h) != ERROR_SUCCESS) return 0;
@@ -38,17 +54,7 @@ std::size_t Werte(HKEY root, const char* key) {
 }
 
 std::size_t Schlüssel(HKEY root, const char* key) {
-    HKEY h;
-    if (::RegOpenKeyExA(root, key, 0, KEY_ENUMERATE_SUB_KEYS, &h) != ERROR_SUCCESS) return 0;
-    std::size_t n = 0;
-    for (DWORD i = 0;; ++i) {
-        char name[256];
-        DWORD grösse = sizeof name;
-        if (::RegEnumKeyExA(h, i, name, &grösse, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-        ++n;
-    }
-    ::RegCloseKey(h);
-    return n;
+    return Unterschlüssel(root, key, [](HKEY, const char*) { return std::size_t{1}; });
 }
 
 std::size_t Lesen(HKEY root, const char* key, const char* wert) {
@@ -146,16 +152,11 @@ std::size_t RohAutostartOrdner(const RohOrte& o) {
 std::size_t RohAutostartRegistry() {
     std::size_t n = 0;
     // The users' hives first, as the cycle has them.
-    HKEY users;
-    if (::RegOpenKeyExA(HKEY_USERS, "", 0, KEY_ENUMERATE_SUB_KEYS, &users) == ERROR_SUCCESS) {
-        for (DWORD i = 0;; ++i) {
-            char name[256];
-            DWORD grösse = sizeof name;
-            if (::RegEnumKeyExA(users, i, name, &grösse, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-            for (const char* ort : kRunOrte) n += Werte(HKEY_USERS, (std::string(name) + "\\" + ort).c_str());
-        }
-        ::RegCloseKey(users);
-    }
+    n += Unterschlüssel(HKEY_USERS, "", [](HKEY, const char* name) {
+        std::size_t werte = 0;
+        for (const char* ort : kRunOrte) werte += Werte(HKEY_USERS, (std::string(name) + "\\" + ort).c_str());
+        return werte;
+    });
     const char* nt = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows";
     n += Lesen(HKEY_CURRENT_USER, nt, "run") + Lesen(HKEY_LOCAL_MACHINE, nt, "run");
     for (HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE})
@@ -203,18 +204,8 @@ std::size_t RohSperren() {
 
 std::size_t RohDienste() {
     // Whether a service starts by itself is only known from its own key: each is opened.
-    const char* dienste = "System\\CurrentControlSet\\Services";
-    HKEY h;
-    if (::RegOpenKeyExA(HKEY_LOCAL_MACHINE, dienste, 0, KEY_ENUMERATE_SUB_KEYS, &h) != ERROR_SUCCESS) return 0;
-    std::size_t n = 0;
-    for (DWORD i = 0;; ++i) {
-        char name[256];
-        DWORD grösse = sizeof name;
-        if (::RegEnumKeyExA(h, i, name, &grösse, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-        n += Lesen(h, name, "Start");
-    }
-    ::RegCloseKey(h);
-    return n;
+    return Unterschlüssel(HKEY_LOCAL_MACHINE, "System\\CurrentControlSet\\Services",
+                          [](HKEY h, const char* name) { return Lesen(h, name, "Start"); });
 }
 
 std::size_t RohVertrauenswuerdigeSeiten() {

@@ -1,4 +1,5 @@
 #include "kdlisten.h"
+#include "kdfehler.h"
 
 // after windows.h, which it needs
 #include <commctrl.h>
@@ -14,10 +15,7 @@ namespace {
 
 constexpr UINT kAntwortMs = 5000;
 
-int Fehler(const std::string& text) {
-    std::fprintf(stderr, "kdriver: %s\n", text.c_str());
-    return 1;
-}
+using kd::Fehler;
 
 std::string Klasse(HWND h) {
     char buf[256] = {};

@@ -1,4 +1,5 @@
 #include "kdprozesse.h"
+#include "kdfehler.h"
 
 #include <windows.h>
 // after windows.h, which they need
@@ -13,10 +14,7 @@ namespace kdprozesse {
 
 namespace {
 
-int Fehler(const std::string& text) {
-    std::fprintf(stderr, "kdriver: %s\n", text.c_str());
-    return 1;
-}
+using kd::Fehler;
 
 std::string MitFehlernummer(const std::string& text) {
     return text + ": error " + std::to_string(GetLastError());

@@ -42,6 +42,7 @@
 #include <thread>
 #include <vector>
 
+#include "kdfehler.h"
 #include "kdlisten.h"
 #include "kdmenu.h"
 #include "kdprozesse.h"
@@ -53,10 +54,7 @@ namespace {
 // hang the driver with it.
 constexpr UINT kAntwortMs = 3000;
 
-int Fehler(const std::string& text) {
-    std::fprintf(stderr, "kdriver: %s\n", text.c_str());
-    return 1;
-}
+using kd::Fehler;
 
 std::string Hex(HWND h) {
     char buf[32];
