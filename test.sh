@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 source tools/setup.sh
+kes_fixed_layout "$PWD/$(basename "$0")" "$@"
 
 kes_install
 kes_locale

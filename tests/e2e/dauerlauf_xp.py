@@ -20,7 +20,7 @@ import sys
 import time
 
 from e2e_gemeinsam import WARNING_TITLE, hidden_windows
-from harness import E2EError, Harness, unescape, wait_until
+from harness import E2EError, Harness, unescape, wait_until, with_fixed_address_layout
 from klassen import MARKER, fixture_script
 
 LIMIT = 2 * 1024 * 1024
@@ -133,6 +133,7 @@ def make_prefix(h, prefix):
 
 
 def main():
+    with_fixed_address_layout()
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("--build", required=True)
     parser.add_argument("--minutes", type=float, default=10)
