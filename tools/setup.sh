@@ -26,9 +26,10 @@ kes_install() {
 
 # Debian's Wine has no preloader: now and then the kernel puts a Wine process's C heap
 # across the address where Wine must map its shared user data, and that process ends at
-# start with "failed to map the shared user data" (about one start in a thousand). Without
-# address randomisation the heap follows the loader and never gets there; every process
-# started from here on inherits that. Call with the script's full path and arguments.
+# start with "failed to map the shared user data" (1 of 4 000 starts here, none of 4 000
+# with setarch -R). Without address randomisation the heap follows the loader and never
+# gets there; every process started from here on inherits that. Call with the script's
+# full path and arguments.
 kes_fixed_layout() {
   (( 0x$(cat /proc/self/personality) & 0x40000 )) || exec setarch -R "$@"
 }

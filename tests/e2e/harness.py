@@ -35,7 +35,7 @@ MESSAGE_TITLE = "Kestrella"
 # Debian's Wine has no preloader: its loader sits at 0x7d000000 and the kernel places the C
 # heap anywhere in the gigabyte above it, now and then across 0x7ffe0000, where every Wine
 # process must map its shared user data. Such a process ends at once with exit 1 ("failed to
-# map the shared user data", about one start in a thousand). With address randomisation off
+# map the shared user data", 1 of 4 000 starts here). With address randomisation off
 # the heap follows the loader and never gets there. Inherited by every process we start.
 ADDR_NO_RANDOMIZE = 0x0040000
 
