@@ -9,5 +9,11 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-# Address randomisation off: see kes_fixed_layout in tools/setup.sh.
-set(CMAKE_CROSSCOMPILING_EMULATOR setarch;-R;wine)
+# Address randomisation off where the personality can be set: see kes_fixed_layout in
+# tools/setup.sh.
+execute_process(COMMAND setarch -R true RESULT_VARIABLE kes_setarch ERROR_QUIET)
+if(kes_setarch EQUAL 0)
+  set(CMAKE_CROSSCOMPILING_EMULATOR setarch;-R;wine)
+else()
+  set(CMAKE_CROSSCOMPILING_EMULATOR wine)
+endif()

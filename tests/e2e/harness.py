@@ -41,10 +41,14 @@ ADDR_NO_RANDOMIZE = 0x0040000
 
 
 def with_fixed_address_layout():
-    """Starts this script anew under `setarch -R` unless it already runs that way."""
+    """Starts this script anew under `setarch -R` unless it already runs that way, or the
+    personality cannot be set here (a container's seccomp filter may refuse it)."""
     with open("/proc/self/personality") as f:
         if int(f.read(), 16) & ADDR_NO_RANDOMIZE:
             return
+    if subprocess.run(["setarch", "-R", "true"], stderr=subprocess.DEVNULL).returncode != 0:
+        print("setarch -R refused: Wine starts with a randomised address layout", flush=True)
+        return
     sys.stdout.flush()
     os.execvp("setarch", ["setarch", "-R", sys.executable, *sys.argv])
 
