@@ -9,12 +9,9 @@
 namespace kes::vertrag {
 namespace {
 
-class Dateien : public ::testing::Test {
+class Dateien : public ImOrdner {
 protected:
-    // Each test starts from a fresh environment, made before the references are taken.
-    FileApi& f = (DieUmgebung().Neu(), DieUmgebung().Files());
-    std::string ordner = DieUmgebung().Ordner();
-    std::string Pfad(const std::string& name) const { return ordner + "\\" + name; }
+    FileApi& f = DieUmgebung().Files();
 
     std::map<std::string, std::uint32_t> Suche(const std::string& muster) {
         std::map<std::string, std::uint32_t> treffer;

@@ -14,11 +14,9 @@
 namespace kes::vertrag {
 namespace {
 
-class DateiInfo : public ::testing::Test {
+class DateiInfo : public ImOrdner {
 protected:
-    Plattform& p = (DieUmgebung().Neu(), DieUmgebung().Alles());
-    std::string ordner = DieUmgebung().Ordner();
-    std::string Pfad(const std::string& name) const { return ordner + "\\" + name; }
+    Plattform& p = DieUmgebung().Alles();
     void Datei(const std::string& name, const std::string& inhalt, std::uint32_t attribute = 0) {
         ASSERT_TRUE(p.files.WriteAll(Pfad(name), inhalt));
         if (attribute) {

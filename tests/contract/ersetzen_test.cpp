@@ -8,11 +8,9 @@
 namespace kes::vertrag {
 namespace {
 
-class Ersetzen : public ::testing::Test {
+class Ersetzen : public ImOrdner {
 protected:
-    FileApi& f = (DieUmgebung().Neu(), DieUmgebung().Files());
-    std::string ordner = DieUmgebung().Ordner();
-    std::string Pfad(const std::string& name) const { return ordner + "\\" + name; }
+    FileApi& f = DieUmgebung().Files();
     std::string Inhalt(const std::string& name) { return f.ReadAll(Pfad(name)).value_or("<fehlt>"); }
 };
 

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include <gtest/gtest.h>
+
 #include "platform/seam/file_api.h"
 #include "platform/seam/plattform.h"
 #include "platform/seam/registry_api.h"
@@ -31,6 +33,15 @@ public:
 };
 
 Umgebung& DieUmgebung();
+
+// A test in a fresh environment that works with files in its empty folder.
+class ImOrdner : public ::testing::Test {
+protected:
+    // Made fresh before anything else of the test is taken from it.
+    const bool frisch_ = (DieUmgebung().Neu(), true);
+    std::string ordner = DieUmgebung().Ordner();
+    std::string Pfad(const std::string& name) const { return ordner + "\\" + name; }
+};
 
 // The suite's own key below HKEY_CURRENT_USER.
 inline const char* const kTestSchlüssel = "Software\\KestrellaVertrag";
