@@ -21,8 +21,9 @@ void ListItem::SetSubItem(std::size_t column, const std::string& text) {
 }
 
 ListItem& ListView::Add(const std::string& text) {
-    Items.push_back(ListItem{text, {}, {}});
-    return Items.back();
+    ListItem& z = Items.emplace_back();
+    z.Text = text;
+    return z;
 }
 
 Timer::~Timer() {
