@@ -51,7 +51,7 @@ namespace übernehmen {
 
 bool ToolBar(Form3Fenster& f) {
     AlarmDaten& a = f.K().Alarm();
-    a.ListView12.Add(T(f, 0));
+    a.ListView12.Add(T(f, 0)).SmallIcon = 1;
     Schreiben(f, "daten\\V_seiten.txt", Texte(a.ListView12), Schreibfehler::Übergehen);
     f.K().Log("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
               {"Registry: " + T(f, 1) + "\\" + T(f, 2) + "\\" + T(f, 3), "Wert: " + T(f, 0)}, kOk);
@@ -141,7 +141,7 @@ bool WindowsDatei(Form3Fenster& f) {
 bool AutostartRegistry(Form3Fenster& f) {
     AlarmDaten& a = f.K().Alarm();
     const ListItem& z = Registryzeile(f);
-    a.ListView1.Add(z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3) + "\\" + z.SubItem(4));
+    a.ListView1.Add(z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3) + "\\" + z.SubItem(4)).SmallIcon = 26;
     // The log quotes the last row printed, which need not be the new one.
     const std::string letzte = Schreiben(f, "daten\\AutostartREG.txt", Texte(a.ListView1), Schreibfehler::Übergehen);
     f.K().Log("Neuer Eintrag in der Registry Autostart.", {"Registry: " + letzte, "Wert: " + T(f, 4)}, kOk);

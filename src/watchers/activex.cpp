@@ -68,8 +68,8 @@ void ActiveX::Testeactivx() {
         Kategorie::ActiveX,
         [&](Warnung& f) {
             f.Label1[0].Caption = "Es wurde eine neue ActiveX gefunden.";
-            f.ListView2.Add(DateiName(pfad));
-            f.ListView2.Add(pfad);
+            f.ListView2.Add(DateiName(pfad)).SmallIcon = 4;
+            f.ListView2.Add(pfad).SmallIcon = 5;
             f.Picture3[4].Visible = false;
             f.Picture3[3].Visible = false;
             std::string p2 = pfad;

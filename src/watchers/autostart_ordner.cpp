@@ -73,8 +73,8 @@ void AutostartOrdner::Warnen(const std::string& pfad) {
         f.Picture3[3].Visible = false;
         f.Picture3[4].Visible = false;
         f.Label1[0].Caption = "Neuer Eintrag in der Autostart Ordner gefunden.";
-        f.ListView2.Add(DateiName(pfad));
-        f.ListView2.Add(pfad);
+        f.ListView2.Add(DateiName(pfad)).SmallIcon = 4;
+        f.ListView2.Add(pfad).SmallIcon = 5;
         IcoHolen(p, pfad, f.picProcIcon);
         std::string datei = pfad;
         holedaten(p, f, datei);

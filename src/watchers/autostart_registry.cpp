@@ -48,7 +48,7 @@ void AutostartRegistry::LadeAutostartregistry() {
     const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\AutostartREG.txt");
     if (!inhalt) return;  // no file: the list stays as it is
     ListView1.Items.clear();
-    for (const auto& zeile : ZeilenBisLeer(*inhalt)) ListView1.Add(zeile);
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) ListView1.Add(zeile).SmallIcon = 26;
 }
 
 void AutostartRegistry::Auflisten(RegHandle root, const std::string& key) {
@@ -130,8 +130,8 @@ void AutostartRegistry::Warnen(int zeile, bool benutzerHives) {
     k_.Warnen(Kategorie::AutostartRegistry, [&](Warnung& f) {
         f.Label1[0].Caption = "Neuer Eintrag in der Registry Autostart-Funktion gefunden.";
         std::string pfad = ProgrammPfad(p, k_.W(), z.SubItem(3), benutzerHives);
-        f.ListView2.Add(DateiName(pfad));
-        f.ListView2.Add(pfad);
+        f.ListView2.Add(DateiName(pfad)).SmallIcon = 4;
+        f.ListView2.Add(pfad).SmallIcon = 5;
         ListItem& reihe = f.ListView4.Add("Autostart");
         for (std::size_t s = 1; s <= 4; ++s) reihe.SetSubItem(s, s == 1 ? z.Text : z.SubItem(s - 1));
         f.Picture3[4].Visible = false;

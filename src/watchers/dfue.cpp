@@ -69,6 +69,7 @@ void DFÜ::Prüfen() {
         f.Text1[1].Text = nummer;
         f.Label1[1].Caption = name;
         f.Label1[2].Caption = "Nummer: " + nummer;
+        f.picProcIcon.Bild = 3;
     });
 }
 

@@ -43,6 +43,7 @@ void Dienste::LadeDienste() {
             // A version block that overflows leaves the record as the last entry left it.
         }
         ListItem& z = ListView11.Add(dienst);
+        z.SmallIcon = 13;
         const std::string spalten[] = {objectName,
                                        displayName,
                                        imagePath,
@@ -132,11 +133,12 @@ void Dienste::TesteDienste() {
         f.Text1[3].Text = pfad;
         f.Text1[4].Text = start;
         f.Label1[0].Caption = "Neuer Dienst wurde gefunden.(Automatischer Start)";
-        f.ListView2.Add(DateiName(pfad));
-        f.ListView2.Add(pfad);
-        f.ListView2.Add(displayName + " ---->> " + beschreibung);
+        f.ListView2.Add(DateiName(pfad)).SmallIcon = 4;
+        f.ListView2.Add(pfad).SmallIcon = 5;
+        f.ListView2.Add(displayName + " ---->> " + beschreibung).SmallIcon = 1;
         f.Picture3[4].Visible = false;
         ListItem& reihe = f.ListView4.Add("Dienst");
+        reihe.SmallIcon = 1;
         reihe.SetSubItem(1, "HKEY_LOCAL_MACHINE");
         reihe.SetSubItem(2, K);
         reihe.SetSubItem(3, name);

@@ -58,6 +58,7 @@ void Favoriten::TesteFavoriten() {
         f.Label1[0].Caption = "Neuer IExplorer Favorit wurde hinzugefügt.";
         f.Label1[1].Caption = ordner;
         f.Label1[2].Caption = name;
+        f.picProcIcon.Bild = 2;
     });
 }
 

@@ -80,6 +80,7 @@ void Klassenlisten::LadeBHO() {
         if (pfad.empty()) continue;
         pfad = PfadErweitern(pfad, k_.W().Windowsordner);
         ListItem& zeile = ListView8.Add(pfad);
+        zeile.SmallIcon = 14;
         zeile.SetSubItem(1, clisd);
         zeile.SetSubItem(2, name);
         zeile.SetSubItem(3, "");
@@ -102,6 +103,7 @@ void Klassenlisten::LadeVierSchlüssel(const std::string& datei, ListView& liste
         if (name.empty()) continue;
         clisdwert = PfadErweitern(clisdwert, k_.W().Windowsordner);
         ListItem& zeile = liste.Add(name);
+        zeile.SmallIcon = 13;
         zeile.SetSubItem(1, wert);
         zeile.SetSubItem(2, clisd);
         zeile.SetSubItem(3, clisdwert);
@@ -223,8 +225,8 @@ void Klassenlisten::Teste(Art art) {
     k_.Warnen(m.kategorie, [&](Warnung& f) {
         std::string unerweitert = S;
         std::string E = PfadErweitern(unerweitert, k_.W().Windowsordner);
-        f.ListView2.Add(DateiName(E));
-        f.ListView2.Add(E);
+        f.ListView2.Add(DateiName(E)).SmallIcon = 4;
+        f.ListView2.Add(E).SmallIcon = 5;
         f.Picture3[4].Visible = false;
 
         const bool erweitertImRegister = art == Art::BHO || art == Art::URLSearchHooks;
@@ -232,6 +234,7 @@ void Klassenlisten::Teste(Art art) {
                                           : art == Art::ShellService  ? N
                                           : art == Art::TaskScheduler ? D
                                                                       : std::string("URLSearchHooks"));
+        reihe.SmallIcon = 1;
         reihe.SetSubItem(1, RootName(m.root));
         reihe.SetSubItem(2, m.schlüssel);
         reihe.SetSubItem(3, N);

@@ -88,6 +88,7 @@ bool ShellBefehle::Behandeln(const std::string& hive, const std::string& key, co
         Übergehen([&] { f.ListView2.Visible = false; });
         Übergehen([&] {
             ListItem& reihe = f.ListView4.Add("Autostart");
+            reihe.SmallIcon = 1;
             reihe.SetSubItem(1, hive);
             reihe.SetSubItem(2, key);
             reihe.SetSubItem(3, "(Standart)");
@@ -103,7 +104,7 @@ bool ShellBefehle::Behandeln(const std::string& hive, const std::string& key, co
             f.Text1[2].Text = erwartet;
             f.Text1[3].Text = aufschub;
         });
-        // The registry picture of the window's own image list; the view fits the columns.
+        // Picture 4 of the window's own image list; the view fits the columns.
         Übergehen([&] { f.picProcIcon.Bild = 4; });
     });
     return true;

@@ -95,6 +95,7 @@ void StartSeite::Warnen(int i, const ListItem& z, const std::string& aktuell, co
         f.Text1[4].Text = gespeichert;
         f.Text1[5].Text = std::to_string(i);
         f.Label1[2].Caption = "Neuer Wert : " + aktuell + "        Original war: " + gespeichert;
+        f.picProcIcon.Bild = 1;
     });
 }
 

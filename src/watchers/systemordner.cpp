@@ -162,8 +162,8 @@ void WindowsDateien::GefundenWindows(const std::string& pfad, std::int16_t modus
                                            : f.Label1[0].Caption;
         f.Text1[0].Text = pfad;
         if (modus == 1 || modus == 2) {
-            f.ListView2.Add(DateiName(pfad));
-            f.ListView2.Add(pfad);
+            f.ListView2.Add(DateiName(pfad)).SmallIcon = 4;
+            f.ListView2.Add(pfad).SmallIcon = 5;
         }
         if (modus == 1) {
             f.Zeigen(1);

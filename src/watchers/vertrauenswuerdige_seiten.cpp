@@ -32,7 +32,7 @@ void VertrauenswürdigeSeiten::LadeToolbar() {
         const auto inhalt = k_.P().files.ReadAll(pfad);
         for (const auto& feld : FelderLesen(inhalt.value_or(""))) {
             if (feld.empty()) break;  // the first empty field ends the list
-            ListView12.Add(feld);
+            ListView12.Add(feld).SmallIcon = 1;
         }
     }
     // The view fits the column to its content.
@@ -81,12 +81,13 @@ void VertrauenswürdigeSeiten::Testen(const Hive& h) {
             f.Text1[3].Text = domain;
         });
         Übergehen([&] { f.Label1[0].Caption = h.überschrift; });
-        Übergehen([&] { f.ListView2.Add(domain); });
+        Übergehen([&] { f.ListView2.Add(domain).SmallIcon = 1; });
         Übergehen([&] {
             for (int p : {4, 1, 2}) f.Picture3[p].Visible = false;
         });
         Übergehen([&] {
             ListItem& reihe = f.ListView4.Add(domain);
+            reihe.SmallIcon = 1;
             reihe.SetSubItem(1, h.name);
             reihe.SetSubItem(2, kZoneMapDomains);
             reihe.SetSubItem(3, domain);

@@ -28,6 +28,7 @@ TEST_F(Annehmen, AutostartRegistry_AddsTheRowRewritesTheFileAndQuotesTheLastRowP
     f.Image_Click(1);
     ASSERT_EQ(prg.Alarm().ListView1.Items.size(), 2u);
     EXPECT_EQ(prg.Alarm().ListView1.Items[1].Text, "HKEY_CURRENT_USER\\Software\\Run\\Tool\\C:\\tool.exe");
+    EXPECT_EQ(prg.Alarm().ListView1.Items[1].SmallIcon, 26) << "the picture of the loaded rows";
     EXPECT_EQ(Datei("AutostartREG.txt"),
               "HKEY_LOCAL_MACHINE\\Run\\zuletzt\\z.exe\r\nHKEY_CURRENT_USER\\Software\\Run\\Tool\\C:\\tool.exe\r\n");
     EXPECT_NE(
@@ -65,6 +66,7 @@ TEST_F(Annehmen, ListCategories_WriteTheirFiles) {
     t.Text1[0].Text = "boese.example";
     t.Image_Click(1);
     EXPECT_EQ(Datei("V_seiten.txt"), "boese.example\r\n");
+    EXPECT_EQ(prg.Alarm().ListView12.Items.back().SmallIcon, 1) << "the picture of the loaded rows";
 
     Form3Fenster& u = Warnung(Kategorie::URLSearchHooks);
     u.Text1[0].Text = "{CLSID}";

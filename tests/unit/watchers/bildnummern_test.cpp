@@ -1,0 +1,198 @@
+// The picture numbers the watchers give: the rows of each warning's name list (ListView2)
+// and registry row (ListView4) and the picture of its picture box, and the rows of the
+// panel's baseline lists after loading. One table per rule, each case on a fresh program.
+#include <functional>
+#include <memory>
+
+#include "fake_plattform.h"
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+using Bilder = std::vector<int>;
+const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
+const std::string kOrdner = "C:\\Programme\\Kestrella\\";
+
+// A program on its own fake platform, with the process-wide paths set.
+struct Lauf {
+    fake::FakePlattform fp;
+    Programm prg{fp.plattform};
+    Lauf() {
+        prg.Programmordner = kOrdner;
+        prg.Windowsordner = "C:\\WINDOWS";
+        prg.Systemordner = "C:\\WINDOWS\\system32";
+    }
+    AlarmFenster& alarm() { return prg.Alarm(); }
+    void Server(const std::string& clsid, const std::string& pfad) {
+        fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + clsid + "\\InprocServer32", "", pfad);
+        fp.files.Put(pfad, "MZ");
+    }
+};
+
+Bilder BilderVon(const ListView& l) {
+    Bilder b;
+    for (const auto& z : l.Items) b.push_back(z.SmallIcon);
+    return b;
+}
+
+struct Warnfall {
+    const char* name;
+    std::function<void(Lauf&)> auslösen;
+    Bilder listView2, listView4;
+    int picProcIcon;  // the picture of the window's own list; 0 where the file's icon shows
+};
+
+TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
+    const std::string autostart = "C:\\Dokumente und Einstellungen\\Benutzer\\Startmenü\\Programme\\Autostart";
+    const std::string favoriten = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
+    const Warnfall fälle[] = {
+        {"Favoriten",
+         [&](Lauf& l) {
+             l.fp.files.Put(favoriten + "\\neu.url", "x");
+             l.prg.Kategorieschlüssel = Kategorie::Favorit1;
+             l.alarm().favoriten.TesteFavoriten();
+         },
+         {},
+         {},
+         2},
+        {"StartPage",
+         [](Lauf& l) {
+             l.fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Main", "Start Page",
+                                     "http://fremd.example/");
+             l.alarm().startSeite.TesteStartPage();
+         },
+         {},
+         {},
+         1},
+        {"DFÜ",
+         [](Lauf& l) {
+             l.fp.dialup.einträge.push_back({"Neu", DfuEintrag{49, "", "0190123"}});
+             l.alarm().dfü.TesteDFÜ();
+         },
+         {},
+         {},
+         3},
+        {"AutostartOrdner",
+         [&](Lauf& l) {
+             l.fp.files.Put(autostart + "\\neu.lnk", "x");
+             l.prg.Kategorieschlüssel = Kategorie::Ordnermeister;
+             l.alarm().autostartOrdner.TesteAutostartOrdner();
+         },
+         {4, 5},
+         {},
+         0},
+        {"AutostartRegistry",
+         [](Lauf& l) {
+             l.fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool",
+                                     "C:\\Tool\\tool.exe");
+             l.alarm().autostartRegistry.TesteAutostartRegistry();
+         },
+         {4, 5},
+         {0},
+         0},
+        {"WindowsDatei",
+         [](Lauf& l) {
+             l.alarm().Box1[16].setValue(1);
+             l.alarm().windowsDateien.LadeWindows();
+             l.fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ");
+             l.alarm().windowsDateien.TesteWindowsErstellt();
+         },
+         {4, 5},
+         {},
+         0},
+        {"BHO",
+         [](Lauf& l) {
+             l.fp.registry.SetString(
+                 kHklm + "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects\\{B1}", "",
+                 "Hilfe");
+             l.Server("{B1}", "C:\\WINDOWS\\hilfe.dll");
+             l.alarm().klassenlisten.TesteBHO();
+         },
+         {4, 5},
+         {1},
+         0},
+        {"ActiveX",
+         [](Lauf& l) {
+             l.fp.files.Put("C:\\WINDOWS\\Downloaded Program Files\\flash.ocx", "MZ");
+             l.alarm().activeX.Testeactivx();
+         },
+         {4, 5},
+         {},
+         0},
+        {"Dienste",
+         [](Lauf& l) {
+             const std::string k = kHklm + "System\\CurrentControlSet\\Services\\Neu";
+             l.fp.registry.SetDword(k, "Start", 2);
+             l.fp.registry.SetString(k, "ImagePath", "C:\\neu.exe");
+             l.alarm().dienste.TesteDienste();
+         },
+         {4, 5, 1},
+         {1},
+         0},
+        {"HtaFile",
+         [](Lauf& l) {
+             l.fp.registry.SetString(kHklm + "Software\\Classes\\exefile\\shell\\open\\command", "", "boese.exe");
+             l.alarm().shellBefehle.TesteHTafile();
+         },
+         {},
+         {1},
+         4},
+        {"ToolBar",
+         [](Lauf& l) {
+             l.fp.registry.SetDword(
+                 kHklm + "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\b.example",
+                 "http", 2);
+             l.alarm().vertrauenswürdigeSeiten.TesteToolBar();
+         },
+         {1},
+         {1},
+         0},
+    };
+    for (const auto& fall : fälle) {
+        SCOPED_TRACE(fall.name);
+        auto l = std::make_unique<Lauf>();
+        l->fp.files.MakeDirs(autostart);
+        l->fp.files.MakeDirs(favoriten + "\\Links");
+        l->alarm().Timer1.SetEnabled(true);
+        fall.auslösen(*l);
+        ASSERT_TRUE(l->prg.Form3Geladen());
+        const Form3Fenster& f = l->prg.Form3();
+        EXPECT_EQ(BilderVon(f.ListView2), fall.listView2);
+        EXPECT_EQ(BilderVon(f.ListView4), fall.listView4);
+        EXPECT_EQ(f.picProcIcon.Bild, fall.picProcIcon);
+    }
+}
+
+TEST(Bildnummern, PanelBaselines_GiveEveryLoadedRowTheListsPicture) {
+    struct Fall {
+        const char* datei;
+        const char* inhalt;
+        ListView AlarmDaten::*liste;
+        int bild;
+    };
+    const Fall fälle[] = {
+        {"AutostartREG.txt", "HKEY_CURRENT_USER\\Run\\a\\a.exe\r\nHKEY_CURRENT_USER\\Run\\b\\b.exe\r\n",
+         &AlarmDaten::ListView1, 26},
+        {"bho.ini", "[1]\r\nPfad=C:\\a.dll\r\nClisd={A}\r\n[3]\r\nPfad=C:\\b.dll\r\nClisd={B}\r\n",
+         &AlarmDaten::ListView8, 14},
+        {"shellservice.ini", "[1]\r\nName=a\r\nClisdwert=C:\\a.dll\r\n[2]\r\nName=b\r\n", &AlarmDaten::ListView9, 13},
+        {"taskscheduler.ini", "[1]\r\nName=a\r\n", &AlarmDaten::ListView10, 13},
+        {"dienste.ini", "[1]\r\nDienst=A\r\nImagePath=C:\\a.exe\r\n[2]\r\nDienst=B\r\n", &AlarmDaten::ListView11, 13},
+        {"V_seiten.txt", "a.example\r\nb.example\r\n", &AlarmDaten::ListView12, 1},
+        {nullptr, nullptr, &AlarmDaten::ListView3, 26},  // the start pages need no file
+    };
+    for (const auto& fall : fälle) {
+        SCOPED_TRACE(fall.datei ? fall.datei : "ListView3");
+        Lauf l;
+        if (fall.datei) l.fp.files.Put(kOrdner + "daten\\" + fall.datei, fall.inhalt);
+        const ListView& liste = l.alarm().*fall.liste;  // the first touch loads every list
+        ASSERT_FALSE(liste.Items.empty());
+        EXPECT_EQ(BilderVon(liste), Bilder(liste.Items.size(), fall.bild));
+    }
+}
+
+}  // namespace
+}  // namespace kes::test
