@@ -1,5 +1,5 @@
 # Fails the build when a file of the Win32 layers creates a GDI or USER object (icon,
-# bitmap, font, brush, menu) by itself instead of through the owning functions of
+# bitmap, font, brush, menu, image list) by itself instead of through the owning functions of
 # src/platform/win32/unique_handle.h. A view that loses one object per warning grows for
 # as long as the tray program runs, and under Wine no object count can be read to see it.
 #
@@ -26,7 +26,7 @@ endif()
 
 cmake_policy(SET CMP0007 NEW)  # empty lines stay list entries, so line numbers hold
 
-set(creating "LoadIconA|LoadIconW|LoadImageA|LoadImageW|CreateFontA|CreateFontW|CreateFontIndirectA|CreateFontIndirectW|CreateFontIndirectExA|CreateSolidBrush|CreateBrushIndirect|CreateHatchBrush|CreatePatternBrush|CreatePen|CreateBitmap|CreateBitmapIndirect|CreateCompatibleBitmap|CreateDIBitmap|CreateDIBSection|CreatePopupMenu|CreateMenu|CopyIcon|CopyImage|ExtractIconA|ExtractIconW|ExtractIconExA|ExtractIconExW|ExtractAssociatedIconA|CreateIcon|CreateIconIndirect|CreateIconFromResource|CreateIconFromResourceEx|ImageList_GetIcon|ImageList_ExtractIcon")
+set(creating "LoadIconA|LoadIconW|LoadImageA|LoadImageW|CreateFontA|CreateFontW|CreateFontIndirectA|CreateFontIndirectW|CreateFontIndirectExA|CreateSolidBrush|CreateBrushIndirect|CreateHatchBrush|CreatePatternBrush|CreatePen|CreateBitmap|CreateBitmapIndirect|CreateCompatibleBitmap|CreateDIBitmap|CreateDIBSection|CreatePopupMenu|CreateMenu|CopyIcon|CopyImage|ExtractIconA|ExtractIconW|ExtractIconExA|ExtractIconExW|ExtractAssociatedIconA|CreateIcon|CreateIconIndirect|CreateIconFromResource|CreateIconFromResourceEx|ImageList_GetIcon|ImageList_ExtractIcon|ImageList_Create|ImageList_Duplicate|ImageList_LoadImageA|ImageList_LoadImageW")
 set(call_regex "(^|[^A-Za-z0-9_])(${creating})[ \t]*\\(")
 
 file(GLOB_RECURSE files

@@ -10,6 +10,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <utility>
 
 namespace kes::win32 {
@@ -82,6 +84,11 @@ struct GdiObjectTraits {
     static Type Empty() { return nullptr; }
     static void Close(Type h) { ::DeleteObject(h); }
 };
+struct ImageListTraits {
+    using Type = HIMAGELIST;
+    static Type Empty() { return nullptr; }
+    static void Close(Type h) { ::ImageList_Destroy(h); }
+};
 struct WindowTraits {
     using Type = HWND;
     static Type Empty() { return nullptr; }
@@ -99,6 +106,7 @@ using UniqueFont = UniqueHandle<GdiObjectTraits<HFONT>>;
 using UniqueBrush = UniqueHandle<GdiObjectTraits<HBRUSH>>;
 using UniqueBitmap = UniqueHandle<GdiObjectTraits<HBITMAP>>;
 using UniqueWindow = UniqueHandle<WindowTraits>;
+using UniqueImageList = UniqueHandle<ImageListTraits>;
 
 // The creating functions of the views, each owned from the start.
 
@@ -117,6 +125,11 @@ inline UniqueBrush MakeSolidBrush(COLORREF colour) {
 
 inline UniqueMenu MakePopupMenu() {
     return UniqueMenu(::CreatePopupMenu());
+}
+
+// An empty list of SIZE x SIZE pictures with 32-bit colour and a mask.
+inline UniqueImageList MakeImageList(int size, int count) {
+    return UniqueImageList(::ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, count, 0));
 }
 
 }  // namespace kes::win32

@@ -4,6 +4,7 @@
 #include <shellapi.h>
 
 #include "core/programm.h"
+#include "ui/win32/bilder.h"
 #include "ui/win32/menue.h"
 
 namespace kes::ui {
@@ -164,16 +165,19 @@ void Form3Ansicht::Abgleichen() {
     if (f_.Picture3[1].Visible) lv1_.Abgleichen(f_.ListView1);
     if (f_.Picture3[3].Visible) lv4_.Abgleichen(f_.ListView4);
     if (f_.Picture3[4].Visible) lv3_.Abgleichen(f_.ListView3);
-    if (f_.picProcIcon.SystemIcon != symbolIndex_) {
-        // The file's own icon from the shell's image list, in place of the program's.
+    if (f_.picProcIcon.SystemIcon != symbolIndex_ || f_.picProcIcon.Bild != bild_) {
+        // A picture of the program's own list, or the file's own icon from the shell's
+        // image list, in place of the program's.
         symbolIndex_ = f_.picProcIcon.SystemIcon;
+        bild_ = f_.picProcIcon.Bild;
         SHFILEINFOA info{};
         const auto liste = reinterpret_cast<HIMAGELIST>(
             ::SHGetFileInfoA("C:\\", 0, &info, sizeof info, SHGFI_SYSICONINDEX | SHGFI_LARGEICON));
         dateiSymbol_.Reset();
         if (liste && symbolIndex_ >= 0)
             dateiSymbol_.Reset(::ImageList_GetIcon(liste, symbolIndex_, ILD_NORMAL));  // gdi-check: owned
-        HICON icon = dateiSymbol_ ? dateiSymbol_.Get() : ProgrammIcon("SCAN", 32);
+        HICON icon = BildIcon(bild_, 32);
+        if (!icon) icon = dateiSymbol_ ? dateiSymbol_.Get() : ProgrammIcon("SCAN", 32);
         ::SendMessageA(symbol_, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
     }
     for (int i = 0; i < 8; ++i) {

@@ -36,6 +36,7 @@ private:
     HWND modulName_ = nullptr, modulPfad_ = nullptr;
     HWND tipps_ = nullptr;
     int symbolIndex_ = -1;
+    int bild_ = 0;
     win32::UniqueIcon dateiSymbol_;
     std::array<std::string, 10> tippTexte_;
 };

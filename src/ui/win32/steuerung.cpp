@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/win32/unique_handle.h"
+#include "ui/win32/bilder.h"
 
 namespace kes::ui {
 
@@ -54,7 +55,7 @@ void Platz(HWND h, int x, int y, int b, int hoch) {
 void ListenAnsicht::Anlegen(HWND eltern, int id, int x, int y, int b, int h, bool kopf) {
     h_ = Kind(eltern, WC_LISTVIEWA, "",
               WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
-                  (kopf ? 0 : LVS_NOCOLUMNHEADER),
+                  LVS_SHAREIMAGELISTS | (kopf ? 0 : LVS_NOCOLUMNHEADER),
               id, x, y, b, h);
     ::SendMessageA(h_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
 }
@@ -154,17 +155,25 @@ void ListenAnsicht::Abgleichen(const ListView& modell) {
     const bool gleich =
         zeilen_.size() == modell.Items.size() &&
         std::equal(zeilen_.begin(), zeilen_.end(), modell.Items.begin(), [](const ListItem& a, const ListItem& b) {
-            return a.Text == b.Text && a.SubItems == b.SubItems && a.ForeColors == b.ForeColors;
+            return a.Text == b.Text && a.SubItems == b.SubItems && a.ForeColors == b.ForeColors &&
+                   a.SmallIcon == b.SmallIcon;
         });
     if (gleich) return;
+    // The pictures take room before each row's text: a list gets them with its first picture.
+    if (!bilder_ && std::any_of(modell.Items.begin(), modell.Items.end(),
+                                [](const ListItem& z) { return BildIndex(z.SmallIcon) != I_IMAGENONE; })) {
+        ::SendMessageA(h_, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(Bilderliste()));
+        bilder_ = true;
+    }
     ::SendMessageA(h_, WM_SETREDRAW, FALSE, 0);
     ::SendMessageA(h_, LVM_DELETEALLITEMS, 0, 0);
     for (std::size_t i = 0; i < modell.Items.size(); ++i) {
         const ListItem& z = modell.Items[i];
         LVITEMA it{};
-        it.mask = LVIF_TEXT;
+        it.mask = LVIF_TEXT | LVIF_IMAGE;
         it.iItem = static_cast<int>(i);
         it.pszText = const_cast<char*>(z.Text.c_str());
+        it.iImage = BildIndex(z.SmallIcon);
         ::SendMessageA(h_, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&it));
         for (std::size_t s = 0; s < z.SubItems.size(); ++s) {
             LVITEMA sub{};

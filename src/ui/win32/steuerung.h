@@ -19,7 +19,8 @@ void TextSetzen(HWND h, const std::string& text);
 void Sichtbar(HWND h, bool ja);
 void Platz(HWND h, int x, int y, int b, int hoch);
 
-// A list view and the model it last showed; Abgleichen redraws only on a change.
+// A list view and the model it last showed; Abgleichen redraws only on a change. Each row
+// shows the picture its SmallIcon names.
 class ListenAnsicht {
 public:
     void Anlegen(HWND eltern, int id, int x, int y, int b, int h, bool kopf = true);
@@ -36,6 +37,7 @@ private:
     void Spaltenbreiten(const ListView& modell);
     void NachInhaltBreiten(const ListView& modell);
     bool nachInhalt_ = false;
+    bool bilder_ = false;  // the shared pictures are set
     std::vector<std::string> spalten_;
     std::vector<ListItem> zeilen_;
 };
