@@ -98,6 +98,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
              l.alarm().Box1[16].setValue(1);
              l.alarm().windowsDateien.LadeWindows();
              l.fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ");
+             l.alarm().windowsDateien.TesteWindowsGelöscht();  // lists the folder for the next
              l.alarm().windowsDateien.TesteWindowsErstellt();
          },
          {4, 5},
