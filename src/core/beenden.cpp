@@ -68,7 +68,9 @@ bool Alarm_Form_QueryUnload(Programm& prg_, int grund) {
     prg_.p.tray.Notify(kNimDelete, prg_.Tray);
     prg_.p.timers.PumpMessages();
     Schluss(prg_);
-    prg_.p.shell.RunCommand(prg_.Programmordner + "kestrella.exe /s", 2);
+    // Quoted: a program folder with blanks ("C:\Program Files\...") would otherwise split
+    // the command line at its first blank, and the program would not come back.
+    prg_.p.shell.RunCommand("\"" + prg_.Programmordner + "kestrella.exe\" /s", 2);
     prg_.p.timers.PumpMessages();
     return false;
 }

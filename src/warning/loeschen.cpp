@@ -196,12 +196,20 @@ void DFÜ(Form3Fenster& f) {
               ok ? "< Gelöscht OK >" : "< Gelöscht NEIN >");
 }
 
+// The file of the warning, not its folder: a folder never goes by a file delete, and the
+// favourite would stay and warn again.
 void Favoriten(Form3Fenster& f) {
-    const bool ok = DateiLöschen(f.K().P(), f.Label1[1].Caption);
-    f.K().Log("Neuer IExplorer Favorit gefunden.", {"Favorit: " + f.Label1[1].Caption},
+    const std::string pfad = FavoritenPfad(f);
+    const bool ok = DateiLöschen(f.K().P(), pfad);
+    f.K().Log("Neuer IExplorer Favorit gefunden.", {"Favorit: " + pfad},
               ok ? "< Favorit gelöscht OK >" : "< Favorit gelöscht NEIN >");
 }
 
 }  // namespace entfernen
+
+std::string FavoritenPfad(const Form3Fenster& f) {
+    const std::string& ordner = f.Label1[1].Caption;
+    return (ordner.empty() || ordner.back() == '\\' ? ordner : ordner + "\\") + f.Label1[2].Caption;
+}
 
 }  // namespace kes

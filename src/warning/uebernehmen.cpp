@@ -150,7 +150,9 @@ bool AutostartRegistry(Form3Fenster& f) {
 
 bool AutostartOrdner(Form3Fenster& f) {
     AlarmDaten& a = f.K().Alarm();
-    a.List3.Items.push_back(f.Zeile2());
+    // The list holds bare file names and the watcher compares by name: a path added here
+    // would never match, and the same file would be warned of again at every cycle.
+    a.List3.Items.push_back(DateiName(f.Zeile2()));
     Schreiben(f, "daten\\Autostart.txt", Texte(a.List3));
     f.K().Log("Neuer Eintrag im Autostart Ordner.", {"Datei: " + f.Zeile2()}, kOk);
     return true;

@@ -28,6 +28,10 @@ std::string Zeile2(const Form3Fenster& f) {
 std::string Label1_1(const Form3Fenster& f) {
     return f.Label1[1].Caption;
 }
+// The watcher asks by the process name, with case; the path on row 2 would never match.
+std::string Zeile1(const Form3Fenster& f) {
+    return f.ListView2.Items.empty() ? std::string() : f.ListView2.Items[0].Text;
+}
 // Without the data: a deferred value that changes stays deferred.
 std::string Registryzeile(const Form3Fenster& f) {
     if (f.ListView4.Items.empty()) return "\\\\";

@@ -32,7 +32,9 @@ void AutostartOrdner::LadeAutostart() {
     const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\Autostart.txt");
     if (!inhalt) return;  // no file: the list stays as it is
     List3.Items.clear();
-    for (const auto& zeile : ZeilenBisLeer(*inhalt)) List3.Items.push_back(zeile);
+    // Files of older installations hold whole paths where an accept stored one: their name
+    // part is what the list compares, so those accepts hold after all.
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) List3.Items.push_back(DateiName(zeile));
 }
 
 void AutostartOrdner::TesteAutostartOrdner() {

@@ -117,6 +117,17 @@ def reset_deletes_its_files_keeps_bho_ini_and_log_and_restarts_into_the_assistan
     for name, content in kept.items():
         with open(local(h, name), "wb") as f:
             f.write(content)
+    reset_through_the_panel(h, proc)
+    left = [name for name in RESET_FILES if os.path.exists(local(h, name))]
+    check(not left, f"the reset left {left}")
+    for name, content in kept.items():
+        with open(local(h, name), "rb") as f:
+            check(f.read() == content, f"{name} changed in the reset")
+    restarted_into_the_assistant(h)
+
+
+def reset_through_the_panel(h, proc):
+    """Tray menu, "Einstellungen", "Zurücksetzen", "Ja"; the program ends with code 0."""
     h.kd("post", HIDDEN_CLASS, "512", "0", "517")
     check(wait_until(lambda: "Einstellungen" in h.kd("menu", check=False), 5), "the tray menu did not open")
     h.kd("menu-click", "Einstellungen")
@@ -133,11 +144,9 @@ def reset_deletes_its_files_keeps_bho_ini_and_log_and_restarts_into_the_assistan
     except subprocess.TimeoutExpired:
         raise AssertionError(f"the program still runs 15 s after the reset; visible: {visible_titles(h)}") from None
     check(code == 0, f"the program ended with exit code {code} after the reset")
-    left = [name for name in RESET_FILES if os.path.exists(local(h, name))]
-    check(not left, f"the reset left {left}")
-    for name, content in kept.items():
-        with open(local(h, name), "rb") as f:
-            check(f.read() == content, f"{name} changed in the reset")
+
+
+def restarted_into_the_assistant(h):
     # The new instance, started silently by the old one, has no settings file any more.
     check(wait_until(lambda: visible_of_class(h, ASSISTANT_CLASS), 20), "no assistant after the reset")
     check(len(hidden_windows(h)) == 1, "not exactly the new instance's hidden window")

@@ -161,6 +161,7 @@ if __name__ == "__main__":
     import panel  # noqa: F401
     import warnung  # noqa: F401
     import abbruch  # noqa: F401
+    import antworten  # noqa: F401
     import dauerlauf  # noqa: F401  # last: the longest
 
     sys.exit(main())

@@ -212,7 +212,8 @@ TEST_F(Beenden, ResetAnsweredNo_StaysWanted_TheTraysBeendenAsksTheResetQuestion_
         ordner + "Kestrella.exe /s");
     EXPECT_FALSE(fp.tray.Shown());
     ASSERT_EQ(fp.shell.kommandos.size(), 1u);
-    EXPECT_EQ(fp.shell.kommandos[0].kommando, "C:\\Programme\\Kestrella\\kestrella.exe /s");
+    EXPECT_EQ(fp.shell.kommandos[0].kommando, "\"C:\\Programme\\Kestrella\\kestrella.exe\" /s")
+        << "quoted, so that a folder with blanks starts too";
     EXPECT_EQ(fp.shell.kommandos[0].show, 2);
     EXPECT_TRUE(prg.Beenden);
 }

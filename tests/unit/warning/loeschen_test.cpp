@@ -91,7 +91,8 @@ TEST_F(LoeschAktion, LockedFile_ReportsThenLogsTheFailureAndCloses) {
 TEST_F(LoeschAktion, ReadOnlyFavourite_IsDeletedWithItsOwnResultLine) {
     fp.files.Put("C:\\Fav\\x.url", "x", kAttrReadOnly);
     Form3Fenster& f = Warnung(Kategorie::Favorit1);
-    f.Label1[1].Caption = "C:\\Fav\\x.url";
+    f.Label1[1].Caption = "C:\\Fav\\";  // the folder, as the watcher fills it
+    f.Label1[2].Caption = "x.url";
     prg.AnzeigeLöschen = true;
     f.Image_Click(3);
     EXPECT_FALSE(fp.files.Exists("C:\\Fav\\x.url"));

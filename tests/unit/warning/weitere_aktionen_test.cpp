@@ -26,8 +26,17 @@ TEST_F(WeitereAktionen, Spaeter_AddsTheTextOfItsCategoryAndCloses) {
     Form3Fenster& b = Warnung(Kategorie::ToolBar1);
     b.Text1[0].Text = "nicht.example";
     b.Image_Click(6);
-    EXPECT_EQ(prg.Alarm().List8.Items,
-              (std::vector<std::string>{"HKEY_CURRENT_USER\\Software\\Run\\Tool", "{T}", hostsPfad}))
+    // The keys the watchers ask by: a process by its name, a favourite by its file.
+    Form3Fenster& p = Warnung(Kategorie::Prozesse);
+    p.ListView2.Add("neu.exe");
+    p.ListView2.Add("C:\\NEU\\NEU.EXE");
+    p.Image_Click(6);
+    Form3Fenster& f = Warnung(Kategorie::Favoriten);
+    f.Label1[1].Caption = "C:\\Fav\\";
+    f.Label1[2].Caption = "x.url";
+    f.Image_Click(6);
+    EXPECT_EQ(prg.Alarm().List8.Items, (std::vector<std::string>{"HKEY_CURRENT_USER\\Software\\Run\\Tool", "{T}",
+                                                                 hostsPfad, "neu.exe", "C:\\Fav\\x.url"}))
         << "ToolBar1 defers nothing";
     EXPECT_TRUE(prg.Alarm().Später("HKEY_CURRENT_USER\\Software\\Run\\Tool"));
     EXPECT_FALSE(prg.Alarm().Später("hkey_current_user\\Software\\Run\\Tool")) << "the deferred list heeds case";

@@ -247,6 +247,16 @@ TEST_F(Ordner, EmptyLineInTheBaselineFile_EndsAutostartButNotFavourites) {
     EXPECT_FALSE(prg.Form3Geladen()) << "the line after the empty one is still known";
 }
 
+// Older installations stored an accepted file with its folder: it is known by its name.
+TEST_F(Ordner, AutostartBaselineLineWithAFolder_IsReadAsItsName) {
+    fp.files.Put(ordner + "daten\\Autostart.txt", kAlleAutostart + "\\Alt.lnk\r\nC:Neu.lnk\r\nName.lnk\r\n");
+    alarm().autostartOrdner.LadeAutostart();
+    EXPECT_EQ(alarm().List3.Items, (std::vector<std::string>{"Alt.lnk", "Neu.lnk", "Name.lnk"}));
+    fp.files.Put(kAutostart + "\\alt.LNK", "x");
+    Autostart();
+    EXPECT_FALSE(prg.Form3Geladen()) << "known in the other folder and in any case, as every name";
+}
+
 TEST_F(Ordner, MissingBaselineFile_AutostartKeepsItsList_FavouritesEmpty) {
     alarm().List3.Items = {"alt.lnk"};
     alarm().List4.Items = {"alt.url"};

@@ -1,0 +1,529 @@
+// Every answer of the warning window holds: each row raises its warning through the watch
+// cycle on the fakes, answers it, and runs the next cycles. Accepted stays quiet for good
+// (also once the lists are read back from their files), deferred stays quiet for the run,
+// deleted is gone and quiet, excepted is quiet; an entry removed on the panel is warned of
+// again. Every category key and every list of the panel must have its rows here.
+#include <cctype>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+
+#include "panel/ausnahmelisten.h"
+#include "platform/hive_ocx.h"
+#include "programm_test_basis.h"
+#include "warning/kategorien.h"
+
+namespace kes::test {
+namespace {
+
+using K = Kategorie;
+using L = Ausnahmeliste;
+
+const std::string kAutostart = "C:\\Dokumente und Einstellungen\\Benutzer\\Startmenü\\Programme\\Autostart";
+const std::string kAlleAutostart = "C:\\Dokumente und Einstellungen\\All Users\\Startmenü\\Programme\\Autostart";
+const std::string kFavoriten = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
+// The machine's run key: the user's is seen a second time below HKEY_USERS, as its own row.
+const std::string kRun = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+const std::string kMainCu = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Main";
+const std::string kKlassen = "HKEY_CLASSES_ROOT\\CLSID\\";
+const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
+const std::string kBho = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects";
+const std::string kSsodl = "Software\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad";
+const std::string kSts = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler";
+const std::string kHooks = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\URLSearchHooks";
+const std::string kSvc = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\";
+const std::string kPolicies = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System";
+const std::string kDomains = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\";
+const std::string kBefehl = "\"%1\" %*";
+
+enum class Antwort { Übernehmen, Löschen, Später, Töten, Ausnahme, NaGut, Original };
+enum class Erwartet {
+    FürImmer,     // quiet, and still quiet with the lists read back from their files
+    FürDenLauf,   // quiet until a new run empties the lists of this run
+    Weg,          // the thing is gone, and quiet
+    WarntWieder,  // kept so on purpose: the next cycle warns again
+};
+
+class AntwortTest;
+using Schritt = std::function<void(AntwortTest&)>;
+
+// How a category's warning comes about on the fakes.
+struct Szenario {
+    std::vector<int> boxen;                // the rows of the cycle that must run
+    Schritt auslösen;                      // makes the new or changed thing
+    Schritt laden;                         // reads the lists back as a new start does; may be empty
+    std::function<bool(AntwortTest&)> da;  // the thing still exists
+};
+
+struct Fall {
+    K kategorie;  // the key the watcher runs under (for two keys the pass, not the warning)
+    Antwort antwort;
+    int menü = -1;  // the entry of the menu the answer opens
+    Erwartet erwartet = Erwartet::FürImmer;
+    std::optional<L> entfernen{};  // then removed again on this list of the panel
+    int panelEintrag = 0;
+};
+
+// The key under which a pass warns.
+K Warnschlüssel(K k) {
+    if (k == K::Favorit1 || k == K::Favorit2) return K::Favoriten;
+    if (k == K::Ordnermeister || k == K::OrdnerAllUser) return K::AutostartOrdner;
+    return k;
+}
+
+class AntwortTest : public ProgrammTest, public ::testing::WithParamInterface<Fall> {
+public:
+    AlarmDaten& a() { return prg.Alarm(); }
+    void Prozess(const std::string& name, std::uint32_t pid, const std::string& pfad) {
+        fake::FakeProzess p;
+        p.name = name;
+        p.pid = pid;
+        p.pfad = pfad;
+        fp.processes.prozesse.push_back(p);
+        fp.files.Put(pfad, "MZ");
+        fake::FakeVersion v;
+        v.übersetzungen.push_back({});
+        v.übersetzungen[0].texte["CompanyName"] = "Fremdfirma";
+        fp.details.SetVersion(pfad, v);
+    }
+    void Klasse(const std::string& clsid, const std::string& server) {
+        fp.registry.SetString(kKlassen + clsid + "\\InprocServer32", "", server);
+        fp.files.Put(server, "MZ");
+    }
+    void Befehl(const std::string& klasse, const std::string& befehl) {
+        fp.registry.SetString(kHklm + "Software\\Classes\\" + klasse + "\\shell\\open\\command", "", befehl);
+    }
+    bool Wert(const std::string& key, const std::string& name) {
+        const auto p = key.find('\\');
+        const std::string root = key.substr(0, p);
+        const int hive = root == "HKEY_CLASSES_ROOT" ? 0 : root == "HKEY_CURRENT_USER" ? 1 : 2;
+        return HiveOCX(fp.registry).ValueExists(hive, key.substr(p + 1), name);
+    }
+    bool Schlüssel(int hive, const std::string& key) { return HiveOCX(fp.registry).KeyExists(hive, key); }
+
+protected:
+    void SetUp() override {
+        Pfade();
+        fp.files.MakeDirs(kAutostart);
+        fp.files.MakeDirs(kAlleAutostart);
+        fp.files.MakeDirs(kFavoriten + "\\Links");
+        fp.files.MakeDirs("C:\\WINDOWS\\Downloaded Program Files");
+        fp.files.Put(hostsPfad, "abc");
+        fp.files.Put(ordner + "daten\\hosts", "127.0.0.1  localhost\r\n");
+        prg.Hostsgrösse = 3;
+        for (const char* k : {"exefile", "comfile", "batfile", "piffile"}) Befehl(k, kBefehl);
+        Befehl("htafile", "mshta.exe \"%1\" %*");
+        a().Box1[2].setValue(1);
+        prg.AnzeigeLöschen = true;  // no confirmation window in between
+    }
+    bool Gewarnt() { return prg.Form3Geladen(); }
+    void Zyklus() { a().Durchlauf(); }
+    void Antworten(const Fall& fall) {
+        Form3Fenster& f = prg.Form3();
+        switch (fall.antwort) {
+            case Antwort::Übernehmen:
+                f.Image1_Click();
+                if (f.Popup.Menü == "killprozess")
+                    f.killprozess1_Click(fall.menü);
+                else if (f.Popup.Menü == "dienst")
+                    f.dienst1_Click(fall.menü);
+                break;
+            case Antwort::Löschen:
+                fp.dialogs.antworten = {kIdYes};  // the question of the services branch
+                f.Image3_Click();
+                break;
+            case Antwort::Später:
+                f.Image6_Click();
+                break;
+            case Antwort::Töten:
+                f.Image2_Click();
+                break;
+            case Antwort::Ausnahme:
+                f.Image4_Click();
+                break;
+            case Antwort::NaGut:
+                f.Image5_Click();
+                break;
+            case Antwort::Original:
+                f.Image8_Click();
+                if (f.Popup.Menü == "host") f.host1_Click(fall.menü);
+                break;
+        }
+    }
+    // The last entry of a list selected, as the user does before the menu.
+    void Markieren(L liste) {
+        auto box = [](ListBox& l) { l.ListIndex = static_cast<int>(l.Items.size()) - 1; };
+        auto view = [](ListView& l) {
+            if (!l.Items.empty()) l.Items.back().Selected = true;
+        };
+        switch (liste) {
+            case L::List1:
+                return box(a().List1);
+            case L::List3:
+                return box(a().List3);
+            case L::List4:
+                return box(a().List4);
+            case L::List5:
+                return box(a().List5);
+            case L::List6:
+                return box(a().List6);
+            case L::List8:
+                return box(a().List8);
+            case L::List9:
+                return box(a().List9);
+            case L::List10:
+                return box(a().List10);
+            case L::ListView1:
+                return view(a().ListView1);
+            case L::ListView2:
+                return view(a().ListView2);
+            case L::ListView6:
+                return view(a().ListView6);
+            case L::ListView8:
+                return view(a().ListView8);
+            case L::ListView9:
+                return view(a().ListView9);
+            case L::ListView10:
+                return view(a().ListView10);
+            case L::ListView11:
+                return view(a().ListView11);
+            case L::ListView12:
+                return view(a().ListView12);
+        }
+    }
+    static const Szenario& Von(K k);
+};
+
+const Szenario& AntwortTest::Von(K k) {
+    using T = AntwortTest;
+    static const auto autostart = [](const std::string& ordner) {
+        return Szenario{{11},
+                        [=](T& t) { t.fp.files.Put(ordner + "\\Tool.lnk", "L"); },
+                        [](T& t) { t.a().autostartOrdner.LadeAutostart(); },
+                        [=](T& t) { return t.fp.files.Exists(ordner + "\\Tool.lnk"); }};
+    };
+    static const auto favorit = [](const std::string& ordner) {
+        return Szenario{{5},
+                        [=](T& t) { t.fp.files.Put(ordner + "\\Neu.url", "[InternetShortcut]"); },
+                        [](T& t) { t.a().favoriten.LadeFavoriten(); },
+                        [=](T& t) { return t.fp.files.Exists(ordner + "\\Neu.url"); }};
+    };
+    static const auto klasse = [](int box, std::function<void(T&)> eintrag, std::function<void(T&)> laden,
+                                  std::string clsid) {
+        return Szenario{{box}, std::move(eintrag), std::move(laden), [=](T& t) {
+                            return t.Schlüssel(0, "CLSID\\" + clsid + "\\InprocServer32");
+                        }};
+    };
+    static const std::map<K, Szenario> kSzenarien = {
+        {K::Prozesse,
+         {{4},
+          [](T& t) { t.Prozess("neu.exe", 4711, "C:\\Neu\\neu.exe"); },
+          [](T& t) {
+              t.a().prozesse.LadeProzesse();
+              t.a().prozesse.LadeProzessFirmen();
+          },
+          [](T& t) { return t.fp.processes.beendet.empty(); }}},
+        {K::HostsDatei,
+         {{15},
+          [](T& t) { t.fp.files.Put(t.hostsPfad, "abcd"); },
+          nullptr,
+          [](T& t) { return t.fp.files.Content(t.hostsPfad) == "abcd"; }}},
+        {K::Favorit1, favorit(kFavoriten)},
+        {K::Favorit2, favorit(kFavoriten + "\\Links")},
+        {K::StartPage,
+         {{8},
+          [](T& t) {
+              t.prg.StartSeiten[1] = "http://start.example/";
+              t.fp.registry.SetString(kMainCu, "Start Page", "http://fremd.example/");
+          },
+          nullptr,
+          nullptr}},
+        {K::DFÜ,
+         {{10},
+          [](T& t) {
+              t.fp.dialup.einträge.push_back({"Anbieter", DfuEintrag{49, "", "0190123"}});
+          },
+          [](T& t) { t.a().dfü.LadeDFÜ(); },
+          [](T& t) { return !t.fp.dialup.einträge.empty(); }}},
+        {K::Ordnermeister, autostart(kAutostart)},
+        {K::OrdnerAllUser, autostart(kAlleAutostart)},
+        {K::AutostartRegistry,
+         {{13},
+          [](T& t) {
+              t.fp.files.Put("C:\\Tool\\tool.exe", "MZ");
+              t.fp.registry.SetString(kRun, "Tool", "C:\\Tool\\tool.exe /min");
+          },
+          [](T& t) { t.a().autostartRegistry.LadeAutostartregistry(); },
+          [](T& t) { return t.Wert(kRun, "Tool"); }}},
+        {K::WindowsDatei,
+         {{19},
+          [](T& t) { t.fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ"); },
+          [](T& t) { t.a().windowsDateien.LadeWindowsausnahme(); },
+          [](T& t) { return t.fp.files.Exists("C:\\WINDOWS\\neu.exe"); }}},
+        {K::BHO, klasse(
+                     21,
+                     [](T& t) {
+                         t.fp.registry.SetString(kHklm + kBho + "\\{B1}", "", "Helfer");
+                         t.Klasse("{B1}", "C:\\Neu\\bho.dll");
+                     },
+                     [](T& t) { t.a().klassenlisten.LadeBHO(); }, "{B1}")},
+        {K::ShellService, klasse(
+                              23,
+                              [](T& t) {
+                                  t.fp.registry.SetString(kHklm + kSsodl, "Brenner", "{S1}");
+                                  t.Klasse("{S1}", "C:\\Neu\\sso.dll");
+                              },
+                              [](T& t) { t.a().klassenlisten.LadeShellService(); }, "{S1}")},
+        {K::TaskScheduler, klasse(
+                               24,
+                               [](T& t) {
+                                   t.fp.registry.SetString(kHklm + kSts, "{T1}", "Planer");
+                                   t.Klasse("{T1}", "C:\\Neu\\sts.dll");
+                               },
+                               [](T& t) { t.a().klassenlisten.LadeSharedTaskScheduler(); }, "{T1}")},
+        {K::URLSearchHooks, klasse(
+                                27,
+                                [](T& t) {
+                                    t.fp.registry.SetString(kHooks, "{U1}", "");
+                                    t.Klasse("{U1}", "C:\\Neu\\hook.dll");
+                                },
+                                [](T& t) { t.a().klassenlisten.LadeURLSearchHook(); }, "{U1}")},
+        {K::ActiveX,
+         {{22},
+          [](T& t) { t.fp.files.Put("C:\\WINDOWS\\Downloaded Program Files\\neu.ocx", "MZ"); },
+          [](T& t) { t.a().activeX.LadeActiveX(); },
+          [](T& t) { return t.fp.files.Exists("C:\\WINDOWS\\Downloaded Program Files\\neu.ocx"); }}},
+        {K::Dienste,
+         {{28},
+          [](T& t) {
+              t.fp.registry.SetDword(kSvc + "Neu", "Start", 2);
+              t.fp.registry.SetString(kSvc + "Neu", "ImagePath", "C:\\Neu\\dienst.exe");
+          },
+          [](T& t) {
+              t.a().dienste.LadeDienste();
+              t.a().dienste.LadeDiensteHersteller();
+          },
+          [](T& t) { return t.Schlüssel(2, "System\\CurrentControlSet\\Services\\Neu"); }}},
+        {K::RegeditDeaktiviert,
+         {{25},
+          [](T& t) { t.fp.registry.SetDword(kPolicies, "DisableRegistryTools", 1); },
+          nullptr,
+          [](T& t) { return t.Wert(kPolicies, "DisableRegistryTools"); }}},
+        {K::TaskmanagerDeaktiviert,
+         {{26},
+          [](T& t) { t.fp.registry.SetDword(kPolicies, "DisableTaskMgr", 1); },
+          nullptr,
+          [](T& t) { return t.Wert(kPolicies, "DisableTaskMgr"); }}},
+        {K::HtaFile, {{30}, [](T& t) { t.Befehl("exefile", "fremd.exe %1"); }, nullptr, nullptr}},
+        {K::ToolBar,
+         {{29},
+          [](T& t) { t.fp.registry.SetDword(kHklm + kDomains + "fremd.example", "http", 2); },
+          [](T& t) { t.a().vertrauenswürdigeSeiten.LadeToolbar(); },
+          [](T& t) { return t.Schlüssel(2, kDomains + "fremd.example"); }}},
+        {K::ToolBar1,
+         {{29},
+          [](T& t) { t.fp.registry.SetDword("HKEY_CURRENT_USER\\" + kDomains + "fremd.example", "http", 2); },
+          [](T& t) { t.a().vertrauenswürdigeSeiten.LadeToolbar(); },
+          [](T& t) { return t.Schlüssel(1, kDomains + "fremd.example"); }}},
+    };
+    return kSzenarien.at(k);
+}
+
+using A = Antwort;
+using E = Erwartet;
+
+const std::vector<Fall> kFälle = {
+    {K::Prozesse, A::Übernehmen, 0},
+    {K::Prozesse, A::Übernehmen, 1},
+    {K::Prozesse, A::Übernehmen, 2, E::FürDenLauf},
+    {K::Prozesse, A::Später, -1, E::FürDenLauf},
+    {K::Prozesse, A::Töten, -1, E::Weg},
+    {K::Prozesse, A::Übernehmen, 0, E::FürImmer, L::ListView6},
+    {K::Prozesse, A::Übernehmen, 1, E::FürImmer, L::List1},
+    {K::HostsDatei, A::Übernehmen},
+    {K::HostsDatei, A::Original, 0, E::Weg},
+    {K::HostsDatei, A::Original, 1, E::Weg},
+    // The hosts watcher does not ask the deferred list.
+    {K::HostsDatei, A::Später, -1, E::WarntWieder},
+    {K::Favorit1, A::Übernehmen},
+    {K::Favorit1, A::Später, -1, E::FürDenLauf},
+    {K::Favorit1, A::Löschen, -1, E::Weg},
+    {K::Favorit2, A::Übernehmen},
+    {K::Favorit2, A::Später, -1, E::FürDenLauf},
+    {K::Favorit2, A::Löschen, -1, E::Weg},
+    {K::Favorit1, A::Übernehmen, -1, E::FürImmer, L::List4},
+    {K::StartPage, A::Übernehmen},
+    {K::StartPage, A::Original},
+    {K::StartPage, A::Später, -1, E::FürDenLauf},
+    {K::DFÜ, A::Übernehmen},
+    {K::DFÜ, A::Löschen, -1, E::Weg},
+    {K::DFÜ, A::Später, -1, E::FürDenLauf},
+    {K::DFÜ, A::Übernehmen, -1, E::FürImmer, L::ListView2, 1},
+    {K::Ordnermeister, A::Übernehmen},
+    {K::Ordnermeister, A::Später, -1, E::FürDenLauf},
+    {K::Ordnermeister, A::Löschen, -1, E::Weg},
+    {K::OrdnerAllUser, A::Übernehmen},
+    {K::OrdnerAllUser, A::Später, -1, E::FürDenLauf},
+    {K::OrdnerAllUser, A::Löschen, -1, E::Weg},
+    {K::Ordnermeister, A::Übernehmen, -1, E::FürImmer, L::List3},
+    {K::Ordnermeister, A::Später, -1, E::FürDenLauf, L::List8},
+    {K::AutostartRegistry, A::Übernehmen},
+    {K::AutostartRegistry, A::Später, -1, E::FürDenLauf},
+    {K::AutostartRegistry, A::Löschen, -1, E::Weg},
+    {K::AutostartRegistry, A::Übernehmen, -1, E::FürImmer, L::ListView1},
+    {K::WindowsDatei, A::Übernehmen},
+    {K::WindowsDatei, A::Ausnahme},
+    {K::WindowsDatei, A::Später, -1, E::FürDenLauf},
+    {K::WindowsDatei, A::Löschen, -1, E::Weg},
+    {K::WindowsDatei, A::NaGut},
+    {K::WindowsDatei, A::Ausnahme, -1, E::FürImmer, L::List5},
+    {K::BHO, A::Übernehmen},
+    {K::BHO, A::Später, -1, E::FürDenLauf},
+    {K::BHO, A::Löschen, -1, E::Weg},
+    {K::BHO, A::Übernehmen, -1, E::FürImmer, L::ListView8},
+    {K::ShellService, A::Übernehmen},
+    {K::ShellService, A::Später, -1, E::FürDenLauf},
+    {K::ShellService, A::Löschen, -1, E::Weg},
+    {K::ShellService, A::Übernehmen, -1, E::FürImmer, L::ListView9},
+    {K::TaskScheduler, A::Übernehmen},
+    {K::TaskScheduler, A::Später, -1, E::FürDenLauf},
+    {K::TaskScheduler, A::Löschen, -1, E::Weg},
+    {K::TaskScheduler, A::Übernehmen, -1, E::FürImmer, L::ListView10},
+    {K::URLSearchHooks, A::Übernehmen},
+    {K::URLSearchHooks, A::Später, -1, E::FürDenLauf},
+    {K::URLSearchHooks, A::Löschen, -1, E::Weg},
+    {K::URLSearchHooks, A::Übernehmen, -1, E::FürImmer, L::List9},
+    // Nothing stores an accepted ActiveX object: it holds for this run.
+    {K::ActiveX, A::Übernehmen, -1, E::FürDenLauf},
+    {K::ActiveX, A::Später, -1, E::FürDenLauf},
+    {K::ActiveX, A::Löschen, -1, E::Weg},
+    {K::ActiveX, A::Übernehmen, -1, E::FürDenLauf, L::List6},
+    {K::Dienste, A::Übernehmen, 0},
+    {K::Dienste, A::Übernehmen, 1},
+    {K::Dienste, A::Später, -1, E::FürDenLauf},
+    {K::Dienste, A::Löschen, -1, E::Weg},
+    {K::Dienste, A::Übernehmen, 0, E::FürImmer, L::List10, 1},
+    {K::Dienste, A::Übernehmen, 1, E::FürImmer, L::ListView11},
+    {K::RegeditDeaktiviert, A::Original, -1, E::Weg},
+    {K::TaskmanagerDeaktiviert, A::Original, -1, E::Weg},
+    {K::HtaFile, A::Original},
+    // The classes are watched through both of their keys, and each is deferred on its own:
+    // the same change comes once more through the other key.
+    {K::HtaFile, A::Später, -1, E::WarntWieder},
+    {K::ToolBar, A::Übernehmen},
+    {K::ToolBar, A::Später, -1, E::FürDenLauf},
+    {K::ToolBar, A::Löschen, -1, E::Weg},
+    {K::ToolBar, A::Übernehmen, -1, E::FürImmer, L::ListView12},
+    {K::ToolBar1, A::Übernehmen},
+    {K::ToolBar1, A::Löschen, -1, E::Weg},
+    // No deferral for this key: the same warning comes at the next cycle.
+    {K::ToolBar1, A::Später, -1, E::WarntWieder},
+};
+
+TEST_P(AntwortTest, TheAnswerHoldsInTheNextCycles) {
+    const Fall& fall = GetParam();
+    const Szenario& s = Von(fall.kategorie);
+    a().Timer1.SetEnabled(true);
+    for (int b : s.boxen) a().Box1[b].setValue(1);
+    if (fall.antwort == A::NaGut) {
+        // A file of the baseline that has gone.
+        fp.files.Put("C:\\WINDOWS\\alt.exe", "MZ");
+        a().windowsDateien.LadeWindows();
+        a().Box1[17].setValue(1);
+        fp.files.Delete("C:\\WINDOWS\\alt.exe");
+    } else {
+        if (fall.kategorie == K::WindowsDatei) a().Box1[16].setValue(1);
+        s.auslösen(*this);
+    }
+    Zyklus();
+    ASSERT_TRUE(Gewarnt());
+    // The second pass of the favourites sets its key even after the first one warned.
+    if (IstFavorit(fall.kategorie))
+        ASSERT_TRUE(IstFavorit(prg.Kategorieschlüssel));
+    else
+        ASSERT_EQ(prg.Kategorieschlüssel, Warnschlüssel(fall.kategorie));
+    Antworten(fall);
+    ASSERT_FALSE(Gewarnt()) << "the answer closes the window";
+    prg.Aufräumen();
+
+    if (fall.erwartet == E::WarntWieder) {
+        Zyklus();
+        EXPECT_TRUE(Gewarnt());
+        return;
+    }
+    for (int i = 0; i < 10; ++i) {
+        Zyklus();
+        ASSERT_FALSE(Gewarnt()) << "cycle " << i + 1 << " after the answer";
+    }
+    if (fall.erwartet == E::Weg) {
+        EXPECT_FALSE(s.da(*this));
+    } else if (s.da && fall.antwort != A::NaGut) {
+        EXPECT_TRUE(s.da(*this)) << "only a delete removes the thing";
+    }
+
+    if (fall.entfernen) {
+        Ausnahmelisten panel(prg, prg.Alarm(), prg.Alarm());
+        Markieren(*fall.entfernen);
+        panel.MenüKlick(*fall.entfernen, fall.panelEintrag);
+        Zyklus();
+        EXPECT_TRUE(Gewarnt()) << "removed on the panel, the thing is unknown again";
+        return;
+    }
+    // A new run: what lives in memory for this run is gone, the files are read back.
+    a().List8.Items.clear();
+    a().List2.Items.clear();
+    if (s.laden) s.laden(*this);
+    Zyklus();
+    EXPECT_EQ(Gewarnt(), fall.erwartet == E::FürDenLauf) << "in a new run";
+}
+
+std::string Name(const ::testing::TestParamInfo<Fall>& info) {
+    static const char* antworten[] = {"Accept", "Delete", "Defer", "Kill", "Except", "NaGut", "Original"};
+    std::string n = KategorieName(info.param.kategorie);
+    for (char& c : n)
+        if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+    n += std::string("_") + antworten[static_cast<int>(info.param.antwort)];
+    if (info.param.menü >= 0) n += std::to_string(info.param.menü);
+    if (info.param.entfernen) n += "_PanelRemoval";
+    return n + "_" + std::to_string(info.index);
+}
+
+INSTANTIATE_TEST_SUITE_P(Alle, AntwortTest, ::testing::ValuesIn(kFälle), Name);
+
+// A new category key, a new button of the table or a new list of the panel must come with
+// its rows above.
+TEST(AntwortTabelle, CoversEveryKeyEveryActionOfItsRowAndEveryPanelList) {
+    std::set<K> schlüssel;
+    std::set<std::pair<K, A>> antworten;
+    std::set<L> listen;
+    for (const Fall& f : kFälle) {
+        schlüssel.insert(f.kategorie);
+        schlüssel.insert(Warnschlüssel(f.kategorie));
+        antworten.insert({Warnschlüssel(f.kategorie), f.antwort});
+        if (f.entfernen) listen.insert(*f.entfernen);
+    }
+    for (int i = 0; i < kKategorieAnzahl; ++i) {
+        const K k = static_cast<K>(i);
+        if (k == K::Keine) continue;  // never the key of a warning
+        EXPECT_TRUE(schlüssel.count(k)) << KategorieName(k) << " has no row";
+        // The pass keys of the favourites warn as "Favoriten", whose row is checked.
+        if (k != Warnschlüssel(k) || k == K::Favorit1 || k == K::Favorit2) continue;
+        const KategorieZeile& z = Zeile(k);
+        const std::pair<bool, A> knöpfe[] = {
+            {z.übernehmen != nullptr, A::Übernehmen}, {z.löschen != nullptr, A::Löschen},
+            {z.später != nullptr, A::Später},         {z.töten != nullptr, A::Töten},
+            {z.ausnahme != nullptr, A::Ausnahme},     {z.nagut != nullptr, A::NaGut},
+            {z.original != nullptr, A::Original},
+        };
+        for (const auto& [gibt, antwort] : knöpfe)
+            if (gibt) {
+                EXPECT_TRUE(antworten.count({k, antwort})) << KategorieName(k) << " answer " << int(antwort);
+            }
+    }
+    for (int i = 0; i < kAusnahmelistenAnzahl; ++i)
+        EXPECT_TRUE(listen.count(static_cast<L>(i))) << "panel list " << i << " has no removal row";
+}
+
+}  // namespace
+}  // namespace kes::test
