@@ -79,7 +79,7 @@ void Dienste::TesteDienste() {
     w.Kategorieschlüssel = Kategorie::Dienste;
     std::vector<std::string> liste;
     try {
-        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, kDiensteGrenze);
+        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, w.Kategorieschlüssel);
     } catch (...) {
         return;
     }
