@@ -43,10 +43,18 @@ TEST_F(Panel, BoxOne_SetsTheSoundFlagAndSaves) {
     EXPECT_EQ(prg.Soundflag, 0);
 }
 
-TEST_F(Panel, FolderBoxes_DoNotSave) {
+TEST_F(Panel, FolderBoxes_LoadAnEmptyBaselineAtOnce_OnOrOff_AndDoNotSave) {
+    fp.files.Put("C:\\WINDOWS\\a.exe", "MZ");
+    fp.files.Put("C:\\WINDOWS\\system32\\k.dll", "MZ");
     a().Box1[19].setValue(1);
     a().Box1[19].KlickVomBenutzer();  // turned off: the baseline is loaded all the same
+    ASSERT_EQ(a().ListView4.Items.size(), 1u);
+    EXPECT_EQ(a().ListView4.Items[0].Text, "C:\\WINDOWS\\a.exe");
+    fp.files.Put("C:\\WINDOWS\\b.exe", "MZ");
+    a().Box1[19].KlickVomBenutzer();
+    EXPECT_EQ(a().ListView4.Items.size(), 1u) << "a baseline that is there stays";
     a().Box1[20].KlickVomBenutzer();
+    EXPECT_EQ(a().ListView7.Items.size(), 1u);
     EXPECT_FALSE(Gespeichert());
 }
 
