@@ -68,7 +68,7 @@ int main(int argc, char** argv) {
         return zeilen;
     });
     Messen("services key (GetSubkeys)", runden, [&] {
-        const auto namen = reg.GetSubkeys(kHkeyLocalMachine, "SYSTEM\\CurrentControlSet\\Services");
+        const auto namen = reg.GetSubkeys(kHkeyLocalMachine, "SYSTEM\\CurrentControlSet\\Services", Kategorie::Dienste);
         return namen.empty() ? 0 : namen.size() - 1;  // less the entry of the failing call
     });
     const std::string system = SystemVerzeichnis(p);

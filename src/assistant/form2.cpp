@@ -85,7 +85,7 @@ void Form2Fenster::holedienste() {
     Plattform& p = k_.P();
     std::vector<std::string> liste;
     try {
-        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste);
+        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, k_.W().Kategorieschlüssel);
     } catch (...) {
         return;  // the error exit of the enumeration
     }

@@ -29,6 +29,8 @@ void Übergehen(Schritt&& tun) {
 // Numbers as the runtime reports them.
 inline constexpr int kFehlerTypUnverträglich = 13;
 inline constexpr int kFehlerIndex = 9;
+inline constexpr int kFehlerDateiNichtGefunden = 53;
+inline constexpr int kFehlerZugriffVerweigert = 70;
 inline constexpr int kFehlerDateiende = 62;
 inline constexpr int kFehlerDateizugriff = 75;
 inline constexpr int kFehlerDateiformat = 321;

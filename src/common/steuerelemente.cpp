@@ -1,5 +1,9 @@
 #include "common/steuerelemente.h"
 
+#include <algorithm>
+
+#include "common/text.h"
+
 namespace kes {
 
 namespace {
@@ -24,6 +28,14 @@ ListItem& ListView::Add(const std::string& text) {
     ListItem& z = Items.emplace_back();
     z.Text = text;
     return z;
+}
+
+void ListView::Sortieren() {
+    if (!Sorted || SortKey < 0) return;
+    const auto key = static_cast<std::size_t>(SortKey);
+    std::stable_sort(Items.begin(), Items.end(), [key](const ListItem& a, const ListItem& b) {
+        return Klein(a.SubItem(key)) < Klein(b.SubItem(key));
+    });
 }
 
 Timer::~Timer() {

@@ -76,8 +76,15 @@ struct ListView {
     std::vector<ListItem> Items;
     bool Visible = true;
     long ForeColor = 0;
+    // A sorted list keeps its rows in ascending order of the key column (0 the item text),
+    // as text without regard to case; rows of equal keys keep the order they came in.
+    bool Sorted = false;
+    int SortKey = 0;
 
     ListItem& Add(const std::string& text);
+    // Brings the rows into the order of a sorted list; nothing when sorting is off. Whoever
+    // adds rows to a list that may be sorted calls it once the row has its sub-items.
+    void Sortieren();
 };
 
 struct ListBox {

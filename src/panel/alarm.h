@@ -70,9 +70,6 @@ public:
     bool Text1Fokus = false;
     // The row of ListView3 the user selected, 0-based; -1 none. The view keeps it current.
     int ListView3Auswahl = -1;
-    // Sorting of the dial-up list: the key column (0 the item text) and whether it is on.
-    int ListView2SortKey = 0;
-    bool ListView2Sorted = false;
     MenüWunsch Menü;
     // The context menus of the lists that show baselines and exception lists.
     Ausnahmelisten Ausnahmen;

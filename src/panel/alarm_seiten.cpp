@@ -2,9 +2,6 @@
 // edit of a saved start page, the hosts page, the links and the sorting of the dial-up list.
 #include "panel/alarm.h"
 
-#include <algorithm>
-#include <cctype>
-
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 
@@ -38,10 +35,6 @@ constexpr const char* kShellOrte[13] = {"HKEY_CLASSES_ROOT\\exefile\\shell\\open
                                         "exe, com, bat, pif:",
                                         "hta:"};
 
-std::string Klein(std::string s) {
-    for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return s;
-}
 }  // namespace
 
 void AlarmFenster::SeitenleisteAnlegen() {
@@ -227,13 +220,10 @@ void AlarmFenster::Image1_Click(int index) {
 }
 
 void AlarmFenster::ListView2_ColumnClick(int spalte) {
-    ListView2SortKey = spalte - 1;
-    ListView2Sorted = true;
-    // Always ascending, as text and without regard to case.
-    const auto key = static_cast<std::size_t>(ListView2SortKey);
-    auto text = [key](const ListItem& z) { return Klein(z.SubItem(key)); };
-    std::stable_sort(ListView2.Items.begin(), ListView2.Items.end(),
-                     [&](const ListItem& a, const ListItem& b) { return text(a) < text(b); });
+    // Always ascending. Sorting stays on: the reload and the accepted entries keep the order.
+    ListView2.SortKey = spalte - 1;
+    ListView2.Sorted = true;
+    ListView2.Sortieren();
 }
 
 }  // namespace kes

@@ -1,5 +1,6 @@
 #include "platform/allefunktionen.h"
 
+#include "common/fehler.h"
 #include "common/fenster.h"
 #include "common/steuerelemente.h"
 #include "common/text.h"
@@ -10,12 +11,26 @@ bool DateiVorhanden(Plattform& p, const std::string& datei) {
     return p.files.CanRead(datei);
 }
 
+int LaufzeitFehler(long systemFehler) {
+    switch (systemFehler) {
+        case 2:  // ERROR_FILE_NOT_FOUND
+            return kFehlerDateiNichtGefunden;
+        case 5:   // ERROR_ACCESS_DENIED, also a read-only file or a folder
+        case 32:  // ERROR_SHARING_VIOLATION
+        case 33:  // ERROR_LOCK_VIOLATION
+            return kFehlerZugriffVerweigert;
+        default:  // a missing folder, a bad name, and whatever else keeps the file
+            return kFehlerDateizugriff;
+    }
+}
+
 bool DateiLöschen(Plattform& p, const std::string& datei) {
     p.files.SetAttributes(datei, kAttrNormal);
     const long fehler = p.files.Delete(datei);
     if (fehler == 0) return true;
     p.dialogs.ShowMessage(
-        "Datei :" + datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(fehler), "", kMbOk);
+        "Datei :" + datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(LaufzeitFehler(fehler)),
+        "", kMbOk);
     return false;
 }
 

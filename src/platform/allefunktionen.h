@@ -14,7 +14,12 @@ struct ListView;
 
 // True when the file can be opened for reading; a locked file counts as absent.
 bool DateiVorhanden(Plattform& p, const std::string& datei);
-// Clears the attributes and deletes; on failure tells the user and gives false.
+// The number the program's messages give for a failed file operation, from the system's
+// error code: 53 file not found, 70 access denied (also locked or in use), 75 for the rest
+// (a path that does not exist, a bad name).
+int LaufzeitFehler(long systemFehler);
+// Clears the attributes and deletes; on failure tells the user with the number of
+// LaufzeitFehler and gives false.
 bool DateiLöschen(Plattform& p, const std::string& datei);
 // Behind the last ":" or "\"; the whole text when it holds neither.
 std::string DateiName(const std::string& pfad);

@@ -48,7 +48,7 @@ bool Registry::CloseKey(RegHandle handle) {
     return p_.registry.CloseKey(handle) == kErrorSuccess;
 }
 
-std::vector<std::string> Registry::EnumSubkeys(RegHandle handle, std::size_t grenze) {
+std::vector<std::string> Registry::EnumSubkeys(RegHandle handle, const Kategorie& kategorieschlüssel) {
     std::vector<std::string> namen;
     std::vector<char> puffer(kNamePuffer);
     for (std::uint32_t i = 0;; ++i) {
@@ -60,7 +60,7 @@ std::vector<std::string> Registry::EnumSubkeys(RegHandle handle, std::size_t gre
         p_.timers.PumpMessages();
         // Stored whatever the call returned: the failing call leaves the last entry.
         namen.emplace_back(puffer.data(), std::min(grösse, kNamePuffer));
-        if (grenze > 0 && i + 1 > grenze) return {};
+        if (kategorieschlüssel == Kategorie::Dienste && i + 1 > kDiensteGrenze) return {};
         if (rc == kErrorNoMoreItems) return namen;
         // A refused handle or a key deleted during the walk fails every further round:
         // such a walk would never end.
@@ -83,11 +83,12 @@ std::vector<WertEintrag> Registry::EnumValues(RegHandle handle) {
     }
 }
 
-std::vector<std::string> Registry::GetSubkeys(RegHandle root, const std::string& key, std::size_t grenze) {
+std::vector<std::string> Registry::GetSubkeys(RegHandle root, const std::string& key,
+                                              const Kategorie& kategorieschlüssel) {
     p_.timers.PumpMessages();
     RegHandle h = 0;
     p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &h);
-    auto namen = EnumSubkeys(h, grenze);
+    auto namen = EnumSubkeys(h, kategorieschlüssel);
     CloseKey(h);
     return namen;
 }

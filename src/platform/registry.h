@@ -3,7 +3,8 @@
 // walks keep the buffer sizes and access masks they were designed with, because the
 // watchers' baselines depend on what these limits let through: EnumSubkeys and EnumValues
 // end with the entry of the failing call, GetValueList drops values of 256 bytes or more,
-// and a caller may set a count of subkeys above which a walk gives up.
+// and a subkey walk gives up beyond 3000 entries while the current category key is
+// "Dienste", whoever walks.
 #pragma once
 
 #include <cstddef>
@@ -11,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "common/kategorie.h"
 #include "platform/seam/plattform.h"
 
 namespace kes {
@@ -32,6 +34,11 @@ struct WertDaten {
     std::string Daten;
 };
 
+// Beyond this many entries a subkey walk under the key "Dienste" gives up: the guard
+// against a runaway enumeration of the services. The key stays after the services watcher
+// until another sets its own, so whatever walks meanwhile has the same bound.
+inline constexpr std::size_t kDiensteGrenze = 3000;
+
 // The module Registry.
 class Registry {
 public:
@@ -43,15 +50,16 @@ public:
     // True when RegCloseKey returned 0.
     bool CloseKey(RegHandle handle);
 
-    // Subkey names; the last entry is that of the failing call (2000 NULs). With a grenze
-    // above 0 a walk past that many entries gives no entries at all, and so does a walk on
-    // a handle the platform refuses (it would never reach the end).
-    std::vector<std::string> EnumSubkeys(RegHandle handle, std::size_t grenze = 0);
+    // Subkey names; the last entry is that of the failing call (2000 NULs). The current
+    // category key is the process-wide one, read at every round: while it is "Dienste" a
+    // walk past kDiensteGrenze entries gives no entries at all, and so does a walk on a
+    // handle the platform refuses (it would never reach the end).
+    std::vector<std::string> EnumSubkeys(RegHandle handle, const Kategorie& kategorieschlüssel);
     // Types and names of the values, the last column again from the failing call.
     std::vector<WertEintrag> EnumValues(RegHandle handle);
 
     // Opens with all access whatever the outcome, walks, closes.
-    std::vector<std::string> GetSubkeys(RegHandle root, const std::string& key, std::size_t grenze = 0);
+    std::vector<std::string> GetSubkeys(RegHandle root, const std::string& key, const Kategorie& kategorieschlüssel);
     // The names of EnumValues, surplus entry included.
     std::vector<std::string> GetValueNames(RegHandle root, const std::string& key);
     // Opens with query rights only. Only the last value survives in the result (the array

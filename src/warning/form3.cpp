@@ -31,6 +31,8 @@ void Form3Fenster::Show() {
 
 void Form3Fenster::Form_Activate() {
     ImmerOben(*this, true);
+    // The focus rests on the picture, not on a button a stray key could press.
+    picProcIconFokus = true;
 }
 
 void Form3Fenster::Form_Resize() {

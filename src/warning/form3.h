@@ -41,6 +41,8 @@ public:
 
     // Set only by Image7: the window was left with monitoring switched off.
     bool ÜberwachungAus = false;
+    // Asks the view to give the focus to picProcIcon; the view clears it.
+    bool picProcIconFokus = false;
 
     void Show() override;
     void Form_Load();

@@ -167,6 +167,7 @@ bool HostsDatei(Form3Fenster& f) {
 bool DFÜ(Form3Fenster& f) {
     AlarmDaten& a = f.K().Alarm();
     a.ListView2.Add(T(f, 0)).SetSubItem(1, T(f, 1));
+    a.ListView2.Sortieren();  // the file is written in the order the list shows
     std::vector<std::string> zeilen;
     for (const auto& z : a.ListView2.Items) zeilen.push_back(z.Text + "€" + z.SubItem(1));
     Schreiben(f, "daten\\0190.txt", zeilen, Schreibfehler::Übergehen);

@@ -24,6 +24,7 @@ void DFÜ::LadeDFÜ() {
         if (p != std::string::npos) name = feld.substr(0, p);
         ListView2.Add(name).SetSubItem(1, p == std::string::npos ? feld : feld.substr(p + 1));
     }
+    ListView2.Sortieren();
 }
 
 void DFÜ::TesteDFÜ() {

@@ -80,7 +80,7 @@ void Dienste::TesteDienste() {
     w.Kategorieschlüssel = Kategorie::Dienste;
     std::vector<std::string> liste;
     try {
-        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, kDiensteGrenze);
+        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, w.Kategorieschlüssel);
     } catch (...) {
         return;
     }

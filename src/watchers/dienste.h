@@ -31,8 +31,4 @@ private:
     DateiVersion infos_;  // one record, filled anew for each entry
 };
 
-// A walk of the services key gives up beyond this many subkeys: the guard against a
-// runaway enumeration.
-inline constexpr std::size_t kDiensteGrenze = 3000;
-
 }  // namespace kes

@@ -173,7 +173,8 @@ void Klassenlisten::Teste(Art art) {
     std::vector<std::string> liste;
     try {
         Registry reg(p);
-        liste = m.unterschlüssel ? reg.GetSubkeys(m.root, m.schlüssel) : reg.GetValueNames(m.root, m.schlüssel);
+        liste = m.unterschlüssel ? reg.GetSubkeys(m.root, m.schlüssel, k_.W().Kategorieschlüssel)
+                                 : reg.GetValueNames(m.root, m.schlüssel);
     } catch (const Fehler& f) {
         // Only the helper objects say so; the others end without a word.
         if (art == Art::BHO)

@@ -10,9 +10,11 @@
 namespace kes {
 
 namespace {
-// A yield to the message loop every so many compare steps: often enough for the windows
-// to stay alive during a long search, seldom enough not to cost more than the compare.
-constexpr std::size_t kPumpenAlle = 64;
+// The fill loops and the searches let window messages run at every step, so a folder of
+// thousands of files never holds the windows up. That costs next to nothing: the platform's
+// pump looks into the queue at most once a millisecond and passes the other yields over
+// after one clock read. bench/systemordner_bench under Wine, 2493 files in system32: one
+// yield per file 0.20 ms, the folder walk alone 220 ms (minimums of 10 rounds).
 
 std::unordered_set<std::string> Pfade(const ListView& liste) {
     std::unordered_set<std::string> menge;
@@ -36,17 +38,22 @@ void WindowsDateien::Füllen(ListView& liste, const std::string& ordner) {
     Plattform& p = k_.P();
     std::vector<DateiEintrag> dateien;
     DateienSuchen(p, ordner, false, "*.*", dateien);
-    liste.Items.clear();
-    liste.Items.reserve(dateien.size());
+    // Filled aside and put in place at the end: the list is not half filled while messages
+    // run, and the loop holds nothing of a list a message could change.
+    std::vector<ListItem> zeilen;
+    zeilen.reserve(dateien.size());
     for (const DateiEintrag& d : dateien) {
+        k_.Pumpen();
         const std::string pfad = d.Ordner + d.Name;
-        ListItem& z = liste.Add(pfad);
+        ListItem& z = zeilen.emplace_back();
+        z.Text = pfad;
         // A file that cannot be measured keeps its length field unset.
         try {
             if (const auto länge = p.files.Length(pfad)) z.SetSubItem(1, std::to_string(*länge));
         } catch (...) {
         }
     }
+    liste.Items = std::move(zeilen);
 }
 
 void WindowsDateien::LadeWindows() {
@@ -81,9 +88,9 @@ void WindowsDateien::Gelöscht(const std::string& ordner, const ListView& basis,
     std::string pfad;
     std::size_t nummer = 0;
     for (std::size_t i = basis.Items.size(); i >= 1; --i) {
-        if (i % kPumpenAlle == 0) k_.Pumpen();
+        k_.Pumpen();
         if (i > basis.Items.size()) continue;  // the baseline shrank during the pump
-        const std::string& text = basis.Items[i - 1].Text;
+        const std::string text = basis.Items[i - 1].Text;
         if (jetzt.count(text) || k_.Später(text)) continue;
         pfad = text;
         nummer = i;
@@ -105,10 +112,10 @@ void WindowsDateien::Erstellt(const ListView& basis, bool ausnahmen) {
 
     // What stays in ListView5 is what the baseline lacks, in the snapshot's order.
     const std::unordered_set<std::string> bekannt = Pfade(basis);
-    std::vector<ListItem> neu;
-    for (std::size_t i = 0; i < ListView5.Items.size(); ++i) {
-        if ((i + 1) % kPumpenAlle == 0) k_.Pumpen();
-        if (!bekannt.count(ListView5.Items[i].Text)) neu.push_back(ListView5.Items[i]);
+    std::vector<ListItem> jetzt = ListView5.Items, neu;
+    for (ListItem& z : jetzt) {
+        k_.Pumpen();
+        if (!bekannt.count(z.Text)) neu.push_back(std::move(z));
     }
     ListView5.Items = std::move(neu);
     if (ListView5.Items.empty()) return;

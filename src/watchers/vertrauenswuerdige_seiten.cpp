@@ -55,8 +55,9 @@ void VertrauenswürdigeSeiten::Testen(const Hive& h) {
     std::string domain;
     bool neu = false;
     try {
-        const auto schlüssel = Registry(k_.P()).GetSubkeys(h.root, kZoneMapDomains);
-        // A missing key gives no entries or an empty first one: nothing to test.
+        const auto schlüssel = Registry(k_.P()).GetSubkeys(h.root, kZoneMapDomains, k_.W().Kategorieschlüssel);
+        // A missing key gives no entries or an empty first one: nothing to test. So does a
+        // walk of more than 3000 domains while the services watcher's key still stands.
         if (schlüssel.empty() || schlüssel.front().empty()) return;
         // With case, though the registry has none.
         const BekannteTexte liste(ListView12.Items, [](const ListItem& z) { return z.Text; });

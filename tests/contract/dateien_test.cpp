@@ -32,6 +32,7 @@ TEST_F(Dateien, MissingFile_CannotBeReadAndHasNoLengthOrAttributes) {
     EXPECT_FALSE(f.Length(Pfad("fehlt.txt")).has_value());
     EXPECT_EQ(f.GetAttributes(Pfad("fehlt.txt")), kInvalidAttributes);
     EXPECT_EQ(f.Delete(Pfad("fehlt.txt")), 2);
+    EXPECT_EQ(f.Delete(Pfad("fehlt\\fehlt.txt")), 3) << "the folder is missing too";
 }
 
 TEST_F(Dateien, WrittenBytes_ComeBackUnchangedUnderAnyCaseOfTheName) {

@@ -57,7 +57,7 @@ protected:
 TEST_F(Listen, GetSubkeys_TwoSubkeys_GiveThreeEntriesTheLastFromTheFailingCall) {
     Schlüssel("Zwei\\Alpha");
     Schlüssel("Zwei\\beta");
-    const auto namen = reg.GetSubkeys(kHkeyCurrentUser, Pfad("Zwei"));
+    const auto namen = reg.GetSubkeys(kHkeyCurrentUser, Pfad("Zwei"), Kategorie::Keine);
     ASSERT_EQ(namen.size(), 3u);
     EXPECT_EQ(namen[0], "Alpha");
     EXPECT_EQ(namen[1], "beta");

@@ -95,7 +95,10 @@ bool FakeFiles::MoveReplacing(const std::string& from, const std::string& to) {
 
 long FakeFiles::Delete(const std::string& path) {
     Eintrag* e = Finde(path);
-    if (!e) return 2;
+    if (!e) {
+        const Eintrag* eltern = Finde(Eltern(Schlüssel(path)));
+        return eltern && eltern->ordner ? 2 : 3;
+    }
     if (e->ordner || (e->attribute & kAttrReadOnly)) return 5;
     if (e->gesperrt) return 32;
     einträge_.erase(Schlüssel(path));

@@ -34,11 +34,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     for (RegHandle root : {kHkeyLocalMachine, kHkeyCurrentUser, kHkeyClassesRoot, kHkeyUsers}) {
         for (const char* k : kSchlüssel) {
-            const auto unter = reg.GetSubkeys(root, k);
+            const auto unter = reg.GetSubkeys(root, k, Kategorie::Keine);
             if (!unter.empty())
                 Prüfen(unter.back() == std::string(2000, '\0'), "the surplus entry is not the failing call's");
-            const auto grenze = reg.GetSubkeys(root, k, 3);
-            Prüfen(grenze.empty() || grenze.size() <= 4, "a walk past its bound gave entries");
+            const auto dienste = reg.GetSubkeys(root, k, Kategorie::Dienste);
+            Prüfen(dienste.size() <= kDiensteGrenze && (dienste.empty() || dienste == unter),
+                   "the services' bound changed a walk within it");
             const auto namen = reg.GetValueNames(root, k);
             const auto zeilen = ListSubkeys(p, root, k);
             Prüfen(!zeilen.empty(), "ListSubkeys gave no entry at all");
@@ -69,7 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Prüfen(fp.registry.OpenHandles() == 0, "a walk left a key open");
 
     // The deletions the warnings make, on whatever names stand there.
-    const auto domains = reg.GetSubkeys(kHkeyCurrentUser, kSchlüssel[6]);
+    const auto domains = reg.GetSubkeys(kHkeyCurrentUser, kSchlüssel[6], Kategorie::Keine);
     for (std::size_t i = 0; i + 1 < domains.size() && i < 4; ++i)
         hive.DeleteKeyTree(static_cast<std::int32_t>(0x80000001u), std::string(kSchlüssel[6]) + "\\" + domains[i]);
     Prüfen(fp.registry.OpenHandles() == 0, "a deletion left a key open");

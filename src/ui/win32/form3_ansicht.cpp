@@ -203,7 +203,14 @@ void Form3Ansicht::Abgleichen() {
         }
     }
     Anordnen();
+    FokusGeben();
     if (!f_.Popup.Menü.empty()) MenüZeigen();
+}
+
+void Form3Ansicht::FokusGeben() {
+    if (!f_.picProcIconFokus) return;
+    f_.picProcIconFokus = false;
+    ::SetFocus(symbol_);
 }
 
 bool Form3Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) {
@@ -240,8 +247,12 @@ bool Form3Ansicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
             }
             return false;
         case WM_ACTIVATE:
-            if (LOWORD(wp) != WA_INACTIVE) f_.Form_Activate();
-            return false;
+            if (LOWORD(wp) == WA_INACTIVE) return false;
+            f_.Form_Activate();
+            // Handled here: the default handling would put the focus on the window itself.
+            FokusGeben();
+            ergebnis = 0;
+            return true;
         case WM_CLOSE:
             // The close box is no action: the window goes, nothing is written.
             prg_.Form3Entladen();

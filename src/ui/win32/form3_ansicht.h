@@ -24,6 +24,8 @@ private:
     bool Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) override;
     void Anordnen();
     void MenüZeigen();
+    // Carries out the model's wish for the focus on picProcIcon.
+    void FokusGeben();
 
     Programm& prg_;
     Form3Fenster& f_;

@@ -135,8 +135,13 @@ TEST_F(Assistent, TakeAll_FertigNo_MonitoringOnInTray_TwelveBoxesWithoutClicks_S
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Info Kestrella!");
     EXPECT_EQ(fp.dialogs.meldungen[0].flags, kMbYesNo);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text.substr(0, 36), "\r\n" + std::string(33, '*') + " ");
-    EXPECT_NE(fp.dialogs.meldungen[0].text.find("Wollen sie jetzt die Einstellungen vornehmen ?"), std::string::npos);
+    EXPECT_EQ(fp.dialogs.meldungen[0].text,
+              "\r\n" + std::string(33, '*') + " " + kHerstellerSeite + " " + std::string(32, '*') +
+                  "\r\n\r\n"
+                  "        Leider konnten nicht alle Werte und Einstellungen übernommen werden.\r\n"
+                  "       Diese können sie manuell in den Einstellungen von Kestrella vornehmen.\r\n\r\n\r\n"
+                  "              Wollen sie jetzt die Einstellungen vornehmen ?\r\n\r\n" +
+                  std::string(81, '*') + "\r\n");
     EXPECT_TRUE(gefragtMitGrösse);
 
     AlarmFenster& a = prg.Alarm();

@@ -43,10 +43,18 @@ TEST_F(Panel, BoxOne_SetsTheSoundFlagAndSaves) {
     EXPECT_EQ(prg.Soundflag, 0);
 }
 
-TEST_F(Panel, FolderBoxes_DoNotSave) {
+TEST_F(Panel, FolderBoxes_LoadAnEmptyBaselineAtOnce_OnOrOff_AndDoNotSave) {
+    fp.files.Put("C:\\WINDOWS\\a.exe", "MZ");
+    fp.files.Put("C:\\WINDOWS\\system32\\k.dll", "MZ");
     a().Box1[19].setValue(1);
     a().Box1[19].KlickVomBenutzer();  // turned off: the baseline is loaded all the same
+    ASSERT_EQ(a().ListView4.Items.size(), 1u);
+    EXPECT_EQ(a().ListView4.Items[0].Text, "C:\\WINDOWS\\a.exe");
+    fp.files.Put("C:\\WINDOWS\\b.exe", "MZ");
+    a().Box1[19].KlickVomBenutzer();
+    EXPECT_EQ(a().ListView4.Items.size(), 1u) << "a baseline that is there stays";
     a().Box1[20].KlickVomBenutzer();
+    EXPECT_EQ(a().ListView7.Items.size(), 1u);
     EXPECT_FALSE(Gespeichert());
 }
 
@@ -188,18 +196,42 @@ TEST_F(Panel, StartPageList_EmptyListOpensNoMenu) {
     EXPECT_TRUE(a().Menü.Name.empty());
 }
 
-TEST_F(Panel, DialUpList_SortsAscendingByTheClickedColumn) {
-    a().ListView2.Items.clear();
-    a().ListView2.Add("b").SetSubItem(1, "1");
-    a().ListView2.Add("a").SetSubItem(1, "3");
-    a().ListView2.Add("C").SetSubItem(1, "2");
+TEST_F(Panel, DialUpList_SortsAscendingByTheClickedColumn_AndStaysSortedForLaterRows) {
+    auto namen = [&] {
+        std::string t;
+        for (const ListItem& z : a().ListView2.Items) t += z.Text + " ";
+        return t;
+    };
+    const std::string datei = ordner + "daten\\0190.txt";
+    fp.files.Put(datei,
+                 "b\x80"
+                 "1\r\na\x80"
+                 "3\r\nC\x80"
+                 "2\r\n");
+    a().dfü.LadeDFÜ();
+    EXPECT_EQ(namen(), "b a C ") << "unsorted until a column head is clicked";
     a().ListView2_ColumnClick(2);
-    EXPECT_EQ(a().ListView2SortKey, 1);
-    EXPECT_TRUE(a().ListView2Sorted);
-    EXPECT_EQ(a().ListView2.Items[0].Text, "b");
+    EXPECT_EQ(namen(), "b C a ");
     a().ListView2_ColumnClick(1);
-    EXPECT_EQ(a().ListView2.Items[0].Text, "a");
-    EXPECT_EQ(a().ListView2.Items[2].Text, "C");
+    EXPECT_EQ(namen(), "a b C ");
+
+    // An accepted entry takes its place in the list and in the file written from it.
+    prg.Kategorieschlüssel = Kategorie::DFÜ;
+    prg.Form3().Text1[0].Text = "B2";
+    prg.Form3().Text1[1].Text = "4";
+    prg.Form3().Image_Click(1);
+    EXPECT_EQ(namen(), "a b B2 C ");
+    EXPECT_EQ(fp.files.Content(datei).substr(0, 10),
+              "a\x80"
+              "3\r\nb\x80"
+              "1\r\n");
+
+    fp.files.Put(datei,
+                 "z\x80"
+                 "9\r\nA0\x80"
+                 "8\r\n");
+    a().dfü.LadeDFÜ();
+    EXPECT_EQ(namen(), "A0 z ") << "the reload keeps the order";
 }
 
 TEST_F(Panel, Links_OpenTheSiteAndAMailWithVersion_SecurityZonesMinimised) {

@@ -60,17 +60,29 @@ TEST_F(Dateihilfen, LockedFileCountsAsAbsent) {
     EXPECT_FALSE(DateiVorhanden(fp.plattform, "C:\\a.txt"));
 }
 
-TEST_F(Dateihilfen, DeleteClearsReadOnlyAndReportsFailure) {
+TEST_F(Dateihilfen, DeleteClearsReadOnly) {
     fp.files.Put("C:\\schreibgeschützt.txt", "x", kAttrReadOnly | kAttrHidden);
     EXPECT_TRUE(DateiLöschen(fp.plattform, "C:\\schreibgeschützt.txt"));
     EXPECT_FALSE(fp.files.Exists("C:\\schreibgeschützt.txt"));
     EXPECT_TRUE(fp.dialogs.meldungen.empty());
+}
 
+TEST_F(Dateihilfen, DeleteFailure_ReportsTheRuntimesNumberNotTheSystemsCode) {
     fp.files.Put("C:\\offen.txt", "x");
     fp.files.Lock("C:\\offen.txt");
-    EXPECT_FALSE(DateiLöschen(fp.plattform, "C:\\offen.txt"));
-    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text, "Datei :C:\\offen.txt\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: 32");
+    fp.files.MakeDirs("C:\\Ordner");
+    struct Fall {
+        const char* datei;
+        const char* nummer;
+    };
+    for (const Fall& f : {Fall{"C:\\fehlt.txt", "53"}, Fall{"C:\\offen.txt", "70"}, Fall{"C:\\Ordner", "70"},
+                          Fall{"C:\\Kein Ordner\\x.txt", "75"}}) {
+        fp.dialogs.meldungen.clear();
+        EXPECT_FALSE(DateiLöschen(fp.plattform, f.datei));
+        ASSERT_EQ(fp.dialogs.meldungen.size(), 1u) << f.datei;
+        EXPECT_EQ(fp.dialogs.meldungen[0].text,
+                  std::string("Datei :") + f.datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + f.nummer);
+    }
 }
 
 TEST_F(Dateihilfen, CentresOnScreenOrOnOwner) {

@@ -1,5 +1,5 @@
-// The registry listings where the caller decides: the cut-off of a large walk, and walks
-// that the platform refuses.
+// The registry listings where the current category key decides: the cut-off of a large
+// walk; and walks that the platform refuses.
 #include <gtest/gtest.h>
 
 #include "common/steuerelemente.h"
@@ -22,21 +22,32 @@ protected:
     }
 };
 
-TEST_F(RegistryListen, CutOff3000_2999Subkeys_AreListedWithTheSurplusEntry) {
-    Dienste(2999);
-    EXPECT_EQ(reg.GetSubkeys(kHkeyLocalMachine, dienste, 3000).size(), 3000u);
+TEST_F(RegistryListen, CutOffFollowsTheCategoryKey_AnyWalkUnderDiensteGivesUpPast3000Entries) {
+    struct Fall {
+        int unterschlüssel;
+        Kategorie schlüssel;
+        std::size_t einträge;  // the surplus entry of the failing call included
+    };
+    const Fall fälle[] = {
+        {2999, Kategorie::Dienste, 3000}, {3000, Kategorie::Dienste, 0},  // the surplus entry is the 3001st
+        {3001, Kategorie::Dienste, 0},    {3001, Kategorie::ToolBar, 3002}, {3001, Kategorie::Keine, 3002},
+    };
+    int angelegt = 0;
+    for (const Fall& f : fälle) {
+        for (; angelegt < f.unterschlüssel; ++angelegt)
+            fp.registry.MakeKey("HKEY_LOCAL_MACHINE\\" + dienste + "\\Dienst" + std::to_string(angelegt));
+        EXPECT_EQ(reg.GetSubkeys(kHkeyLocalMachine, dienste, f.schlüssel).size(), f.einträge)
+            << f.unterschlüssel << " subkeys under " << KategorieName(f.schlüssel);
+    }
 }
 
-TEST_F(RegistryListen, CutOff3000_3000SubkeysOrMore_GiveNoEntriesAtAll) {
-    Dienste(3000);
-    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, dienste, 3000).empty()) << "the surplus entry is the 3001st";
-    fp.registry.MakeKey("HKEY_LOCAL_MACHINE\\" + dienste + "\\Noch einer");
-    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, dienste, 3000).empty());
-}
-
-TEST_F(RegistryListen, NoCutOff_ListsEverySubkey) {
+TEST_F(RegistryListen, CutOff_ReadsTheKeyAtEveryRound) {
+    // The process-wide key, not a copy taken at the start: it can change while the walk
+    // lets window messages run.
     Dienste(3001);
-    EXPECT_EQ(reg.GetSubkeys(kHkeyLocalMachine, dienste).size(), 3002u);
+    Kategorie schlüssel = Kategorie::Keine;
+    fp.timers.beimPumpen.push_back([&] { schlüssel = Kategorie::Dienste; });
+    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, dienste, schlüssel).empty());
 }
 
 TEST_F(RegistryListen, WalkLetsWindowMessagesRunThreeTimesARound) {
@@ -46,7 +57,7 @@ TEST_F(RegistryListen, WalkLetsWindowMessagesRunThreeTimesARound) {
     int geklickt = 0;
     fp.timers.beimPumpen.push_back([&] { ++geklickt; });
     const int vorher = fp.timers.pumpen;
-    EXPECT_EQ(reg.EnumSubkeys(h).size(), 2u);
+    EXPECT_EQ(reg.EnumSubkeys(h, Kategorie::Keine).size(), 2u);
     EXPECT_EQ(fp.timers.pumpen - vorher, 6) << "two rounds";
     EXPECT_EQ(geklickt, 1) << "a pending click runs in the middle of the walk";
     EXPECT_TRUE(reg.CloseKey(h));
@@ -63,13 +74,13 @@ TEST_F(RegistryListen, KeyDeletedDuringTheWalk_EndsTheWalkInsteadOfSpinning) {
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Zwei");
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg");
     });
-    EXPECT_TRUE(reg.EnumSubkeys(h).empty());
+    EXPECT_TRUE(reg.EnumSubkeys(h, Kategorie::Keine).empty());
     EXPECT_TRUE(reg.EnumValues(h).empty());
     reg.CloseKey(h);
 }
 
 TEST_F(RegistryListen, MissingKey_GetSubkeysAndGetValueNamesEndInsteadOfSpinning) {
-    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, "SOFTWARE\\Fehlt").empty());
+    EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, "SOFTWARE\\Fehlt", Kategorie::Keine).empty());
     EXPECT_TRUE(reg.GetValueNames(kHkeyLocalMachine, "SOFTWARE\\Fehlt").empty());
     EXPECT_EQ(fp.registry.OpenHandles(), 0);
 }

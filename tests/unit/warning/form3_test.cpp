@@ -47,13 +47,17 @@ TEST_F(Warnfenster, EachCategoryShowsItsRowOfButtons) {
         EXPECT_EQ(Knöpfe(k), (V{"Später", "Image7"})) << KategorieName(k);
 }
 
-TEST_F(Warnfenster, ShrinksToTheVisiblePanes) {
+TEST_F(Warnfenster, ShrinksToTheVisiblePanes_ActivatedOnTopWithTheFocusOnThePicture) {
     Form3Fenster& f = prg.Form3();
     const int voll = f.Height;
     f.Picture3[1].Visible = false;
     f.Show();
     EXPECT_EQ(f.Height, voll - f.Picture3[1].Height);
     EXPECT_TRUE(f.Topmost);
+    EXPECT_TRUE(f.picProcIconFokus);
+    f.Topmost = f.picProcIconFokus = false;
+    f.Form_Activate();  // a click back into the window
+    EXPECT_TRUE(f.Topmost && f.picProcIconFokus);
 }
 
 TEST_F(Warnfenster, CloseBoxRestartsTheCycle_SwitchOffLeavesItStopped) {

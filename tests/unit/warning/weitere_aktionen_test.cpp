@@ -79,12 +79,25 @@ TEST_F(WeitereAktionen, HalvenikHostsWithoutTheProgramsOwnFile_KeepsSizeAndHosts
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
-TEST_F(WeitereAktionen, HostsOpen_StartsNotepadAndKeepsTheWarning) {
-    Form3Fenster& f = Warnung(Kategorie::HostsDatei);
-    f.Image_Click(9);
-    ASSERT_EQ(fp.shell.kommandos.size(), 1u);
-    EXPECT_EQ(fp.shell.kommandos[0].kommando, "notepad.exe " + hostsPfad);
-    EXPECT_TRUE(prg.Form3Geladen());
+TEST_F(WeitereAktionen, OpenButton_StartsItsToolAndKeepsTheWarning) {
+    struct Fall {
+        Kategorie kategorie;
+        std::string kommando;
+        bool obenBleiben;
+    };
+    for (const Fall& f : {Fall{Kategorie::HostsDatei, "notepad.exe " + hostsPfad, true},
+                          Fall{Kategorie::Dienste, "mmc.exe C:\\WINDOWS\\system32\\services.msc", false}}) {
+        prg.Form3Entladen();
+        fp.shell.kommandos.clear();
+        Form3Fenster& w = Warnung(f.kategorie);
+        w.Show();
+        w.Image_Click(9);
+        ASSERT_EQ(fp.shell.kommandos.size(), 1u) << KategorieName(f.kategorie);
+        EXPECT_EQ(fp.shell.kommandos[0].kommando, f.kommando);
+        EXPECT_EQ(fp.shell.kommandos[0].show, 1) << "normal focus";
+        EXPECT_EQ(w.Topmost, f.obenBleiben) << "the console must not open behind the warning";
+        EXPECT_TRUE(prg.Form3Geladen());
+    }
 }
 
 }  // namespace

@@ -68,6 +68,15 @@ TEST_F(AutostartRegistry, KnownInAnyCase_OrDeferredEvenWhenChanged_StaysSilent) 
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
+TEST_F(AutostartRegistry, VanishedValue_RaisesNothing_AndItsLineStays) {
+    Benutzerwert("Bleibt", "b.exe");
+    Kennen("HKEY_CURRENT_USER\\" + kRun + "\\Bleibt\\b.exe");
+    Kennen("HKEY_CURRENT_USER\\" + kRun + "\\Weg\\w.exe");
+    alarm().autostartRegistry.TesteAutostartRegistry();
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(alarm().ListView1.Items.size(), 2u);
+}
+
 TEST_F(AutostartRegistry, ChangedData_CountsAsNew) {
     Benutzerwert("Tool", "neu.exe");
     Kennen("HKEY_CURRENT_USER\\" + kRun + "\\Tool\\alt.exe");

@@ -137,6 +137,13 @@ TEST_F(Dfue, Accept_WritesNameEuroByteNumber_AndTheEntryIsKnown) {
     alarm().dfü.LadeDFÜ();
     Testen();
     EXPECT_FALSE(prg.Form3Geladen());
+
+    // The entry vanishes from the system: the compare runs one way only.
+    fp.dialup.einträge.clear();
+    Eintrag("Anders", "1");
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(alarm().ListView2.Items.size(), 2u) << "its line stays";
 }
 
 TEST_F(Dfue, Delete_RemovesTheEntry_OrSaysWhyNot) {

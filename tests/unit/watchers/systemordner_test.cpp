@@ -2,6 +2,7 @@
 // others, deleted files reported upward from the end of the baseline, the exception list
 // of the Windows folder alone, and the two answers "Ausnahmeliste" and "Na gut..".
 #include "panel/alarm.h"
+#include "platform/alledateien.h"
 #include "programm_test_basis.h"
 #include "warning/form3.h"
 
@@ -86,6 +87,19 @@ TEST_F(Systemordner, DeletedFile_WarnsWithItsRowAndTheTwoAnswers) {
     EXPECT_EQ(T(4), "3");
     EXPECT_TRUE(f.Image[4].Visible && f.Image[5].Visible && f.Label3[3].Visible && f.Label3[4].Visible);
     EXPECT_FALSE(f.Image[1].Visible || f.Image[3].Visible);
+}
+
+TEST_F(Systemordner, FolderTheWalkCannotOpen_EveryBaselineFileCountsAsMissing) {
+    prg.Windowsordner = "C:\\GESPERRT";  // the walk finds nothing there it may list
+    Windows();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(T(0), kWin + "d.exe") << "the last row of the baseline first";
+    EXPECT_EQ(T(2), "0");
+    EXPECT_EQ(T(4), "4");
+    prg.Form3().Image_Click(6);
+    prg.Aufräumen();
+    Windows();
+    EXPECT_EQ(T(0), kWin + "c.exe");
 }
 
 TEST_F(Systemordner, EqualCounts_NothingIsSearched) {
@@ -192,17 +206,26 @@ TEST_F(Systemordner, ExceptionFile_ReadUntilTheFirstEmptyLine_MissingLeavesTheLi
     EXPECT_EQ(alarm().List5.Items, std::vector<std::string>{kWin + "a.exe"});
 }
 
-TEST_F(Systemordner, LongSearch_YieldsNowAndThen_NotAtEveryCompare) {
+TEST_F(Systemordner, FillAndSearch_YieldAtEveryStep) {
     for (int i = 0; i < 1000; ++i) fp.files.Put(kSys + "f" + std::to_string(1000 + i) + ".dll", "MZ");
+    // The folder walk's own yields, which are not this watcher's.
+    const auto walk = [&] {
+        const int vorher = fp.timers.pumpen;
+        std::vector<DateiEintrag> dateien;
+        DateienSuchen(fp.plattform, prg.Systemordner, false, "*.*", dateien);
+        return fp.timers.pumpen - vorher;
+    };
+    int vorher = fp.timers.pumpen;
     w().LadeWindowsSys32();
-    fp.files.Delete(kSys + "f1000.dll");  // near the top: the search goes through nearly all rows
-    const int vorher = fp.timers.pumpen;
+    int gepumpt = fp.timers.pumpen - vorher;
+    EXPECT_EQ(gepumpt, walk() + 1002) << "one per row filled";
+
+    fp.files.Delete(kSys + "f1000.dll");  // the first row: the search goes through all of them
+    vorher = fp.timers.pumpen;
     w().TesteWindowsSystem32Gelöscht();
     ASSERT_TRUE(prg.Form3Geladen());
-    const int dateien = 1001;                                         // the two of the set-up and 999 of these
-    const int suche = fp.timers.pumpen - vorher - (1 + 2 * dateien);  // less the walk's own
-    EXPECT_GE(suche, 1) << "a search over a thousand rows lets the windows live";
-    EXPECT_LE(suche, 50);
+    gepumpt = fp.timers.pumpen - vorher;
+    EXPECT_EQ(gepumpt, walk() + 1001 + 1002) << "one per row filled and per row searched";
 }
 
 TEST_F(Systemordner, Ausnahmeliste_AddsThePathWritesTheFileLogsAndCloses) {

@@ -173,6 +173,26 @@ TEST_F(SeitenImZyklus, MachinesWarning_SkipsTheUsersRoutine_AndTheUsersCannotBeD
     EXPECT_TRUE(prg.Form3Geladen()) << "and the same warning comes again";
 }
 
+TEST_F(SeitenImZyklus, MoreThan3000Domains_AreNotWalkedWhileTheServicesKeyStands) {
+    for (int i = 0; i < 3000; ++i)
+        fp.registry.SetDword("HKEY_LOCAL_MACHINE\\" + kDomains + "\\d" + std::to_string(i) + ".example", "http", 2);
+    prg.Alarm().Box1[28].setValue(1);
+    fp.timers.Advance(5000);
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::Dienste);
+    EXPECT_FALSE(prg.Form3Geladen()) << "the services watcher ran just before";
+
+    // The key outlives the services watcher's own row.
+    prg.Alarm().Box1[28].setValue(0);
+    fp.timers.Advance(5000);
+    EXPECT_FALSE(prg.Form3Geladen()) << "no other watcher set its key since";
+
+    // The hosts watcher stores its key at every run, before the trusted sites.
+    prg.Alarm().Box1[15].setValue(1);
+    fp.timers.Advance(5000);
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::ToolBar);
+}
+
 TEST_F(SeitenImZyklus, AcceptedDomain_IsWrittenAndStaysQuietAfterAReload) {
     fp.registry.SetDword("HKEY_CURRENT_USER\\" + kDomains + "\\u.example", "http", 2);
     fp.timers.Advance(5000);

@@ -110,6 +110,21 @@ TEST_F(Zyklus, UserHivesComeBeforeTheUserKeyAndBothBeforeTheHostsRow) {
     EXPECT_EQ(prg.Form3().Text1[1].Text, "HKEY_USERS") << "row 8 walks HKEY_USERS before row 9 reads HKCU";
 }
 
+TEST_F(Zyklus, StartPageWarning_StopsEveryWatcherRowAfterIt) {
+    Box(8, 1);
+    fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Main", "Start Page",
+                          "http://boese.example/");
+    // Every later row has something to do: the online row would start a command, the hosts
+    // row and the folder rows would store their own category key.
+    for (int b = 10; b <= 30; ++b) Box(b, 1);
+    fp.dialup.verbindungen = 1;
+    HostsÄndern();
+    fp.timers.Advance(5000);
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::StartPage);
+    EXPECT_TRUE(fp.shell.kommandos.empty());
+}
+
 TEST_F(Zyklus, ClosingTheWarning_RestartsTheCycleAWholeIntervalLater) {
     Box(15, 1);
     HostsÄndern();
