@@ -38,14 +38,16 @@ public:
     explicit Registry(Plattform& p) : p_(p) {}
 
     // RegOpenKeyExA with all access; the return code is dropped, so a failed open leaves
-    // the handle as it was (0 when the caller started from 0).
-    void OpenKey(RegHandle root, const std::string& key, RegHandle& handle);
-    // True when RegCloseKey returned 0.
-    bool CloseKey(RegHandle handle);
+    // the handle as it was (empty when the caller started from an empty one).
+    void OpenKey(RegHandle root, const std::string& key, RegKey& handle);
+    // Closes now: true when RegCloseKey returned 0.
+    bool CloseKey(RegKey& handle);
 
     // Subkey names; the last entry is that of the failing call (2000 NULs). With a grenze
     // above 0 a walk past that many entries gives no entries at all, and so does a walk on
-    // a handle the platform refuses (it would never reach the end).
+    // a handle the platform refuses (it would never reach the end). These two walk a key
+    // the caller holds, with the messages running between the rounds; the Get... listings
+    // below read with the key open and let the messages run after it is closed.
     std::vector<std::string> EnumSubkeys(RegHandle handle, std::size_t grenze = 0);
     // Types and names of the values, the last column again from the failing call.
     std::vector<WertEintrag> EnumValues(RegHandle handle);
@@ -62,6 +64,10 @@ public:
                                         const std::function<void(const WertDaten&)>& zeile = {});
 
 private:
+    std::vector<std::string> Unterschlüssel(RegHandle handle, std::size_t grenze, const std::function<void()>& pumpen);
+    std::vector<WertEintrag> Werte(RegHandle handle, const std::function<void()>& pumpen);
+    void Nachholen(int pumpen);
+
     Plattform& p_;
 };
 
