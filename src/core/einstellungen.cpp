@@ -21,10 +21,7 @@ T Lies(const PropertyBag& bag, const std::string& name, T standard) {
 
 bool GibtEsDatei(FileApi& files, const std::string& pfad) {
     FindData fd;
-    const FindHandle h = files.FindFirst(pfad, &fd);
-    if (h == kInvalidFind) return false;
-    files.FindClose(h);
-    return true;
+    return static_cast<bool>(files.FindFirst(pfad, &fd));
 }
 }  // namespace
 

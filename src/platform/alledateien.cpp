@@ -8,15 +8,21 @@ namespace {
 constexpr std::uint32_t kOrdnerAttribut = 0x10;
 
 // One pass over the folder. The first records files and notes subfolders; the second,
-// made only when a filter hid the subfolders, notes subfolders alone.
+// made only when a filter hid the subfolders, notes subfolders alone. The hits are read
+// whole and the walk closed before the window messages run between them.
 void Durchgang(Plattform& p, const std::string& ordner, const std::string& filter, bool dateien, bool recurse,
                std::vector<DateiEintrag>& records, std::vector<std::string>& unterordner) {
-    FindRecord fd;
-    const FindHandle h = p.details.FindFirst(ordner + "\\" + filter, &fd);
-    if (h == kInvalidFind) return;
     const std::string muster = ordner + "\\" + filter;
+    std::vector<FindRecord> treffer;
+    {
+        FindRecord fd;
+        const DetailFind h = p.details.FindFirst(muster, &fd);
+        if (!h) return;
+        do treffer.push_back(fd);
+        while (p.details.FindNext(h.Get(), &fd));
+    }
     const std::string ordnerText = muster.substr(0, muster.find_last_of('\\') + 1);
-    do {
+    for (const FindRecord& fd : treffer) {
         const std::string name = fd.name.substr(0, fd.name.find('\0'));
         if (!(fd.attributes & kOrdnerAttribut)) {
             if (dateien) {
@@ -37,8 +43,7 @@ void Durchgang(Plattform& p, const std::string& ordner, const std::string& filte
             unterordner.push_back(name);
         }
         p.timers.PumpMessages();
-    } while (p.details.FindNext(h, &fd));
-    p.details.FindClose(h);
+    }
 }
 }  // namespace
 

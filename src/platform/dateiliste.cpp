@@ -21,13 +21,12 @@ std::optional<std::vector<std::string>> DateienListen(Plattform& p, const std::s
 
     std::vector<std::string> namen;
     FindData fd;
-    const FindHandle h = p.files.FindFirst(muster, &fd);
-    if (h == kInvalidFind) return namen;
+    const FileFind h = p.files.FindFirst(muster, &fd);
+    if (!h) return namen;
     do {
         if (fd.attributes & (kAttrDirectory | kAttrHidden | kAttrSystem)) continue;
         namen.push_back(fd.name.substr(0, fd.name.find('\0')));
-    } while (p.files.FindNext(h, &fd));
-    p.files.FindClose(h);
+    } while (p.files.FindNext(h.Get(), &fd));
     // The control sorts its names; the file system's own order differs between machines.
     std::stable_sort(namen.begin(), namen.end(),
                      [](const std::string& a, const std::string& b) { return Klein(a) < Klein(b); });

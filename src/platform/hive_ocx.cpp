@@ -11,23 +11,13 @@ const char* Wertname(const std::string& name) {
     return (name.empty() || name[0] == '\0') ? "" : name.c_str();
 }
 
-class Schlüssel {
-public:
-    Schlüssel(RegistryApi& reg, int hive, const std::string& pfad, std::uint32_t maske) : reg_(reg) {
-        const RegHandle root = HandleVonHive(hive);
-        if (root != 0 && reg_.OpenKeyEx(root, pfad, maske, &h_) != kErrorSuccess) h_ = 0;
-    }
-    ~Schlüssel() {
-        if (h_) reg_.CloseKey(h_);
-    }
-    Schlüssel(const Schlüssel&) = delete;
-    Schlüssel& operator=(const Schlüssel&) = delete;
-    RegHandle get() const { return h_; }
-
-private:
-    RegistryApi& reg_;
-    RegHandle h_ = 0;
-};
+// The key of a hive code, or an empty one when the code or the key is unknown.
+RegKey Schlüssel(RegistryApi& reg, int hive, const std::string& pfad, std::uint32_t maske) {
+    RegKey k;
+    const RegHandle root = HandleVonHive(hive);
+    if (root != 0) reg.OpenKeyEx(root, pfad, maske, &k);
+    return k;
+}
 
 constexpr std::uint32_t kRegQword = 11;
 
@@ -62,12 +52,12 @@ RegHandle HandleVonHive(int hive) {
 }
 
 std::string HiveOCX::ReadValue(int hive, const std::string& key, const std::string& name) {
-    Schlüssel k(reg_, hive, key, kKeyRead);
-    if (!k.get()) return "";
+    const RegKey k = Schlüssel(reg_, hive, key, kKeyRead);
+    if (!k) return "";
     std::uint32_t typ = 0, grösse = 0;
-    if (reg_.QueryValueEx(k.get(), Wertname(name), &typ, nullptr, &grösse) != kErrorSuccess) return "";
+    if (reg_.QueryValueEx(k.Get(), Wertname(name), &typ, nullptr, &grösse) != kErrorSuccess) return "";
     std::vector<std::uint8_t> daten(grösse + 1, 0);
-    if (reg_.QueryValueEx(k.get(), Wertname(name), &typ, daten.data(), &grösse) != kErrorSuccess) return "";
+    if (reg_.QueryValueEx(k.Get(), Wertname(name), &typ, daten.data(), &grösse) != kErrorSuccess) return "";
     daten.resize(grösse);
     return AlsText(typ, daten);
 }
@@ -78,16 +68,15 @@ std::string HiveOCX::ReadValueText(int hive, std::string& key, std::string& name
 
 void HiveOCX::WriteValue(int hive, const std::string& key, const std::string& name, const std::string& data) {
     const RegHandle root = HandleVonHive(hive);
-    RegHandle h = 0;
-    if (root == 0 || reg_.CreateKeyEx(root, key, &h) != kErrorSuccess) return;
-    reg_.SetValueEx(h, Wertname(name), kRegSz, reinterpret_cast<const std::uint8_t*>(data.c_str()),
+    RegKey k;
+    if (root == 0 || reg_.CreateKeyEx(root, key, &k) != kErrorSuccess) return;
+    reg_.SetValueEx(k.Get(), Wertname(name), kRegSz, reinterpret_cast<const std::uint8_t*>(data.c_str()),
                     static_cast<std::uint32_t>(data.size() + 1));
-    reg_.CloseKey(h);
 }
 
 void HiveOCX::DeleteValue(int hive, const std::string& key, const std::string& name) {
-    Schlüssel k(reg_, hive, key, kKeyAllAccess);
-    if (k.get()) reg_.DeleteValue(k.get(), Wertname(name));
+    const RegKey k = Schlüssel(reg_, hive, key, kKeyAllAccess);
+    if (k) reg_.DeleteValue(k.Get(), Wertname(name));
 }
 
 void HiveOCX::DeleteKey(int hive, const std::string& key) {
@@ -104,33 +93,34 @@ void HiveOCX::DeleteKeyTree(std::int32_t root, const std::string& key) {
 void HiveOCX::Baum(RegHandle root, const std::string& key, int tiefe) {
     // A path with a NUL ends there for the ANSI calls and names a key above the one meant.
     if (key.empty() || key.find('\0') != std::string::npos || tiefe > 64) return;
-    RegHandle h = 0;
-    if (reg_.OpenKeyEx(root, key, kKeyAllAccess, &h) != kErrorSuccess) return;
     std::vector<std::string> kinder;
-    char name[256];
-    for (std::uint32_t i = 0;; ++i) {
-        std::uint32_t länge = sizeof name;
-        if (reg_.EnumKeyEx(h, i, name, &länge) != kErrorSuccess) break;
-        // A name with a NUL in it cannot be named through the ANSI calls: its path would end
-        // at the NUL and name this key again, and the walk would go round in circles.
-        const std::string kind(name, länge);
-        if (kind.empty() || kind.find('\0') != std::string::npos) continue;
-        kinder.push_back(kind);
+    {
+        RegKey k;
+        if (reg_.OpenKeyEx(root, key, kKeyAllAccess, &k) != kErrorSuccess) return;
+        char name[256];
+        for (std::uint32_t i = 0;; ++i) {
+            std::uint32_t länge = sizeof name;
+            if (reg_.EnumKeyEx(k.Get(), i, name, &länge) != kErrorSuccess) break;
+            // A name with a NUL in it cannot be named through the ANSI calls: its path would
+            // end at the NUL and name this key again, and the walk would go round in circles.
+            const std::string kind(name, länge);
+            if (kind.empty() || kind.find('\0') != std::string::npos) continue;
+            kinder.push_back(kind);
+        }
     }
-    reg_.CloseKey(h);
     for (const auto& kind : kinder) Baum(root, key + "\\" + kind, tiefe + 1);
     reg_.DeleteKey(root, key);
 }
 
 bool HiveOCX::KeyExists(int hive, const std::string& key) {
-    return Schlüssel(reg_, hive, key, kKeyRead).get() != 0;
+    return static_cast<bool>(Schlüssel(reg_, hive, key, kKeyRead));
 }
 
 bool HiveOCX::ValueExists(int hive, const std::string& key, const std::string& name) {
-    Schlüssel k(reg_, hive, key, kKeyRead);
-    if (!k.get()) return false;
+    const RegKey k = Schlüssel(reg_, hive, key, kKeyRead);
+    if (!k) return false;
     std::uint32_t grösse = 0;
-    return reg_.QueryValueEx(k.get(), Wertname(name), nullptr, nullptr, &grösse) == kErrorSuccess;
+    return reg_.QueryValueEx(k.Get(), Wertname(name), nullptr, nullptr, &grösse) == kErrorSuccess;
 }
 
 }  // namespace kes

@@ -35,21 +35,14 @@ std::string ErsetzenOhneFall(const std::string& text, const std::string& alt, co
     return aus + text.substr(von);
 }
 
-class Schnappschuss {
-public:
-    Schnappschuss(ProcessApi& api, std::uint32_t flags, std::uint32_t pid)
-        : api_(api), h_(api.CreateSnapshot(flags, pid)) {}
-    ~Schnappschuss() {
-        if (h_ != kKeinHandle) api_.CloseHandle(h_);
-    }
-    Schnappschuss(const Schnappschuss&) = delete;
-    Schnappschuss& operator=(const Schnappschuss&) = delete;
-    ProzessHandle get() const { return h_; }
-
-private:
-    ProcessApi& api_;
-    ProzessHandle h_;
-};
+// The processes of a snapshot, read whole; the snapshot is closed when this returns.
+std::vector<ProzessDaten> ProzesseLesen(ProcessApi& api) {
+    std::vector<ProzessDaten> liste;
+    const ProzessEigner snap = api.CreateSnapshot(kSnapAll, 0);
+    ProzessDaten pe;
+    for (bool ok = api.ProcessFirst(snap.Get(), &pe); ok; ok = api.ProcessNext(snap.Get(), &pe)) liste.push_back(pe);
+    return liste;
+}
 }  // namespace
 
 bool IstSystemProzess(const std::string& name) {
@@ -85,9 +78,9 @@ std::string KurzerPfad(Plattform& p, const std::string& pfad) {
 
 bool ProzessBeenden(Plattform& p, std::uint32_t processId) {
     try {
-        const ProzessHandle h = p.processes.OpenProcess(kProcessTerminate, processId);
-        const bool beendet = h != kKeinHandle && p.processes.TerminateProcess(h, 0);
-        if (h != kKeinHandle) p.processes.CloseHandle(h);
+        bool beendet = false;
+        if (const ProzessEigner h = p.processes.OpenProcess(kProcessTerminate, processId))
+            beendet = p.processes.TerminateProcess(h.Get(), 0);
         if (beendet) return true;
         const int antwort = p.dialogs.ShowMessage(
             "Diese Anwendung kann nicht geschlossen werden. Sie wird vielleicht gerade geschlossen, oder bearbeitet "
@@ -101,23 +94,22 @@ bool ProzessBeenden(Plattform& p, std::uint32_t processId) {
     return false;
 }
 
+// The walks read a snapshot whole and let the window messages run once it is closed, once
+// for each round: a message handler never meets an open snapshot or process.
+void Prozesse1::Nachholen(int pumpen) {
+    while (pumpen-- > 0) p_.timers.PumpMessages();
+}
+
 void Prozesse1::ProzesseZaehlen() {
-    Schnappschuss snap(p_.processes, kSnapAll, 0);
-    std::int32_t anzahl = 0;
-    ProzessDaten pe;
-    for (bool ok = p_.processes.ProcessFirst(snap.get(), &pe); ok; ok = p_.processes.ProcessNext(snap.get(), &pe)) {
-        p_.timers.PumpMessages();
-        ++anzahl;
-    }
+    const auto anzahl = static_cast<std::int32_t>(ProzesseLesen(p_.processes).size());
+    Nachholen(anzahl);
     ProzessAnzahl = anzahl - 1;
 }
 
 void Prozesse1::ProzesseHolen() {
     ProzesseZaehlen();
-    Schnappschuss snap(p_.processes, kSnapAll, 0);
     std::size_t i = 0;
-    ProzessDaten pe;
-    for (bool ok = p_.processes.ProcessFirst(snap.get(), &pe); ok; ok = p_.processes.ProcessNext(snap.get(), &pe)) {
+    for (const ProzessDaten& pe : ProzesseLesen(p_.processes)) {
         p_.timers.PumpMessages();
         Prozesse.resize(i + 1);
         ProcessRecord& r = Prozesse[i];
@@ -128,12 +120,15 @@ void Prozesse1::ProzesseHolen() {
             r.Alive = true;
             r.ThreadCount = static_cast<std::int32_t>(pe.cntThreads);
         }
-        // One handle serves every module's path and the program's own: opened once, it
-        // answers as one opened anew for each would, and spares two calls per module.
-        const ProzessHandle h = p_.processes.OpenProcess(kProcessQueryRead, pe.th32ProcessID);
-        ModuleHolen(pe.th32ProcessID, h, r.ModuleNames, r.ModulePaths, r.ModuleCount);
-        r.Path = Pfad(h, 0, r.Name);
-        if (h != kKeinHandle) p_.processes.CloseHandle(h);
+        int pumpen = 0;
+        {
+            // One handle serves every module's path and the program's own: opened once, it
+            // answers as one opened anew for each would, and spares two calls per module.
+            const ProzessEigner h = p_.processes.OpenProcess(kProcessQueryRead, pe.th32ProcessID);
+            ModuleHolen(pe.th32ProcessID, h.Get(), r.ModuleNames, r.ModulePaths, r.ModuleCount, pumpen);
+            r.Path = Pfad(h.Get(), 0, r.Name);
+        }
+        Nachholen(pumpen);
         ++i;
     }
     ProzessAnzahl = static_cast<std::int32_t>(i) - 1;
@@ -141,13 +136,17 @@ void Prozesse1::ProzesseHolen() {
 
 void Prozesse1::ModuleHolen(std::uint32_t processId, std::vector<std::string>& names, std::vector<std::string>& paths,
                             std::int32_t& count) {
-    const ProzessHandle h = processId == 0 ? kKeinHandle : p_.processes.OpenProcess(kProcessQueryRead, processId);
-    ModuleHolen(processId, h, names, paths, count);
-    if (h != kKeinHandle) p_.processes.CloseHandle(h);
+    int pumpen = 0;
+    {
+        const ProzessEigner h =
+            processId == 0 ? ProzessEigner() : p_.processes.OpenProcess(kProcessQueryRead, processId);
+        ModuleHolen(processId, h.Get(), names, paths, count, pumpen);
+    }
+    Nachholen(pumpen);
 }
 
 void Prozesse1::ModuleHolen(std::uint32_t processId, ProzessHandle prozess, std::vector<std::string>& names,
-                            std::vector<std::string>& paths, std::int32_t& count) {
+                            std::vector<std::string>& paths, std::int32_t& count, int& pumpen) {
     if (processId == 0) {
         count = 0;
         return;
@@ -155,11 +154,16 @@ void Prozesse1::ModuleHolen(std::uint32_t processId, ProzessHandle prozess, std:
     names.clear();
     paths.clear();
     count = 0;
-    Schnappschuss snap(p_.processes, kSnapModule, processId);
-    ModulDaten me;
+    std::vector<ModulDaten> module;
+    {
+        const ProzessEigner snap = p_.processes.CreateSnapshot(kSnapModule, processId);
+        ModulDaten me;
+        for (bool ok = p_.processes.ModuleFirst(snap.Get(), &me); ok; ok = p_.processes.ModuleNext(snap.Get(), &me))
+            module.push_back(me);
+    }
     bool programmdatei = true;
-    for (bool ok = p_.processes.ModuleFirst(snap.get(), &me); ok; ok = p_.processes.ModuleNext(snap.get(), &me)) {
-        p_.timers.PumpMessages();
+    for (const ModulDaten& me : module) {
+        ++pumpen;
         ++ModulZähler;
         if (programmdatei) {
             programmdatei = false;
@@ -177,10 +181,8 @@ void Prozesse1::ModuleHolen(std::uint32_t processId, ProzessHandle prozess, std:
 
 std::string Prozesse1::ProzessPfad(std::uint32_t processId, std::uintptr_t module, const std::string& name) {
     // Errors carry on at the next step throughout.
-    const ProzessHandle h = p_.processes.OpenProcess(kProcessQueryRead, processId);
-    std::string text = Pfad(h, module, name);
-    if (h != kKeinHandle) p_.processes.CloseHandle(h);
-    return text;
+    const ProzessEigner h = p_.processes.OpenProcess(kProcessQueryRead, processId);
+    return Pfad(h.Get(), module, name);
 }
 
 std::string Prozesse1::Pfad(ProzessHandle h, std::uintptr_t module, const std::string& name) {

@@ -67,9 +67,12 @@ public:
 private:
     // The two above on a process already opened for query and read (kKeinHandle when it
     // refused): the table opens each process once for all its modules.
+    // The snapshot is closed on return; pumpen counts the rounds whose window messages the
+    // caller lets run once the process is closed too.
     void ModuleHolen(std::uint32_t processId, ProzessHandle prozess, std::vector<std::string>& names,
-                     std::vector<std::string>& paths, std::int32_t& count);
+                     std::vector<std::string>& paths, std::int32_t& count, int& pumpen);
     std::string Pfad(ProzessHandle prozess, std::uintptr_t module, const std::string& name);
+    void Nachholen(int pumpen);
 
     Plattform& p_;
 };

@@ -40,24 +40,33 @@ int HiveVonHandle(RegHandle root) {
     return static_cast<int>(root - kHkeyClassesRoot);
 }
 
-void Registry::OpenKey(RegHandle root, const std::string& key, RegHandle& handle) {
+void Registry::OpenKey(RegHandle root, const std::string& key, RegKey& handle) {
     p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &handle);
 }
 
-bool Registry::CloseKey(RegHandle handle) {
-    return p_.registry.CloseKey(handle) == kErrorSuccess;
+bool Registry::CloseKey(RegKey& handle) {
+    return handle.Close() == kErrorSuccess;
 }
 
 std::vector<std::string> Registry::EnumSubkeys(RegHandle handle, const Kategorie& kategorieschlüssel) {
+    return Unterschlüssel(handle, kategorieschlüssel, [this] { p_.timers.PumpMessages(); });
+}
+
+std::vector<WertEintrag> Registry::EnumValues(RegHandle handle) {
+    return Werte(handle, [this] { p_.timers.PumpMessages(); });
+}
+
+std::vector<std::string> Registry::Unterschlüssel(RegHandle handle, const Kategorie& kategorieschlüssel,
+                                                  const std::function<void()>& pumpen) {
     std::vector<std::string> namen;
     std::vector<char> puffer(kNamePuffer);
     for (std::uint32_t i = 0;; ++i) {
-        p_.timers.PumpMessages();
+        pumpen();
         std::fill(puffer.begin(), puffer.end(), '\0');
         std::uint32_t grösse = kNamePuffer;
-        p_.timers.PumpMessages();
+        pumpen();
         const long rc = p_.registry.EnumKeyEx(handle, i, puffer.data(), &grösse);
-        p_.timers.PumpMessages();
+        pumpen();
         // Stored whatever the call returned: the failing call leaves the last entry.
         namen.emplace_back(puffer.data(), std::min(grösse, kNamePuffer));
         if (kategorieschlüssel == Kategorie::Dienste && i + 1 > kDiensteGrenze) return {};
@@ -68,12 +77,12 @@ std::vector<std::string> Registry::EnumSubkeys(RegHandle handle, const Kategorie
     }
 }
 
-std::vector<WertEintrag> Registry::EnumValues(RegHandle handle) {
+std::vector<WertEintrag> Registry::Werte(RegHandle handle, const std::function<void()>& pumpen) {
     std::vector<WertEintrag> werte;
     std::vector<char> puffer(kNamePuffer);
     std::uint32_t typ = 0;  // kept across rounds: the failing call does not touch it
     for (std::uint32_t i = 0;; ++i) {
-        p_.timers.PumpMessages();
+        pumpen();
         std::fill(puffer.begin(), puffer.end(), '\0');
         std::uint32_t grösse = kNamePuffer, datenGrösse = kNamePuffer;
         const long rc = p_.registry.EnumValue(handle, i, puffer.data(), &grösse, &typ, nullptr, &datenGrösse);
@@ -83,21 +92,36 @@ std::vector<WertEintrag> Registry::EnumValues(RegHandle handle) {
     }
 }
 
+// The walks read the whole key first and let the window messages run once it is closed,
+// as many times as the rounds would have: a message handler never meets an open key, and
+// what it changes shows in the next walk.
+void Registry::Nachholen(int pumpen) {
+    while (pumpen-- > 0) p_.timers.PumpMessages();
+}
+
 std::vector<std::string> Registry::GetSubkeys(RegHandle root, const std::string& key,
                                               const Kategorie& kategorieschlüssel) {
     p_.timers.PumpMessages();
-    RegHandle h = 0;
-    p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &h);
-    auto namen = EnumSubkeys(h, kategorieschlüssel);
-    CloseKey(h);
+    int pumpen = 0;
+    std::vector<std::string> namen;
+    {
+        RegKey k;
+        p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &k);
+        namen = Unterschlüssel(k.Get(), kategorieschlüssel, [&] { ++pumpen; });
+    }
+    Nachholen(pumpen);
     return namen;
 }
 
 std::vector<std::string> Registry::GetValueNames(RegHandle root, const std::string& key) {
-    RegHandle h = 0;
-    OpenKey(root, key, h);
-    const auto werte = EnumValues(h);
-    CloseKey(h);
+    int pumpen = 0;
+    std::vector<WertEintrag> werte;
+    {
+        RegKey k;
+        OpenKey(root, key, k);
+        werte = Werte(k.Get(), [&] { ++pumpen; });
+    }
+    Nachholen(pumpen);
     std::vector<std::string> namen;
     namen.reserve(werte.size());
     for (const auto& w : werte) namen.push_back(w.Name);
@@ -107,8 +131,9 @@ std::vector<std::string> Registry::GetValueNames(RegHandle root, const std::stri
 std::vector<WertDaten> Registry::GetValueList(RegHandle root, const std::string& key,
                                               const std::function<void(const WertDaten&)>& zeile) {
     std::vector<WertDaten> liste;
-    RegHandle h = 0;
-    if (p_.registry.OpenKeyEx(root, key, kKeyQueryValue, &h) != kErrorSuccess) return liste;
+    RegKey k;
+    if (p_.registry.OpenKeyEx(root, key, kKeyQueryValue, &k) != kErrorSuccess) return liste;
+    const RegHandle h = k.Get();
 
     // The enumeration is told of 256 bytes while it has 255 to spare: the buffer really
     // holds 256, so a value of exactly 256 bytes passes here and fails in the query below.
@@ -135,22 +160,20 @@ std::vector<WertDaten> Registry::GetValueList(RegHandle root, const std::string&
 
         if (zeile) zeile(liste[i]);
     }
-    p_.registry.CloseKey(h);
     return liste;
 }
 
 std::vector<std::string> ListSubkeys(Plattform& p, RegHandle root, const std::string& key) {
     std::vector<std::string> namen(1);
-    RegHandle h = 0;
-    if (p.registry.OpenKeyEx(root, key, kKeyEnumerateSubKeys, &h) != kErrorSuccess) return namen;
+    RegKey k;
+    if (p.registry.OpenKeyEx(root, key, kKeyEnumerateSubKeys, &k) != kErrorSuccess) return namen;
     for (std::uint32_t i = 0;; ++i) {
         char puffer[kListenPuffer];
         std::memset(puffer, ' ', sizeof puffer);
-        if (p.registry.EnumKey(h, i, puffer, sizeof puffer) != kErrorSuccess) break;
+        if (p.registry.EnumKey(k.Get(), i, puffer, sizeof puffer) != kErrorSuccess) break;
         if (namen.size() < i + 1) namen.resize(i + 1);
         namen[i] = BisNul(puffer, sizeof puffer);
     }
-    p.registry.CloseKey(h);
     return namen;
 }
 

@@ -3,8 +3,7 @@
 // walks keep the buffer sizes and access masks they were designed with, because the
 // watchers' baselines depend on what these limits let through: EnumSubkeys and EnumValues
 // end with the entry of the failing call, GetValueList drops values of 256 bytes or more,
-// and a subkey walk gives up beyond 3000 entries while the current category key is
-// "Dienste", whoever walks.
+// and a subkey walk under the category key "Dienste" gives up past a fixed count.
 #pragma once
 
 #include <cstddef>
@@ -45,15 +44,17 @@ public:
     explicit Registry(Plattform& p) : p_(p) {}
 
     // RegOpenKeyExA with all access; the return code is dropped, so a failed open leaves
-    // the handle as it was (0 when the caller started from 0).
-    void OpenKey(RegHandle root, const std::string& key, RegHandle& handle);
-    // True when RegCloseKey returned 0.
-    bool CloseKey(RegHandle handle);
+    // the handle as it was (empty when the caller started from an empty one).
+    void OpenKey(RegHandle root, const std::string& key, RegKey& handle);
+    // Closes now: true when RegCloseKey returned 0.
+    bool CloseKey(RegKey& handle);
 
     // Subkey names; the last entry is that of the failing call (2000 NULs). The current
     // category key is the process-wide one, read at every round: while it is "Dienste" a
     // walk past kDiensteGrenze entries gives no entries at all, and so does a walk on a
-    // handle the platform refuses (it would never reach the end).
+    // handle the platform refuses (it would never reach the end). These two walk a key
+    // the caller holds, with the messages running between the rounds; the Get... listings
+    // below read with the key open and let the messages run after it is closed.
     std::vector<std::string> EnumSubkeys(RegHandle handle, const Kategorie& kategorieschlüssel);
     // Types and names of the values, the last column again from the failing call.
     std::vector<WertEintrag> EnumValues(RegHandle handle);
@@ -70,6 +71,11 @@ public:
                                         const std::function<void(const WertDaten&)>& zeile = {});
 
 private:
+    std::vector<std::string> Unterschlüssel(RegHandle handle, const Kategorie& kategorieschlüssel,
+                                            const std::function<void()>& pumpen);
+    std::vector<WertEintrag> Werte(RegHandle handle, const std::function<void()>& pumpen);
+    void Nachholen(int pumpen);
+
     Plattform& p_;
 };
 

@@ -18,17 +18,14 @@ protected:
     Plattform& p = (DieUmgebung().Neu(), DieUmgebung().Alles());
 
     void Schlüssel(const std::string& pfad) {
-        RegHandle h = 0;
-        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, pfad, &h), kErrorSuccess);
+        RegKey k;
+        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, pfad, &k), kErrorSuccess);
         const std::uint8_t eins[4] = {1, 0, 0, 0};
-        p.registry.SetValueEx(h, "wert", kRegDword, eins, 4);
-        p.registry.CloseKey(h);
+        p.registry.SetValueEx(k.Get(), "wert", kRegDword, eins, 4);
     }
     bool Da(const std::string& pfad) {
-        RegHandle h = 0;
-        if (p.registry.OpenKeyEx(kHkeyCurrentUser, pfad, kKeyRead, &h) != kErrorSuccess) return false;
-        p.registry.CloseKey(h);
-        return true;
+        RegKey k;
+        return p.registry.OpenKeyEx(kHkeyCurrentUser, pfad, kKeyRead, &k) == kErrorSuccess;
     }
     // The command is not waited for: give it a few seconds to take effect.
     bool VerschwindetBald(const std::string& pfad) {
@@ -39,12 +36,10 @@ protected:
         return false;
     }
     bool HatWert(const std::string& pfad) {
-        RegHandle h = 0;
-        if (p.registry.OpenKeyEx(kHkeyCurrentUser, pfad, kKeyRead, &h) != kErrorSuccess) return false;
+        RegKey k;
+        if (p.registry.OpenKeyEx(kHkeyCurrentUser, pfad, kKeyRead, &k) != kErrorSuccess) return false;
         std::uint32_t grösse = 0;
-        const bool da = p.registry.QueryValueEx(h, "wert", nullptr, nullptr, &grösse) == kErrorSuccess;
-        p.registry.CloseKey(h);
-        return da;
+        return p.registry.QueryValueEx(k.Get(), "wert", nullptr, nullptr, &grösse) == kErrorSuccess;
     }
     const std::string dienste = std::string(kTestSchlüssel) + "\\Dienste";
     // Two keys side by side, the hostile one and the one its name would reach unquoted;

@@ -16,12 +16,11 @@ protected:
     std::map<std::string, std::uint32_t> Suche(const std::string& muster) {
         std::map<std::string, std::uint32_t> treffer;
         FindData fd;
-        const FindHandle h = f.FindFirst(ordner + "\\" + muster, &fd);
-        if (h == kInvalidFind) return treffer;
+        const FileFind h = f.FindFirst(ordner + "\\" + muster, &fd);
+        if (!h) return treffer;
         do {
             treffer[fd.name] = fd.attributes;
-        } while (f.FindNext(h, &fd));
-        f.FindClose(h);
+        } while (f.FindNext(h.Get(), &fd));
         return treffer;
     }
 };
@@ -117,15 +116,13 @@ TEST_F(Dateien, FindWalk_ListsDotsHiddenAndSystemFilesAndSubfolders) {
 
 TEST_F(Dateien, FindInMissingFolder_GivesNoHandle) {
     FindData fd;
-    EXPECT_EQ(f.FindFirst(Pfad("fehlt\\*.*"), &fd), kInvalidFind);
+    EXPECT_FALSE(f.FindFirst(Pfad("fehlt\\*.*"), &fd));
 }
 
 TEST_F(Dateien, FindData_CarriesSizeAndTimes) {
     ASSERT_TRUE(f.WriteAll(Pfad("gross.bin"), std::string(5000, 'x')));
     FindData fd;
-    const FindHandle h = f.FindFirst(Pfad("gross.bin"), &fd);
-    ASSERT_NE(h, kInvalidFind);
-    f.FindClose(h);
+    ASSERT_TRUE(f.FindFirst(Pfad("gross.bin"), &fd));
     EXPECT_EQ(fd.name, "gross.bin");
     EXPECT_EQ(fd.size, 5000u);
     EXPECT_NE(fd.lastWriteTime, 0u);

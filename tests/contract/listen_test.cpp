@@ -40,17 +40,15 @@ protected:
 
     std::string Pfad(const std::string& unter) const { return unter.empty() ? wurzel : wurzel + "\\" + unter; }
     void Schlüssel(const std::string& unter) {
-        RegHandle h = 0;
-        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, Pfad(unter), &h), kErrorSuccess);
-        p.registry.CloseKey(h);
+        RegKey k;
+        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, Pfad(unter), &k), kErrorSuccess);
     }
     void Roh(const std::string& unter, const char* name, std::uint32_t typ, const std::string& daten) {
-        RegHandle h = 0;
-        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, Pfad(unter), &h), kErrorSuccess);
-        ASSERT_EQ(p.registry.SetValueEx(h, name, typ, reinterpret_cast<const std::uint8_t*>(daten.data()),
+        RegKey k;
+        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, Pfad(unter), &k), kErrorSuccess);
+        ASSERT_EQ(p.registry.SetValueEx(k.Get(), name, typ, reinterpret_cast<const std::uint8_t*>(daten.data()),
                                         static_cast<std::uint32_t>(daten.size())),
                   kErrorSuccess);
-        p.registry.CloseKey(h);
     }
 };
 
@@ -73,10 +71,10 @@ TEST_F(Listen, GetValueNames_EndWithTheSurplusEntry_AndEnumValuesTellsTypes) {
     EXPECT_EQ(namen[1], "Zahl");
     EXPECT_EQ(namen[2], std::string(2000, '\0'));
 
-    RegHandle h = 0;
+    RegKey h;
     reg.OpenKey(kHkeyCurrentUser, Pfad("Werte"), h);
-    ASSERT_NE(h, 0u);
-    const auto werte = reg.EnumValues(h);
+    ASSERT_TRUE(h);
+    const auto werte = reg.EnumValues(h.Get());
     EXPECT_TRUE(reg.CloseKey(h));
     ASSERT_EQ(werte.size(), 3u);
     EXPECT_EQ(werte[0].Typ, "1");

@@ -18,31 +18,33 @@ protected:
 
     void SetUp() override {
         Löschen(kHkeyCurrentUser, kTestSchlüssel);
-        ASSERT_EQ(r.CreateKeyEx(kHkeyCurrentUser, kTestSchlüssel, &wurzel), kErrorSuccess);
+        ASSERT_EQ(r.CreateKeyEx(kHkeyCurrentUser, kTestSchlüssel, &wurzelSchlüssel), kErrorSuccess);
+        wurzel = wurzelSchlüssel.Get();
     }
     void TearDown() override {
-        r.CloseKey(wurzel);
+        wurzelSchlüssel.Close();
         Löschen(kHkeyCurrentUser, kTestSchlüssel);
     }
 
     // Removes a key with everything below it, depth first.
     void Löschen(RegHandle root, const std::string& pfad) {
-        RegHandle h = 0;
-        if (r.OpenKeyEx(root, pfad, kKeyAllAccess, &h) != kErrorSuccess) return;
-        for (;;) {
-            char name[256];
-            std::uint32_t länge = sizeof name;
-            if (r.EnumKeyEx(h, 0, name, &länge) != kErrorSuccess) break;
-            Löschen(h, name);
+        {
+            RegKey k;
+            if (r.OpenKeyEx(root, pfad, kKeyAllAccess, &k) != kErrorSuccess) return;
+            for (;;) {
+                char name[256];
+                std::uint32_t länge = sizeof name;
+                if (r.EnumKeyEx(k.Get(), 0, name, &länge) != kErrorSuccess) break;
+                Löschen(k.Get(), name);
+            }
         }
-        r.CloseKey(h);
         r.DeleteKey(root, pfad);
     }
 
-    RegHandle Schlüssel(const std::string& unter) {
-        RegHandle h = 0;
-        EXPECT_EQ(r.CreateKeyEx(wurzel, unter, &h), kErrorSuccess);
-        return h;
+    RegKey Schlüssel(const std::string& unter) {
+        RegKey k;
+        EXPECT_EQ(r.CreateKeyEx(wurzel, unter, &k), kErrorSuccess);
+        return k;
     }
     void Text(RegHandle h, const char* name, const std::string& daten) {
         ASSERT_EQ(r.SetValueEx(h, name, kRegSz, reinterpret_cast<const std::uint8_t*>(daten.data()),
@@ -50,23 +52,25 @@ protected:
                   kErrorSuccess);
     }
 
+    RegKey wurzelSchlüssel;
     RegHandle wurzel = 0;
 };
 
 TEST_F(Registry, MissingKeyAndValue_GiveNotFound) {
-    RegHandle h = 12345;
+    RegKey h = Schlüssel("Da");
+    const RegHandle vorher = h.Get();
     EXPECT_EQ(r.OpenKeyEx(wurzel, "GibtEsNicht", kKeyRead, &h), kErrorFileNotFound);
-    EXPECT_EQ(h, 12345u) << "a failed open leaves the out handle alone";
+    EXPECT_EQ(h.Get(), vorher) << "a failed open leaves the out handle alone";
     std::uint32_t grösse = 0;
     EXPECT_EQ(r.QueryValueEx(wurzel, "fehlt", nullptr, nullptr, &grösse), kErrorFileNotFound);
     EXPECT_EQ(r.DeleteValue(wurzel, "fehlt"), kErrorFileNotFound);
 }
 
 TEST_F(Registry, KeyNames_OpenWithoutRegardToCase) {
-    r.CloseKey(Schlüssel("Gemischt\\Unten"));
-    RegHandle h = 0;
+    Schlüssel("Gemischt\\Unten");
+    RegKey h;
     ASSERT_EQ(r.OpenKeyEx(wurzel, "GEMISCHT\\unten", kKeyRead, &h), kErrorSuccess);
-    r.CloseKey(h);
+    EXPECT_EQ(h.Close(), kErrorSuccess);
 }
 
 TEST_F(Registry, QueryValue_TellsSizeAndRefusesSmallBuffer) {
@@ -123,10 +127,11 @@ TEST_F(Registry, DwordValue_IsFourLittleEndianBytes) {
 }
 
 TEST_F(Registry, EnumKeyEx_SortedThenNoMoreItems_AndSmallBufferRefused) {
-    r.CloseKey(Schlüssel("Zwei\\beta"));
-    r.CloseKey(Schlüssel("Zwei\\Alpha"));
-    RegHandle h = 0;
-    ASSERT_EQ(r.OpenKeyEx(wurzel, "Zwei", kKeyAllAccess, &h), kErrorSuccess);
+    Schlüssel("Zwei\\beta");
+    Schlüssel("Zwei\\Alpha");
+    RegKey k;
+    ASSERT_EQ(r.OpenKeyEx(wurzel, "Zwei", kKeyAllAccess, &k), kErrorSuccess);
+    const RegHandle h = k.Get();
     char name[2000];
     std::uint32_t länge = 2000;
     ASSERT_EQ(r.EnumKeyEx(h, 0, name, &länge), kErrorSuccess);
@@ -143,7 +148,6 @@ TEST_F(Registry, EnumKeyEx_SortedThenNoMoreItems_AndSmallBufferRefused) {
     ASSERT_EQ(r.EnumKey(h, 1, kurz, sizeof kurz), kErrorSuccess);
     EXPECT_STREQ(kurz, "beta");
     EXPECT_EQ(r.EnumKey(h, 2, kurz, sizeof kurz), kErrorNoMoreItems);
-    r.CloseKey(h);
 }
 
 TEST_F(Registry, EnumValue_DataSizeLimitAt256) {
@@ -183,16 +187,17 @@ TEST_F(Registry, EnumValue_DataSizeLimitAt256) {
 }
 
 TEST_F(Registry, DeleteKey_RefusesAKeyWithSubkeys) {
-    r.CloseKey(Schlüssel("Eltern\\Kind"));
+    Schlüssel("Eltern\\Kind");
     EXPECT_NE(r.DeleteKey(wurzel, "Eltern"), kErrorSuccess);
     EXPECT_EQ(r.DeleteKey(wurzel, "Eltern\\Kind"), kErrorSuccess);
     EXPECT_EQ(r.DeleteKey(wurzel, "Eltern"), kErrorSuccess);
-    RegHandle h = 0;
+    RegKey h;
     EXPECT_EQ(r.OpenKeyEx(wurzel, "Eltern", kKeyRead, &h), kErrorFileNotFound);
 }
 
 TEST_F(Registry, KeyDeletedWhileOpen_StopsAnsweringThroughTheOldHandle) {
-    RegHandle h = Schlüssel("Verschwindet");
+    const RegKey k = Schlüssel("Verschwindet");
+    const RegHandle h = k.Get();
     Text(h, "wert", "x");
     ASSERT_EQ(r.DeleteKey(wurzel, "Verschwindet"), kErrorSuccess);
     std::uint32_t grösse = 0;
@@ -202,24 +207,21 @@ TEST_F(Registry, KeyDeletedWhileOpen_StopsAnsweringThroughTheOldHandle) {
     EXPECT_EQ(r.EnumValue(h, 0, name, &länge, nullptr, nullptr, nullptr), kErrorKeyDeleted);
     länge = 64;
     EXPECT_EQ(r.EnumKeyEx(h, 0, name, &länge), kErrorKeyDeleted) << "every further round of a walk fails alike";
-    r.CloseKey(h);
 }
 
 TEST_F(Registry, CurrentUser_IsOneOfTheHivesBelowHkeyUsers) {
     Text(wurzel, "Kennung", "hier");
-    RegHandle users = 0;
+    RegKey users;
     ASSERT_EQ(r.OpenKeyEx(kHkeyUsers, "", kKeyEnumerateSubKeys, &users), kErrorSuccess);
     bool gefunden = false;
     char name[255];
-    for (std::uint32_t i = 0; r.EnumKey(users, i, name, sizeof name) == kErrorSuccess; ++i) {
-        RegHandle h = 0;
+    for (std::uint32_t i = 0; r.EnumKey(users.Get(), i, name, sizeof name) == kErrorSuccess; ++i) {
+        RegKey h;
         if (r.OpenKeyEx(kHkeyUsers, std::string(name) + "\\" + kTestSchlüssel, kKeyQueryValue, &h) == kErrorSuccess) {
             std::uint32_t grösse = 0;
-            gefunden = gefunden || r.QueryValueEx(h, "Kennung", nullptr, nullptr, &grösse) == kErrorSuccess;
-            r.CloseKey(h);
+            gefunden = gefunden || r.QueryValueEx(h.Get(), "Kennung", nullptr, nullptr, &grösse) == kErrorSuccess;
         }
     }
-    r.CloseKey(users);
     EXPECT_TRUE(gefunden);
 }
 

@@ -49,26 +49,26 @@ FindRecord FakeFileDetails::Voll(const FindData& fd, const std::string& ordner) 
     return r;
 }
 
-FindHandle FakeFileDetails::FindFirst(const std::string& pattern, FindRecord* out) {
+DetailFind FakeFileDetails::FindFirst(const std::string& pattern, FindRecord* out) {
     FindData fd;
-    const FindHandle h = files_.FindFirst(pattern, &fd);
-    if (h == kInvalidFind) return h;
+    FileFind find = files_.FindFirst(pattern, &fd);
+    if (!find) return {};
+    const FindHandle h = find.Get();
     const std::string ordner = pattern.substr(0, pattern.find_last_of('\\'));
-    ordner_[h] = ordner;
+    walks_[h] = {std::move(find), ordner};
     *out = Voll(fd, ordner);
-    return h;
+    return DetailFind(*this, h);
 }
 
 bool FakeFileDetails::FindNext(FindHandle h, FindRecord* out) {
     FindData fd;
     if (!files_.FindNext(h, &fd)) return false;
-    *out = Voll(fd, ordner_[h]);
+    *out = Voll(fd, walks_[h].ordner);
     return true;
 }
 
 void FakeFileDetails::FindClose(FindHandle h) {
-    files_.FindClose(h);
-    ordner_.erase(h);
+    walks_.erase(h);
 }
 
 bool FakeFileDetails::IstDatei(const std::string& path) {
@@ -136,9 +136,7 @@ bool FakeFileDetails::FileTimes(const std::string& path, std::uint64_t* created,
     // No sharing: a file that someone holds open cannot be opened, and a folder never.
     if (!IstDatei(path) || !files_.CanRead(path)) return false;
     FindData fd;
-    const FindHandle h = files_.FindFirst(path, &fd);
-    if (h == kInvalidFind) return false;
-    files_.FindClose(h);
+    if (!files_.FindFirst(path, &fd)) return false;
     *created = fd.creationTime;
     *accessed = fd.lastWriteTime;
     *written = fd.lastWriteTime;

@@ -37,9 +37,8 @@ public:
     void SetLength(const std::string& path, std::uint64_t länge);
     void SetIcon(const std::string& path, int index);
 
-    FindHandle FindFirst(const std::string& pattern, FindRecord* out) override;
+    DetailFind FindFirst(const std::string& pattern, FindRecord* out) override;
     bool FindNext(FindHandle h, FindRecord* out) override;
-    void FindClose(FindHandle h) override;
     std::uint32_t VersionInfoSize(const std::string& path) override;
     bool VersionInfo(const std::string& path, std::uint32_t size, std::vector<std::uint8_t>* block) override;
     bool QueryValue(std::vector<std::uint8_t>& block, const std::string& subBlock, std::string* value) override;
@@ -47,6 +46,9 @@ public:
                    std::uint64_t* written) override;
     std::uint64_t ToLocalFileTime(std::uint64_t utc) override;
     int SystemIconIndex(const std::string& path) override;
+
+protected:
+    void FindClose(FindHandle h) override;
 
 private:
     FindRecord Voll(const FindData& fd, const std::string& ordner) const;
@@ -56,7 +58,11 @@ private:
     std::map<std::string, FakeVersion> versionen_;  // by lower-case path
     std::map<std::string, std::uint64_t> längen_;
     std::map<std::string, int> icons_;
-    std::map<FindHandle, std::string> ordner_;  // the folder of each open walk
+    struct Walk {
+        FileFind find;
+        std::string ordner;
+    };
+    std::map<FindHandle, Walk> walks_;  // each open walk on the file fake, with its folder
 };
 
 }  // namespace kes::fake

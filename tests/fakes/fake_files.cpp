@@ -139,14 +139,14 @@ bool FakeFiles::MakeDirectory(const std::string& path) {
     return true;
 }
 
-FindHandle FakeFiles::FindFirst(const std::string& pattern, FindData* out) {
+FileFind FakeFiles::FindFirst(const std::string& pattern, FindData* out) {
     const std::string k = Schlüssel(pattern);
     const auto pos = k.find_last_of('\\');
-    if (pos == std::string::npos) return kInvalidFind;
+    if (pos == std::string::npos) return {};
     const std::string ordner = pos == 2 ? k.substr(0, 3) : k.substr(0, pos);
     const std::string muster = pattern.substr(pattern.find_last_of('\\') + 1);
     const Eintrag* o = Finde(ordner);
-    if (!o || !o->ordner) return kInvalidFind;
+    if (!o || !o->ordner) return {};
 
     std::vector<FindData> treffer;
     auto hinzu = [&](const std::string& name, const Eintrag& e) {
@@ -166,12 +166,12 @@ FindHandle FakeFiles::FindFirst(const std::string& pattern, FindData* out) {
         if (schlüssel.find('\\', präfix.size()) != std::string::npos) continue;
         if (Passt(muster, e.name)) hinzu(e.name, e);
     }
-    if (treffer.empty()) return kInvalidFind;
+    if (treffer.empty()) return {};
     *out = treffer.front();
     treffer.erase(treffer.begin());
     const FindHandle h = nächster_++;
     finds_[h] = std::move(treffer);
-    return h;
+    return FileFind(*this, h);
 }
 
 bool FakeFiles::FindNext(FindHandle h, FindData* out) {

@@ -25,9 +25,8 @@ public:
     bool SetAttributes(const std::string& path, std::uint32_t attributes) override;
     std::optional<std::int64_t> Length(const std::string& path) override;
     bool MakeDirectory(const std::string& path) override;
-    FindHandle FindFirst(const std::string& pattern, FindData* out) override;
+    FileFind FindFirst(const std::string& pattern, FindData* out) override;
     bool FindNext(FindHandle h, FindData* out) override;
-    void FindClose(FindHandle h) override;
 
     // Test set-up: makes the folders on the way.
     void Put(const std::string& path, const std::string& data, std::uint32_t attributes = kAttrArchive);
@@ -39,6 +38,9 @@ public:
     bool Exists(const std::string& path) const;
     std::string Content(const std::string& path) const;  // "" when missing
     int OpenFinds() const { return static_cast<int>(finds_.size()); }
+
+protected:
+    void FindClose(FindHandle h) override;
 
 private:
     struct Eintrag {

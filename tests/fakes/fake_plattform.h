@@ -1,7 +1,9 @@
 // Every fake of the platform seam in one bundle, set up as a small German machine with
-// the program in C:\Programme\Kestrella.
+// the program in C:\Programme\Kestrella. When the bundle goes with handles of its seams
+// still open, it tells the test harness's handler (a leak fails the test that made it).
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -113,6 +115,9 @@ private:
     }
 };
 
+// Set by the test harness; told what was left open when a bundle goes.
+inline std::function<void(const std::string&)> beiOffenenHandles;
+
 struct FakePlattform {
     FakeRegistry registry;
     FakeFiles files;
@@ -138,6 +143,18 @@ struct FakePlattform {
         shell.ordner[kCsidlFavorites] = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
         files.MakeDirs("C:\\Programme\\Kestrella\\daten");
         files.MakeDirs("C:\\WINDOWS\\system32\\drivers\\etc");
+    }
+    ~FakePlattform() { HandlesPrüfen(); }
+    FakePlattform(const FakePlattform&) = delete;
+    FakePlattform& operator=(const FakePlattform&) = delete;
+
+    // Keys, find walks (those of the detail seam included), snapshots and processes.
+    int OffeneHandles() const { return registry.OpenHandles() + files.OpenFinds() + processes.OffeneHandles(); }
+    void HandlesPrüfen() const {
+        if (OffeneHandles() == 0 || !beiOffenenHandles) return;
+        beiOffenenHandles("handles left open: " + std::to_string(registry.OpenHandles()) + " registry keys, " +
+                          std::to_string(files.OpenFinds()) + " find walks, " +
+                          std::to_string(processes.OffeneHandles()) + " snapshots or processes");
     }
 };
 

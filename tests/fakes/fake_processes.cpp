@@ -49,7 +49,7 @@ const FakeProzess* FakeProcesses::Finde(std::uint32_t pid) const {
     return nullptr;
 }
 
-ProzessHandle FakeProcesses::CreateSnapshot(std::uint32_t flags, std::uint32_t processId) {
+ProzessEigner FakeProcesses::CreateSnapshot(std::uint32_t flags, std::uint32_t processId) {
     ++snapshots;
     Schnapp s;
     if (flags & kSnapAll & ~kSnapModule) {
@@ -57,14 +57,14 @@ ProzessHandle FakeProcesses::CreateSnapshot(std::uint32_t flags, std::uint32_t p
         s.liste = prozesse;
     } else if (flags & kSnapModule) {
         const FakeProzess* p = Finde(processId);
-        if (!p || p->modulWalkVerweigert) return kKeinHandle;
+        if (!p || p->modulWalkVerweigert) return {};
         s.module.push_back({p->name, p->pfad});
         s.module.insert(s.module.end(), p->module.begin(), p->module.end());
     }
     const ProzessHandle h = nächster_;
     nächster_ += 4;
     snaps_[h] = std::move(s);
-    return h;
+    return ProzessEigner(*this, h);
 }
 
 bool FakeProcesses::ProcessFirst(ProzessHandle snapshot, ProzessDaten* out) {
@@ -108,14 +108,14 @@ void FakeProcesses::CloseHandle(ProzessHandle h) {
     offen_.erase(h);
 }
 
-ProzessHandle FakeProcesses::OpenProcess(std::uint32_t access, std::uint32_t processId) {
+ProzessEigner FakeProcesses::OpenProcess(std::uint32_t access, std::uint32_t processId) {
     const FakeProzess* p = Finde(processId);
-    if (processId == 0 || !p || p->öffnenVerweigert) return kKeinHandle;
+    if (processId == 0 || !p || p->öffnenVerweigert) return {};
     const ProzessHandle h = nächster_;
     nächster_ += 4;
     offen_[h] = {processId, access};
     ++öffnungen;
-    return h;
+    return ProzessEigner(*this, h);
 }
 
 std::uint32_t FakeProcesses::ModuleFileName(ProzessHandle process, std::uintptr_t module, char* buf,

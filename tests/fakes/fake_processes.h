@@ -44,13 +44,12 @@ public:
     int snapshots = 0;
     int öffnungen = 0;  // OpenProcess calls that gave a handle
 
-    ProzessHandle CreateSnapshot(std::uint32_t flags, std::uint32_t processId) override;
+    ProzessEigner CreateSnapshot(std::uint32_t flags, std::uint32_t processId) override;
     bool ProcessFirst(ProzessHandle snapshot, ProzessDaten* out) override;
     bool ProcessNext(ProzessHandle snapshot, ProzessDaten* out) override;
     bool ModuleFirst(ProzessHandle snapshot, ModulDaten* out) override;
     bool ModuleNext(ProzessHandle snapshot, ModulDaten* out) override;
-    void CloseHandle(ProzessHandle h) override;
-    ProzessHandle OpenProcess(std::uint32_t access, std::uint32_t processId) override;
+    ProzessEigner OpenProcess(std::uint32_t access, std::uint32_t processId) override;
     std::uint32_t ModuleFileName(ProzessHandle process, std::uintptr_t module, char* buf, std::uint32_t size) override;
     bool TerminateProcess(ProzessHandle process, std::uint32_t exitCode) override;
     std::uint32_t SystemDirectory(char* buf, std::uint32_t size) override;
@@ -59,6 +58,9 @@ public:
     int OffeneHandles() const { return static_cast<int>(snaps_.size() + offen_.size()); }
     // The module handle the fake gives the k-th module after the program file.
     static std::uintptr_t ModulHandle(std::size_t k) { return 0x10000 * (k + 2); }
+
+protected:
+    void CloseHandle(ProzessHandle h) override;
 
 private:
     struct Schnapp {

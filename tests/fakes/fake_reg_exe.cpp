@@ -60,12 +60,14 @@ std::optional<RegHandle> Wurzel(const std::string& name) {
 }
 
 void Baumlöschen(RegistryApi& reg, RegHandle root, const std::string& pfad) {
-    RegHandle h = 0;
-    if (reg.OpenKeyEx(root, pfad, kKeyAllAccess, &h) != kErrorSuccess) return;
-    char name[256];
-    std::uint32_t länge = sizeof name;
-    while ((länge = sizeof name, reg.EnumKeyEx(h, 0, name, &länge)) == kErrorSuccess) Baumlöschen(reg, h, name);
-    reg.CloseKey(h);
+    {
+        RegKey k;
+        if (reg.OpenKeyEx(root, pfad, kKeyAllAccess, &k) != kErrorSuccess) return;
+        char name[256];
+        std::uint32_t länge = sizeof name;
+        while ((länge = sizeof name, reg.EnumKeyEx(k.Get(), 0, name, &länge)) == kErrorSuccess)
+            Baumlöschen(reg, k.Get(), name);
+    }
     reg.DeleteKey(root, pfad);
 }
 
@@ -105,8 +107,9 @@ bool RegDeleteAusführen(RegistryApi& reg, const std::string& zeile) {
         Baumlöschen(reg, *root, pfad);
         return true;
     }
-    RegHandle h = 0;
-    if (reg.OpenKeyEx(*root, pfad, kKeyAllAccess, &h) != kErrorSuccess) return false;
+    RegKey k;
+    if (reg.OpenKeyEx(*root, pfad, kKeyAllAccess, &k) != kErrorSuccess) return false;
+    const RegHandle h = k.Get();
     if (va) {
         char name[16384];
         std::uint32_t länge = sizeof name;
@@ -115,7 +118,6 @@ bool RegDeleteAusführen(RegistryApi& reg, const std::string& zeile) {
     } else {
         reg.DeleteValue(h, ve ? "" : wert->c_str());
     }
-    reg.CloseKey(h);
     return true;
 }
 

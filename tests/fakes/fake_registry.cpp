@@ -87,21 +87,21 @@ FakeRegistry::Wert* FakeRegistry::FindeWert(Knoten& k, const char* name) {
     return nullptr;
 }
 
-long FakeRegistry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t, RegHandle* out) {
+long FakeRegistry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t, RegKey* out) {
     if (beimÖffnen) beimÖffnen(subkey);
     auto von = Knoten_(root);
     if (!von) return Ungültig(root);
     // The ANSI call sees the path up to its first NUL, as the platform's does.
     auto k = Finde(von, subkey.substr(0, subkey.find('\0')));
     if (!k) return kErrorFileNotFound;
-    *out = NeuerHandle(k);
+    *out = RegKey(*this, NeuerHandle(k));
     return kErrorSuccess;
 }
 
-long FakeRegistry::CreateKeyEx(RegHandle root, const std::string& subkey, RegHandle* out) {
+long FakeRegistry::CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) {
     auto von = Knoten_(root);
     if (!von) return Ungültig(root);
-    *out = NeuerHandle(Anlegen(von, subkey));
+    *out = RegKey(*this, NeuerHandle(Anlegen(von, subkey)));
     return kErrorSuccess;
 }
 

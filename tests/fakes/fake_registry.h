@@ -20,9 +20,8 @@ class FakeRegistry : public RegistryApi {
 public:
     FakeRegistry();
 
-    long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegHandle* out) override;
-    long CreateKeyEx(RegHandle root, const std::string& subkey, RegHandle* out) override;
-    long CloseKey(RegHandle key) override;
+    long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) override;
+    long CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) override;
     long EnumKeyEx(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen) override;
     long EnumKey(RegHandle key, std::uint32_t index, char* name, std::uint32_t cb) override;
     long EnumValue(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen, std::uint32_t* type,
@@ -44,6 +43,9 @@ public:
     int OpenHandles() const { return static_cast<int>(handles_.size()); }
     // Runs at every open, so a test can see what the program knew at that moment.
     std::function<void(const std::string& subkey)> beimÖffnen;
+
+protected:
+    long CloseKey(RegHandle key) override;
 
 private:
     struct Wert {

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/seam/seam_handle.h"
+
 namespace kes {
 
 inline constexpr std::uint32_t kAttrReadOnly = 0x01;
@@ -28,6 +30,10 @@ struct FindData {
 
 using FindHandle = std::uintptr_t;
 inline constexpr FindHandle kInvalidFind = 0;
+
+class FileApi;
+// A running FindFirst/FindNext walk, closed when its owner goes.
+using FileFind = SeamHandle<FileApi>;
 
 class FileApi {
 public:
@@ -56,10 +62,20 @@ public:
     virtual std::optional<std::int64_t> Length(const std::string& path) = 0;
     virtual bool MakeDirectory(const std::string& path) = 0;
     // FindFirstFileA with a pattern such as "C:\dir\*.*" ('*' and '?' in the last part).
-    // kInvalidFind when nothing matches or the folder is missing.
-    virtual FindHandle FindFirst(const std::string& pattern, FindData* out) = 0;
+    // An empty owner when nothing matches or the folder is missing.
+    virtual FileFind FindFirst(const std::string& pattern, FindData* out) = 0;
     virtual bool FindNext(FindHandle h, FindData* out) = 0;
+
+protected:
+    // FindClose, called by the walk's owner only.
     virtual void FindClose(FindHandle h) = 0;
+
+private:
+    friend FileFind;
+    long CloseOwned(FindHandle h) {
+        FindClose(h);
+        return 0;
+    }
 };
 
 }  // namespace kes

@@ -11,6 +11,10 @@
 
 namespace kes {
 
+class FileDetailApi;
+// A running folder walk of the detail seam, closed when its owner goes.
+using DetailFind = SeamHandle<FileDetailApi>;
+
 // One hit of FindFirstFileA/FindNextFileA with every field of WIN32_FIND_DATAA the walk keeps.
 struct FindRecord {
     std::string name;       // cFileName
@@ -27,11 +31,10 @@ class FileDetailApi {
 public:
     virtual ~FileDetailApi() = default;
 
-    // FindFirstFileA: kInvalidFind when nothing matches or the folder is missing.
-    virtual FindHandle FindFirst(const std::string& pattern, FindRecord* out) = 0;
+    // FindFirstFileA: an empty owner when nothing matches or the folder is missing.
+    virtual DetailFind FindFirst(const std::string& pattern, FindRecord* out) = 0;
     // FindNextFileA: false at the end, *out unchanged then.
     virtual bool FindNext(FindHandle h, FindRecord* out) = 0;
-    virtual void FindClose(FindHandle h) = 0;
 
     // GetFileVersionInfoSizeA: 0 for a missing file or one without a version resource.
     virtual std::uint32_t VersionInfoSize(const std::string& path) = 0;
@@ -53,6 +56,17 @@ public:
     // SHGetFileInfoA with the system icon index: the icon's index in the shell's system
     // image list, or -1 when the shell knows nothing of the path.
     virtual int SystemIconIndex(const std::string& path) = 0;
+
+protected:
+    // FindClose, called by the walk's owner only.
+    virtual void FindClose(FindHandle h) = 0;
+
+private:
+    friend DetailFind;
+    long CloseOwned(FindHandle h) {
+        FindClose(h);
+        return 0;
+    }
 };
 
 }  // namespace kes

@@ -7,9 +7,15 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/seam/seam_handle.h"
+
 namespace kes {
 
 using RegHandle = std::uintptr_t;
+
+class RegistryApi;
+// An opened key, closed when its owner goes.
+using RegKey = SeamHandle<RegistryApi>;
 
 inline constexpr RegHandle kHkeyClassesRoot = 0x80000000u;
 inline constexpr RegHandle kHkeyCurrentUser = 0x80000001u;
@@ -43,11 +49,12 @@ class RegistryApi {
 public:
     virtual ~RegistryApi() = default;
 
-    // RegOpenKeyExA. On failure *out is left unchanged.
-    virtual long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegHandle* out) = 0;
-    // RegCreateKeyExA with all access; opens the key when it exists already.
-    virtual long CreateKeyEx(RegHandle root, const std::string& subkey, RegHandle* out) = 0;
-    virtual long CloseKey(RegHandle key) = 0;
+    // RegOpenKeyExA. On failure *out is left unchanged. ROOT is a predefined key or an
+    // open one's Get().
+    virtual long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) = 0;
+    // RegCreateKeyExA with all access; opens the key when it exists already. On failure
+    // *out is left unchanged.
+    virtual long CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) = 0;
     // RegEnumKeyExA: *nameLen is the buffer size in, the name length without NUL out.
     // A buffer too small gives 234 and leaves the buffer's content undefined.
     virtual long EnumKeyEx(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen) = 0;
@@ -64,6 +71,14 @@ public:
     virtual long DeleteValue(RegHandle key, const char* name) = 0;
     // RegDeleteKeyA: fails with 5 on a key that still has subkeys.
     virtual long DeleteKey(RegHandle key, const std::string& subkey) = 0;
+
+protected:
+    // RegCloseKey, called by the key's owner only.
+    virtual long CloseKey(RegHandle key) = 0;
+
+private:
+    friend RegKey;
+    long CloseOwned(RegHandle key) { return CloseKey(key); }
 };
 
 }  // namespace kes

@@ -27,12 +27,12 @@ void Übernehmen(const WIN32_FIND_DATAA& w, FindRecord* out) {
 }
 }  // namespace
 
-FindHandle Win32FileDetails::FindFirst(const std::string& pattern, FindRecord* out) {
+DetailFind Win32FileDetails::FindFirst(const std::string& pattern, FindRecord* out) {
     WIN32_FIND_DATAA w{};
     const HANDLE h = ::FindFirstFileA(pattern.c_str(), &w);
-    if (h == INVALID_HANDLE_VALUE) return kInvalidFind;
+    if (h == INVALID_HANDLE_VALUE) return {};
     Übernehmen(w, out);
-    return reinterpret_cast<FindHandle>(h);
+    return DetailFind(*this, reinterpret_cast<FindHandle>(h));
 }
 
 bool Win32FileDetails::FindNext(FindHandle h, FindRecord* out) {

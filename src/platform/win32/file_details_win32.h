@@ -7,9 +7,8 @@ namespace kes::win32 {
 
 class Win32FileDetails : public FileDetailApi {
 public:
-    FindHandle FindFirst(const std::string& pattern, FindRecord* out) override;
+    DetailFind FindFirst(const std::string& pattern, FindRecord* out) override;
     bool FindNext(FindHandle h, FindRecord* out) override;
-    void FindClose(FindHandle h) override;
     std::uint32_t VersionInfoSize(const std::string& path) override;
     bool VersionInfo(const std::string& path, std::uint32_t size, std::vector<std::uint8_t>* block) override;
     bool QueryValue(std::vector<std::uint8_t>& block, const std::string& subBlock, std::string* value) override;
@@ -17,6 +16,9 @@ public:
                    std::uint64_t* written) override;
     std::uint64_t ToLocalFileTime(std::uint64_t utc) override;
     int SystemIconIndex(const std::string& path) override;
+
+protected:
+    void FindClose(FindHandle h) override;
 };
 
 }  // namespace kes::win32

@@ -106,12 +106,12 @@ bool Win32Files::MakeDirectory(const std::string& path) {
     return ::CreateDirectoryA(path.c_str(), nullptr) != 0;
 }
 
-FindHandle Win32Files::FindFirst(const std::string& pattern, FindData* out) {
+FileFind Win32Files::FindFirst(const std::string& pattern, FindData* out) {
     WIN32_FIND_DATAA w;
     const HANDLE h = ::FindFirstFileA(pattern.c_str(), &w);
-    if (h == INVALID_HANDLE_VALUE) return kInvalidFind;
+    if (h == INVALID_HANDLE_VALUE) return {};
     Übernehmen(w, out);
-    return reinterpret_cast<FindHandle>(h);
+    return FileFind(*this, reinterpret_cast<FindHandle>(h));
 }
 
 bool Win32Files::FindNext(FindHandle h, FindData* out) {

@@ -17,8 +17,10 @@ public:
     bool SetAttributes(const std::string& path, std::uint32_t attributes) override;
     std::optional<std::int64_t> Length(const std::string& path) override;
     bool MakeDirectory(const std::string& path) override;
-    FindHandle FindFirst(const std::string& pattern, FindData* out) override;
+    FileFind FindFirst(const std::string& pattern, FindData* out) override;
     bool FindNext(FindHandle h, FindData* out) override;
+
+protected:
     void FindClose(FindHandle h) override;
 };
 

@@ -30,9 +30,9 @@ void Übernehmen(const MODULEENTRY32& me, ModulDaten* out) {
 }
 }  // namespace
 
-ProzessHandle Win32Processes::CreateSnapshot(std::uint32_t flags, std::uint32_t processId) {
+ProzessEigner Win32Processes::CreateSnapshot(std::uint32_t flags, std::uint32_t processId) {
     const HANDLE h = ::CreateToolhelp32Snapshot(flags, processId);
-    return h == INVALID_HANDLE_VALUE ? kKeinHandle : reinterpret_cast<ProzessHandle>(h);
+    return ProzessEigner(*this, h == INVALID_HANDLE_VALUE ? kKeinHandle : reinterpret_cast<ProzessHandle>(h));
 }
 
 bool Win32Processes::ProcessFirst(ProzessHandle snapshot, ProzessDaten* out) {
@@ -71,8 +71,8 @@ void Win32Processes::CloseHandle(ProzessHandle h) {
     if (h != kKeinHandle) ::CloseHandle(Handle(h));
 }
 
-ProzessHandle Win32Processes::OpenProcess(std::uint32_t access, std::uint32_t processId) {
-    return reinterpret_cast<ProzessHandle>(::OpenProcess(access, FALSE, processId));
+ProzessEigner Win32Processes::OpenProcess(std::uint32_t access, std::uint32_t processId) {
+    return ProzessEigner(*this, reinterpret_cast<ProzessHandle>(::OpenProcess(access, FALSE, processId)));
 }
 
 std::uint32_t Win32Processes::ModuleFileName(ProzessHandle process, std::uintptr_t module, char* buf,

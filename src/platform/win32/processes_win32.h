@@ -7,17 +7,19 @@ namespace kes::win32 {
 
 class Win32Processes : public ProcessApi {
 public:
-    ProzessHandle CreateSnapshot(std::uint32_t flags, std::uint32_t processId) override;
+    ProzessEigner CreateSnapshot(std::uint32_t flags, std::uint32_t processId) override;
     bool ProcessFirst(ProzessHandle snapshot, ProzessDaten* out) override;
     bool ProcessNext(ProzessHandle snapshot, ProzessDaten* out) override;
     bool ModuleFirst(ProzessHandle snapshot, ModulDaten* out) override;
     bool ModuleNext(ProzessHandle snapshot, ModulDaten* out) override;
-    void CloseHandle(ProzessHandle h) override;
-    ProzessHandle OpenProcess(std::uint32_t access, std::uint32_t processId) override;
+    ProzessEigner OpenProcess(std::uint32_t access, std::uint32_t processId) override;
     std::uint32_t ModuleFileName(ProzessHandle process, std::uintptr_t module, char* buf, std::uint32_t size) override;
     bool TerminateProcess(ProzessHandle process, std::uint32_t exitCode) override;
     std::uint32_t SystemDirectory(char* buf, std::uint32_t size) override;
     std::uint32_t ShortPathName(const std::string& path, char* buf, std::uint32_t size) override;
+
+protected:
+    void CloseHandle(ProzessHandle h) override;
 };
 
 }  // namespace kes::win32

@@ -20,17 +20,17 @@ DWORD* Dw(std::uint32_t* p) {
 }
 }  // namespace
 
-long Win32Registry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegHandle* out) {
+long Win32Registry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) {
     HKEY k = nullptr;
     const LONG rc = ::RegOpenKeyExA(Key(root), subkey.c_str(), 0, sam, &k);
-    if (rc == ERROR_SUCCESS) *out = Handle(k);
+    if (rc == ERROR_SUCCESS) *out = RegKey(*this, Handle(k));
     return rc;
 }
 
-long Win32Registry::CreateKeyEx(RegHandle root, const std::string& subkey, RegHandle* out) {
+long Win32Registry::CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) {
     HKEY k = nullptr;
     const LONG rc = ::RegCreateKeyExA(Key(root), subkey.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &k, nullptr);
-    if (rc == ERROR_SUCCESS) *out = Handle(k);
+    if (rc == ERROR_SUCCESS) *out = RegKey(*this, Handle(k));
     return rc;
 }
 

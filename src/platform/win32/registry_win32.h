@@ -7,9 +7,8 @@ namespace kes::win32 {
 
 class Win32Registry : public RegistryApi {
 public:
-    long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegHandle* out) override;
-    long CreateKeyEx(RegHandle root, const std::string& subkey, RegHandle* out) override;
-    long CloseKey(RegHandle key) override;
+    long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) override;
+    long CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) override;
     long EnumKeyEx(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen) override;
     long EnumKey(RegHandle key, std::uint32_t index, char* name, std::uint32_t cb) override;
     long EnumValue(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen, std::uint32_t* type,
@@ -20,6 +19,9 @@ public:
                     std::uint32_t cbData) override;
     long DeleteValue(RegHandle key, const char* name) override;
     long DeleteKey(RegHandle key, const std::string& subkey) override;
+
+protected:
+    long CloseKey(RegHandle key) override;
 };
 
 }  // namespace kes::win32

@@ -52,12 +52,12 @@ TEST_F(RegistryListen, CutOff_ReadsTheKeyAtEveryRound) {
 
 TEST_F(RegistryListen, WalkLetsWindowMessagesRunThreeTimesARound) {
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\A\\Eins");
-    RegHandle h = 0;
+    RegKey h;
     reg.OpenKey(kHkeyCurrentUser, "Software\\A", h);
     int geklickt = 0;
     fp.timers.beimPumpen.push_back([&] { ++geklickt; });
     const int vorher = fp.timers.pumpen;
-    EXPECT_EQ(reg.EnumSubkeys(h, Kategorie::Keine).size(), 2u);
+    EXPECT_EQ(reg.EnumSubkeys(h.Get(), Kategorie::Keine).size(), 2u);
     EXPECT_EQ(fp.timers.pumpen - vorher, 6) << "two rounds";
     EXPECT_EQ(geklickt, 1) << "a pending click runs in the middle of the walk";
     EXPECT_TRUE(reg.CloseKey(h));
@@ -66,7 +66,7 @@ TEST_F(RegistryListen, WalkLetsWindowMessagesRunThreeTimesARound) {
 TEST_F(RegistryListen, KeyDeletedDuringTheWalk_EndsTheWalkInsteadOfSpinning) {
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\Weg\\Eins");
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\Weg\\Zwei");
-    RegHandle h = 0;
+    RegKey h;
     reg.OpenKey(kHkeyCurrentUser, "Software\\Weg", h);
     // Another program removes the key between two rounds of the walk.
     fp.timers.beimPumpen.push_back([&] {
@@ -74,9 +74,8 @@ TEST_F(RegistryListen, KeyDeletedDuringTheWalk_EndsTheWalkInsteadOfSpinning) {
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Zwei");
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg");
     });
-    EXPECT_TRUE(reg.EnumSubkeys(h, Kategorie::Keine).empty());
-    EXPECT_TRUE(reg.EnumValues(h).empty());
-    reg.CloseKey(h);
+    EXPECT_TRUE(reg.EnumSubkeys(h.Get(), Kategorie::Keine).empty());
+    EXPECT_TRUE(reg.EnumValues(h.Get()).empty());
 }
 
 TEST_F(RegistryListen, MissingKey_GetSubkeysAndGetValueNamesEndInsteadOfSpinning) {

@@ -9,12 +9,11 @@ const std::string kSystem = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\Cu
 class RegistryAktionen : public WarnungsTest {
 protected:
     std::string Standardwert(RegHandle root, const std::string& key) {
-        RegHandle h = 0;
-        if (fp.registry.OpenKeyEx(root, key, kKeyAllAccess, &h) != kErrorSuccess) return "<kein Schlüssel>";
+        RegKey k;
+        if (fp.registry.OpenKeyEx(root, key, kKeyAllAccess, &k) != kErrorSuccess) return "<kein Schlüssel>";
         char puffer[256]{};
         std::uint32_t typ = 0, länge = sizeof puffer;
-        const long r = fp.registry.QueryValueEx(h, "", &typ, reinterpret_cast<std::uint8_t*>(puffer), &länge);
-        fp.registry.CloseKey(h);
+        const long r = fp.registry.QueryValueEx(k.Get(), "", &typ, reinterpret_cast<std::uint8_t*>(puffer), &länge);
         return r == kErrorSuccess ? std::string(puffer) : "<kein Wert>";
     }
     Form3Fenster& HtaWarnung(const std::string& hive, const std::string& key, const std::string& erwartet) {

@@ -153,11 +153,10 @@ TEST_F(StartseiteOriginal, EmptySavedText_WritesOneNulCharacter) {
     fp.registry.SetString("HKEY_CURRENT_USER\\" + key, "Start Page", "http://boese.example/");
     Offen("1").Image_Click(8);
 
-    RegHandle h = 0;
-    ASSERT_EQ(fp.registry.OpenKeyEx(kHkeyCurrentUser, key, kKeyRead, &h), kErrorSuccess);
+    RegKey k;
+    ASSERT_EQ(fp.registry.OpenKeyEx(kHkeyCurrentUser, key, kKeyRead, &k), kErrorSuccess);
     std::uint32_t grösse = 0;
-    fp.registry.QueryValueEx(h, "Start Page", nullptr, nullptr, &grösse);
-    fp.registry.CloseKey(h);
+    fp.registry.QueryValueEx(k.Get(), "Start Page", nullptr, nullptr, &grösse);
     EXPECT_EQ(grösse, 2u) << "one NUL as data, and its end";
 }
 

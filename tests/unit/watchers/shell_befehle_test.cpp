@@ -41,12 +41,11 @@ protected:
         fp.registry.SetString(kHklm + "\\Software\\Classes\\" + klasse + "\\shell\\open\\command", "", befehl);
     }
     std::string Lesen(const std::string& klasse) {
-        RegHandle h = 0;
-        fp.registry.OpenKeyEx(kHkeyClassesRoot, klasse + "\\shell\\open\\command", kKeyAllAccess, &h);
+        RegKey k;
+        fp.registry.OpenKeyEx(kHkeyClassesRoot, klasse + "\\shell\\open\\command", kKeyAllAccess, &k);
         char puffer[256]{};
         std::uint32_t typ = 0, länge = sizeof puffer;
-        const long r = fp.registry.QueryValueEx(h, "", &typ, reinterpret_cast<std::uint8_t*>(puffer), &länge);
-        fp.registry.CloseKey(h);
+        const long r = fp.registry.QueryValueEx(k.Get(), "", &typ, reinterpret_cast<std::uint8_t*>(puffer), &länge);
         return r == kErrorSuccess ? std::string(puffer) : "<fehlt>";
     }
     void Testen() { alarm().shellBefehle.TesteHTafile(); }

@@ -33,13 +33,12 @@ protected:
     }
     // The bytes stored for a value: a NUL written as data stands before the terminating one.
     std::string Roh(const std::string& key, const std::string& name) {
-        RegHandle h = 0;
+        RegKey k;
         const RegHandle root = key.rfind("HKEY_LOCAL_MACHINE\\", 0) == 0 ? kHkeyLocalMachine : kHkeyCurrentUser;
-        if (fp.registry.OpenKeyEx(root, key.substr(key.find('\\') + 1), kKeyRead, &h) != kErrorSuccess) return "?";
+        if (fp.registry.OpenKeyEx(root, key.substr(key.find('\\') + 1), kKeyRead, &k) != kErrorSuccess) return "?";
         std::uint32_t typ = 0, grösse = 64;
         std::string daten(64, 'x');
-        fp.registry.QueryValueEx(h, name.c_str(), &typ, reinterpret_cast<std::uint8_t*>(daten.data()), &grösse);
-        fp.registry.CloseKey(h);
+        fp.registry.QueryValueEx(k.Get(), name.c_str(), &typ, reinterpret_cast<std::uint8_t*>(daten.data()), &grösse);
         return daten.substr(0, grösse);
     }
     std::vector<std::string> Sprechblasen() {
