@@ -15,17 +15,6 @@ kes_build_win
 echo "== native: unit and contract tests against the fakes"
 ctest --test-dir build-native --output-on-failure --no-tests=error -j2
 
-echo "== native: unit and contract tests under AddressSanitizer and UndefinedBehaviorSanitizer"
-# A tree of its own; each suite runs once as a whole (not a process per test as under ctest).
-asan_start=$SECONDS
-kes_configure -S . -B build-asan -DKES_SANITIZE=ON -DKES_BENCH=OFF
-cmake --build build-asan -j2 --target unit_tests contract_fake
-for suite in unit_tests contract_fake; do
-  (cd build-asan/tests && ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
-    UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 ./$suite --gtest_brief=1)
-done
-echo "sanitizer stage: $((SECONDS - asan_start)) s"
-
 echo "== native: fuzz targets, each for a bounded time (clang, libFuzzer, sanitizers)"
 tests/fuzz/run.sh 15
 
