@@ -39,3 +39,14 @@ function(kes_own_manifest target)
     target_link_options(${target} PRIVATE /MANIFEST:NO)
   endif()
 endfunction()
+
+# The sanitizer run of the native suites (its own build tree): memory errors and undefined
+# behaviour stop the test that causes them. GCC, as for the plain native build: it takes
+# -fexec-charset=CP1252 together with the sanitizers, so the sources compile as they are,
+# where clang (the fuzz targets') knows no code page for literals and needs converted copies.
+option(KES_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+if(KES_SANITIZE AND NOT MSVC AND NOT WIN32)
+  # -O1 -g1: a third of the run time of -O0, line numbers in the reports, a lighter build.
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g1)
+  add_link_options(-fsanitize=address,undefined)
+endif()

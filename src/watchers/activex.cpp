@@ -27,6 +27,9 @@ void ActiveX::LadeActiveX() {
 void ActiveX::Testeactivx() {
     Plattform& p = k_.P();
     const std::string ordner = Ordner(k_.W());
+    // The baseline as the row starts: the walk yields, and a change meanwhile counts from the
+    // next row on.
+    const BekannteTexte bekannt(List6.Items, [](const std::string& b) { return Klein(b); });
     // Each step of the removal is passed over when it fails.
     const std::string desktopIni = ordner + "\\desktop.ini";
     if (DateiVorhanden(p, desktopIni)) {
@@ -50,7 +53,6 @@ void ActiveX::Testeactivx() {
     }
 
     const std::string* neu = nullptr;
-    const BekannteTexte bekannt(List6.Items, [](const std::string& b) { return Klein(b); });
     for (const std::string& datei : List7.Items) {
         const std::string klein = Klein(datei);
         bool gefunden = bekannt.Enthält(klein);

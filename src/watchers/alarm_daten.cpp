@@ -1,5 +1,7 @@
 #include "watchers/alarm_daten.h"
 
+#include "common/pumpenfrei.h"
+
 namespace kes {
 
 AlarmDaten::AlarmDaten(WächterKontext& k)
@@ -23,6 +25,7 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
 }
 
 bool AlarmDaten::Später(const std::string& schlüssel) const {
+    const Pumpenfrei frei;  // asked live, in the middle of the rows' loops
     for (const auto& eintrag : List8.Items)
         if (eintrag == schlüssel) return true;
     return false;

@@ -63,8 +63,15 @@ void AutostartRegistry::Auflisten(RegHandle root, const std::string& key) {
     });
 }
 
-int AutostartRegistry::Unbekannt() {
-    const BekannteTexte liste(ListView1.Items, [](const ListItem& b) { return Klein(b.Text); });
+namespace {
+// The baseline as the row starts: the walks yield, and a change meanwhile counts from the
+// next row on.
+BekannteTexte Stand(const ListView& ListView1) {
+    return BekannteTexte(ListView1.Items, [](const ListItem& b) { return Klein(b.Text); });
+}
+}  // namespace
+
+int AutostartRegistry::Unbekannt(const BekannteTexte& liste) {
     for (std::size_t i = 0; i < ListView33.Items.size(); ++i) {
         const ListItem& z = ListView33.Items[i];
         const std::string vergleich = Klein(z.Text + "\\" + z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3));
@@ -77,6 +84,7 @@ int AutostartRegistry::Unbekannt() {
 
 void AutostartRegistry::TesteAutostartRegistry() {
     try {
+        const BekannteTexte bekannt = Stand(ListView1);
         ListView33.Items.clear();
         k_.W().Kategorieschlüssel = Kategorie::AutostartRegistry;
         HiveOCX hive(k_.P().registry);
@@ -89,7 +97,7 @@ void AutostartRegistry::TesteAutostartRegistry() {
         }
         for (RegHandle root : {kHkeyCurrentUser, kHkeyLocalMachine})
             for (const char* ort : kOrte) Auflisten(root, ort);
-        const int zeile = Unbekannt();
+        const int zeile = Unbekannt(bekannt);
         if (zeile >= 0) Warnen(zeile, false);
     } catch (...) {
         // A failed read ends the routine without a word and without a warning.
@@ -99,6 +107,7 @@ void AutostartRegistry::TesteAutostartRegistry() {
 void AutostartRegistry::TesteAutostartHkeyUser() {
     try {
         k_.W().Kategorieschlüssel = Kategorie::AutostartRegistry;
+        const BekannteTexte bekannt = Stand(ListView1);
         const auto liste = ListSubkeys(k_.P(), kHkeyUsers, "");
         if (liste.empty() || liste.front().empty()) return;
         std::vector<std::string> benutzer;
@@ -113,7 +122,7 @@ void AutostartRegistry::TesteAutostartHkeyUser() {
                 const std::string pfad = u + "\\" + ort;
                 if (!hive.KeyExists(3, pfad)) continue;
                 Auflisten(kHkeyUsers, pfad);
-                const int zeile = Unbekannt();
+                const int zeile = Unbekannt(bekannt);
                 if (zeile >= 0) {
                     Warnen(zeile, true);
                     return;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "common/steuerelemente.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -24,7 +25,7 @@ private:
     // Adds the values of one key to ListView33, with the second reading in column 5.
     void Auflisten(RegHandle root, const std::string& key);
     // The first row of ListView33 that is neither known nor deferred, or -1.
-    int Unbekannt();
+    int Unbekannt(const BekannteTexte& bekannt);
     // Raises the warning for that row; the user hives also search the system folders.
     void Warnen(int zeile, bool benutzerHives);
     WächterKontext& k_;

@@ -1,6 +1,7 @@
 #include "watchers/dfue.h"
 
 #include "common/fehler.h"
+#include "common/pumpenfrei.h"
 #include "common/text.h"
 #include "platform/allefunktionen.h"
 #include "platform/dfue.h"
@@ -45,6 +46,7 @@ void DFÜ::Prüfen() {
     std::size_t gefunden = namen->size();
     for (std::size_t i = 0; i < namen->size(); ++i) {
         DFUEigenschaften(p, (*namen)[i], land, vorwahl, nummer);
+        const Pumpenfrei frei;  // the baseline as the panel shows it, read in one go
         bool bekannt = false;
         for (const auto& z : ListView2.Items) {
             nummer = Gross(nummer);

@@ -78,6 +78,11 @@ void Dienste::TesteDienste() {
     Prozesswerte& w = k_.W();
     // Set at every call, found or not; the key stays for whatever runs next.
     w.Kategorieschlüssel = Kategorie::Dienste;
+    // Both lists as the row starts: the walk yields, and a change meanwhile counts from the
+    // next row on. The makers are kept in their order, folded as they are compared.
+    const BekannteTexte bekannt(ListView11.Items, [](const ListItem& z) { return z.Text; });
+    std::vector<std::string> firmen;
+    for (const std::string& zeile : List10.Items) firmen.push_back(Klein(zeile));
     std::vector<std::string> liste;
     try {
         liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, w.Kategorieschlüssel);
@@ -89,7 +94,6 @@ void Dienste::TesteDienste() {
     HiveOCX hive(p.registry);
     std::string name, K, start, objectName, displayName, beschreibung, pfad;
     bool neu = false;
-    const BekannteTexte bekannt(ListView11.Items, [](const ListItem& z) { return z.Text; });
     for (const std::string& eintrag : liste) {
         name = eintrag.substr(0, eintrag.find(';'));
         bool gefunden = bekannt.Enthält(name);
@@ -115,10 +119,8 @@ void Dienste::TesteDienste() {
         // Up to one beyond the last line, which reads as empty; a hit does not stop it.
         bool hersteller = false;
         const std::string firma = Klein(infos_.CompanyName);
-        for (std::size_t j = 0; j <= List10.Items.size(); ++j) {
-            const std::string zeile = j < List10.Items.size() ? List10.Items[j] : std::string();
-            if (firma == Klein(zeile)) hersteller = true;
-        }
+        for (std::size_t j = 0; j <= firmen.size(); ++j)
+            if (firma == (j < firmen.size() ? firmen[j] : std::string())) hersteller = true;
         if (!hersteller) {
             neu = true;
             break;

@@ -6,6 +6,7 @@
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
 #include "platform/registry.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -129,30 +130,38 @@ void Klassenlisten::LadeURLSearchHook() {
     for (const auto& zeile : ZeilenBisLeer(*inhalt)) List9.Items.push_back(zeile);
 }
 
+namespace {
+// The baseline of one shape as its row starts. The walks of the row let messages run, and a
+// list the panel changes meanwhile counts from the next row on.
+struct Stand {
+    std::vector<std::string> hooks;  // the search hooks, in their order: the search yields between lines
+    BekannteTexte namen;             // the others: by the class, the shell services by the name
+
+    Stand(Art art, const ListView& bho, const ListView& ssodl, const ListView& sts, const ListBox& hookListe)
+        : hooks(art == Art::URLSearchHooks ? hookListe.Items : std::vector<std::string>()),
+          namen(Zeilen(art, bho, ssodl, sts),
+                [art](const ListItem& z) { return art == Art::ShellService ? z.Text : z.SubItem(1); }) {}
+
+    static const std::vector<ListItem>& Zeilen(Art art, const ListView& bho, const ListView& ssodl,
+                                               const ListView& sts) {
+        static const std::vector<ListItem> keine;
+        return art == Art::BHO             ? bho.Items
+               : art == Art::ShellService  ? ssodl.Items
+               : art == Art::TaskScheduler ? sts.Items
+                                           : keine;
+    }
+};
+
 // The baseline is searched by the live name, whole and with case.
-bool Klassenlisten::Bekannt(Art art, const std::string& name) const {
-    switch (art) {
-        case Art::BHO:
-            for (const auto& z : ListView8.Items)
-                if (z.SubItem(1) == name) return true;
-            return false;
-        case Art::ShellService:
-            for (const auto& z : ListView9.Items)
-                if (z.Text == name) return true;
-            return false;
-        case Art::TaskScheduler:
-            for (const auto& z : ListView10.Items)
-                if (z.SubItem(1) == name) return true;
-            return false;
-        case Art::URLSearchHooks:
-            for (const auto& zeile : List9.Items) {
-                if (zeile == name) return true;
-                k_.Pumpen();
-            }
-            return false;
+bool Bekannt(WächterKontext& k, Art art, const Stand& stand, const std::string& name) {
+    if (art != Art::URLSearchHooks) return stand.namen.Enthält(name);
+    for (const auto& zeile : stand.hooks) {
+        if (zeile == name) return true;
+        k.Pumpen();
     }
     return false;
 }
+}  // namespace
 
 void Klassenlisten::TesteBHO() {
     Teste(Art::BHO);
@@ -170,6 +179,7 @@ void Klassenlisten::TesteSonstiges2() {
 void Klassenlisten::Teste(Art art) {
     const Mitglied& m = Von(art);
     Plattform& p = k_.P();
+    const Stand stand(art, ListView8, ListView9, ListView10, List9);
     std::vector<std::string> liste;
     try {
         Registry reg(p);
@@ -198,7 +208,7 @@ void Klassenlisten::Teste(Art art) {
         // value of CLSID itself, which some systems fill.
         if (N.empty() || N.front() == '\0') continue;
         if (art == Art::ShellService || art == Art::TaskScheduler) k_.Pumpen();
-        if (Bekannt(art, N)) continue;
+        if (Bekannt(k_, art, stand, N)) continue;
         switch (art) {
             case Art::BHO:
                 D = hive.ReadValue(2, std::string(kBHO) + "\\" + N, kStandardwert);

@@ -44,7 +44,6 @@ private:
     void LadeVierSchlüssel(const std::string& datei, ListView& liste);
     // Adds the version fields of the server file and the section number to a row.
     void Dateifelder(ListItem& zeile, const std::string& pfad, int abschnitt);
-    bool Bekannt(Art art, const std::string& name) const;
     void Teste(Art art);
 
     WächterKontext& k_;

@@ -52,14 +52,15 @@ bool Prozesse::Bekannt(const Listen& l, const ProcessRecord& r, const std::strin
 void Prozesse::TesteProzesse() {
     try {
         Plattform& p = k_.P();
+        // The lists as the row starts: the walk yields, and a change meanwhile counts from
+        // the next row on.
+        const Listen listen(*this);
         Prozesse1& tabelle = k_.Prozesstabelle();
         tabelle.ModulZähler = 0;
         tabelle.Prozesse.clear();
         tabelle.ProzesseHolen();
 
         const ProcessRecord* neu = nullptr;
-        // Gathered after the walk, whose yields may change the lists.
-        const Listen listen(*this);
         for (ProcessRecord& r : tabelle.Prozesse) {
             try {
                 PfadSuchen(p, r);

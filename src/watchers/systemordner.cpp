@@ -2,6 +2,7 @@
 
 #include <unordered_set>
 
+#include "common/pumpenfrei.h"
 #include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
 #include "platform/icoholen.h"
@@ -71,6 +72,7 @@ void WindowsDateien::LadeWindowsSys32() {
 }
 
 bool WindowsDateien::AusnahmeTrue(const std::string& pfad) const {
+    const Pumpenfrei frei;  // asked after the row's last yield, on the list as the panel shows it
     for (const auto& zeile : List5.Items)
         if (zeile == pfad) return true;
     return false;

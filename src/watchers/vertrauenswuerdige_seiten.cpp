@@ -55,12 +55,13 @@ void VertrauenswürdigeSeiten::Testen(const Hive& h) {
     std::string domain;
     bool neu = false;
     try {
+        // The baseline as the row starts, compared with case, though the registry has none:
+        // the walk yields, and a change meanwhile counts from the next row on.
+        const BekannteTexte liste(ListView12.Items, [](const ListItem& z) { return z.Text; });
         const auto schlüssel = Registry(k_.P()).GetSubkeys(h.root, kZoneMapDomains, k_.W().Kategorieschlüssel);
         // A missing key gives no entries or an empty first one: nothing to test. So does a
         // walk of more than 3000 domains while the services watcher's key still stands.
         if (schlüssel.empty() || schlüssel.front().empty()) return;
-        // With case, though the registry has none.
-        const BekannteTexte liste(ListView12.Items, [](const ListItem& z) { return z.Text; });
         // The last entry is the failing call's, left out by the bound of the loop.
         for (std::size_t i = 0; i + 1 < schlüssel.size(); ++i) {
             domain = schlüssel[i].substr(0, schlüssel[i].find(';'));

@@ -1,16 +1,28 @@
 // Window timers on a clock the test moves by hand, and a message pump that runs what the
 // test queued for it, so a user action can fall between two steps of a tick. With
 // msProPumpe set, every pump also lets that much time pass and delivers the ticks that fall
-// due meanwhile, inside the pump, as the platform's message loop does.
+// due meanwhile, inside the pump, as the platform's message loop does. A pump while the
+// code holds a Pumpenfrei fails: the unit tests count it as a failure of the running test.
 #pragma once
 
+#include <cstdio>
+#include <cstdlib>
 #include <deque>
 #include <functional>
 #include <map>
 
+#include "common/pumpenfrei.h"
 #include "platform/seam/timer_api.h"
 
 namespace kes::fake {
+
+// Where no test framework can be told (the fuzz targets, a test binary that does not set
+// its own), the process stops with the reason.
+inline void PumpeImFreienAbbrechen() {
+    std::fputs("message pump inside a stretch declared free of pumps\n", stderr);
+    std::abort();
+}
+inline void (*beiPumpeImFreien)() = &PumpeImFreienAbbrechen;
 
 class FakeTimers : public TimerApi {
 public:
@@ -24,6 +36,7 @@ public:
     }
     void Kill(int id) override { laufend_.erase(id); }
     void PumpMessages() override {
+        if (Pumpenfrei::Gehalten()) beiPumpeImFreien();
         ++pumpen;
         std::deque<std::function<void()>> jetzt;
         jetzt.swap(beimPumpen);
