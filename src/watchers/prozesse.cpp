@@ -8,6 +8,21 @@
 
 namespace kes {
 
+namespace {
+// The first look and three more.
+constexpr int kBlickeBisZurMeldung = 4;
+
+// When the process was created, asked with the least right that serves; 0 when it cannot be
+// asked, which then stands for every process under that id.
+std::uint64_t Erstellt(Plattform& p, std::int32_t processId) {
+    const auto id = static_cast<std::uint32_t>(processId);
+    ProzessEigner h = p.processes.OpenProcess(kProcessQueryLimited, id);
+    // Systems before Vista do not know the limited right.
+    if (!h) h = p.processes.OpenProcess(kProcessQueryInformation, id);
+    return h ? p.processes.CreationTime(h.Get()) : 0;
+}
+}  // namespace
+
 std::string MitVorzeichenstelle(std::int32_t zahl) {
     return zahl < 0 ? std::to_string(zahl) : " " + std::to_string(zahl);
 }
@@ -68,12 +83,15 @@ void Prozesse::TesteProzesse() {
             }
             DateiVersion v;
             DateiInfos(p, r.Path, v);
-            if (IstSystemProzess(r.Name)) continue;
-            if (!Bekannt(listen, r, v.CompanyName)) {
-                neu = &r;
-                break;
-            }
+            // A process without a name is none the user could place or accept.
+            if (IstSystemProzess(r.Name) || r.Name.empty()) continue;
+            if (!r.Path.empty()) ohnePfad_.erase(r.ProcessId);
+            if (Bekannt(listen, r, v.CompanyName)) continue;
+            if (r.Path.empty() && !OhnePfadMelden(r)) continue;
+            neu = &r;
+            break;
         }
+        OhnePfadAufräumen(tabelle.Prozesse);
         if (!neu) return;
         // A deferred process hides everything behind it in the snapshot for this pass.
         if (k_.Später(neu->Name)) return;
@@ -81,6 +99,23 @@ void Prozesse::TesteProzesse() {
     } catch (...) {
         // Any other error ends the routine without a message.
     }
+}
+
+bool Prozesse::OhnePfadMelden(const ProcessRecord& r) {
+    const std::uint64_t erstellt = Erstellt(k_.P(), r.ProcessId);
+    OhnePfad& o = ohnePfad_[r.ProcessId];
+    if (o.blicke == 0 || o.erstellt != erstellt) o = {erstellt, 0};
+    return ++o.blicke >= kBlickeBisZurMeldung;
+}
+
+void Prozesse::OhnePfadAufräumen(const std::vector<ProcessRecord>& tabelle) {
+    if (ohnePfad_.empty()) return;
+    std::map<std::int32_t, OhnePfad> bleiben;
+    for (const ProcessRecord& r : tabelle) {
+        const auto it = ohnePfad_.find(r.ProcessId);
+        if (it != ohnePfad_.end()) bleiben.insert(*it);
+    }
+    ohnePfad_ = std::move(bleiben);
 }
 
 void Prozesse::Warnen(const ProcessRecord& r) {

@@ -1,10 +1,13 @@
 // New processes: a running program whose path is not in the baseline and whose maker is not
 // trusted. The baseline daten\prozesse.txt (name "#" path, written a line an entry, read
 // field by field) fills ListView6, the trusted makers of daten\Firma.txt fill List1, and
-// List2 holds what was allowed for this run only.
+// List2 holds what was allowed for this run only. A process whose path cannot be read is
+// looked at again before it is reported: it may have been caught while it starts or ends.
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <map>
 
 #include "common/steuerelemente.h"
 #include "watchers/bekannte_texte.h"
@@ -20,7 +23,8 @@ public:
     void LadeProzessFirmen();
     void LadeProzesse();
     // Takes a fresh snapshot into the process table and warns of the first entry that is
-    // known neither by its path, nor by its maker, nor for this run.
+    // known neither by its path, nor by its maker, nor for this run. One without a name is
+    // passed over; one without a path only at its fourth look in a row.
     void TesteProzesse();
 
     ListView& ListView6;
@@ -35,6 +39,20 @@ private:
     };
     static bool Bekannt(const Listen& l, const ProcessRecord& r, const std::string& hersteller);
     void Warnen(const ProcessRecord& r);
+    // Counts one more look at a process whose path stayed empty; true at the fourth look in a
+    // row at the same process. Until then its program file may not be mapped yet, or it
+    // has ended between the snapshot and the question for its path.
+    bool OhnePfadMelden(const ProcessRecord& r);
+    // Forgets what was counted for processes that are not in the table any more.
+    void OhnePfadAufräumen(const std::vector<ProcessRecord>& tabelle);
+
+    // The looks so far at a process without a path, by its id. The creation time tells
+    // whether the id still belongs to the same process: ids come back for new ones.
+    struct OhnePfad {
+        std::uint64_t erstellt = 0;
+        int blicke = 0;
+    };
+    std::map<std::int32_t, OhnePfad> ohnePfad_;
     WächterKontext& k_;
 };
 

@@ -134,6 +134,13 @@ std::uint32_t FakeProcesses::ModuleFileName(ProzessHandle process, std::uintptr_
     return pfad.empty() ? 0 : Kopieren(pfad, buf, size);
 }
 
+std::uint64_t FakeProcesses::CreationTime(ProzessHandle process) {
+    auto it = offen_.find(process);
+    if (it == offen_.end() || !(it->second.recht & (kProcessQueryInformation | kProcessQueryLimited))) return 0;
+    const FakeProzess* p = Finde(it->second.pid);
+    return p ? p->erstellt : 0;
+}
+
 bool FakeProcesses::TerminateProcess(ProzessHandle process, std::uint32_t) {
     auto it = offen_.find(process);
     if (it == offen_.end() || !(it->second.recht & kProcessTerminate)) return false;

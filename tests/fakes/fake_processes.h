@@ -23,8 +23,10 @@ struct FakeProzess {
     std::uint32_t pid = 0;
     std::uint32_t eltern = 0;
     std::uint32_t threads = 1;
-    std::string pfad;               // GetModuleFileNameExA of the program file; "" fails
-    std::vector<FakeModul> module;  // after the program file
+    std::string pfad;                             // GetModuleFileNameExA of the program file; "" fails
+    std::uint64_t erstellt = 133170048000000000;  // the creation time (2023); another process under
+                                                  // the same id has another
+    std::vector<FakeModul> module;                // after the program file
     bool modulWalkVerweigert = false;
     bool öffnenVerweigert = false;
     bool beendenVerweigert = false;
@@ -51,6 +53,7 @@ public:
     bool ModuleNext(ProzessHandle snapshot, ModulDaten* out) override;
     ProzessEigner OpenProcess(std::uint32_t access, std::uint32_t processId) override;
     std::uint32_t ModuleFileName(ProzessHandle process, std::uintptr_t module, char* buf, std::uint32_t size) override;
+    std::uint64_t CreationTime(ProzessHandle process) override;
     bool TerminateProcess(ProzessHandle process, std::uint32_t exitCode) override;
     std::uint32_t SystemDirectory(char* buf, std::uint32_t size) override;
     std::uint32_t ShortPathName(const std::string& path, char* buf, std::uint32_t size) override;

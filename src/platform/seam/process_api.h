@@ -1,8 +1,8 @@
 // The process calls the program makes: tool-help snapshots of the running processes and of
-// one process's modules, the file name of a process's module, the system folder, the short
-// form of a path, and ending a process. Handles are numbers; 0 is "no handle" for all of
-// them (a failed snapshot, a process that cannot be opened). Snapshots and processes come
-// in owners that close them.
+// one process's modules, the file name of a process's module, when a process was created,
+// the system folder, the short form of a path, and ending a process. Handles are numbers; 0
+// is "no handle" for all of them (a failed snapshot, a process that cannot be opened).
+// Snapshots and processes come in owners that close them.
 #pragma once
 
 #include <array>
@@ -23,6 +23,8 @@ inline constexpr std::uint32_t kSnapAll = 15;    // TH32CS_SNAPALL
 inline constexpr std::uint32_t kSnapModule = 8;  // TH32CS_SNAPMODULE
 inline constexpr std::uint32_t kProcessTerminate = 1;
 inline constexpr std::uint32_t kProcessQueryRead = 1040;  // query information and read memory
+inline constexpr std::uint32_t kProcessQueryInformation = 0x400;
+inline constexpr std::uint32_t kProcessQueryLimited = 0x1000;  // not known before Vista
 
 // The fields of PROCESSENTRY32 that the program reads. The names are the raw fixed-size
 // fields: a name that fills the field has no NUL.
@@ -60,6 +62,9 @@ public:
     // 0 on failure. Module 0 is the program file.
     virtual std::uint32_t ModuleFileName(ProzessHandle process, std::uintptr_t module, char* buf,
                                          std::uint32_t size) = 0;
+    // GetProcessTimes: when the process was created, in 100 ns steps since 1601; 0 when it
+    // cannot be asked (no handle, or one without a query right).
+    virtual std::uint64_t CreationTime(ProzessHandle process) = 0;
     // TerminateProcess: false when the process could not be ended.
     virtual bool TerminateProcess(ProzessHandle process, std::uint32_t exitCode) = 0;
 

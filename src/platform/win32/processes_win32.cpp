@@ -81,6 +81,12 @@ std::uint32_t Win32Processes::ModuleFileName(ProzessHandle process, std::uintptr
     return ::GetModuleFileNameExA(Handle(process), reinterpret_cast<HMODULE>(module), buf, size);
 }
 
+std::uint64_t Win32Processes::CreationTime(ProzessHandle process) {
+    FILETIME erstellt{}, ende{}, kern{}, nutzer{};
+    if (process == kKeinHandle || !::GetProcessTimes(Handle(process), &erstellt, &ende, &kern, &nutzer)) return 0;
+    return (static_cast<std::uint64_t>(erstellt.dwHighDateTime) << 32) | erstellt.dwLowDateTime;
+}
+
 bool Win32Processes::TerminateProcess(ProzessHandle process, std::uint32_t exitCode) {
     return process != kKeinHandle && ::TerminateProcess(Handle(process), exitCode) != 0;
 }

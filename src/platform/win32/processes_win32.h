@@ -14,6 +14,7 @@ public:
     bool ModuleNext(ProzessHandle snapshot, ModulDaten* out) override;
     ProzessEigner OpenProcess(std::uint32_t access, std::uint32_t processId) override;
     std::uint32_t ModuleFileName(ProzessHandle process, std::uintptr_t module, char* buf, std::uint32_t size) override;
+    std::uint64_t CreationTime(ProzessHandle process) override;
     bool TerminateProcess(ProzessHandle process, std::uint32_t exitCode) override;
     std::uint32_t SystemDirectory(char* buf, std::uint32_t size) override;
     std::uint32_t ShortPathName(const std::string& path, char* buf, std::uint32_t size) override;

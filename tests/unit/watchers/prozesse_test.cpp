@@ -1,5 +1,6 @@
 // The process watcher: its two files, the compare by path, maker and this run's list, the
-// deferred first process, and what the warning shows of the process it found.
+// deferred first process, a process whose path cannot be read yet, and what the warning
+// shows of the process it found.
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
 #include "warning/form3.h"
@@ -101,10 +102,9 @@ TEST_F(NeueProzesse, SystemNames_ComparedWithCase) {
     Testen();
     EXPECT_FALSE(prg.Form3Geladen()) << "the system's own entries are passed over";
 
-    Prozess("system", 6, "");
+    Prozess("system", 6, "C:\\Temp\\system");
     Testen();
     EXPECT_EQ(Gewarnt(), "system") << "\"system\" in lower case is an ordinary process";
-    EXPECT_EQ(prg.Form3().Zeile2(), "") << "its path stayed empty";
 }
 
 TEST_F(NeueProzesse, TrustedMaker_MatchesWithoutCase_OnAnyLineOfTheList) {
@@ -134,6 +134,56 @@ TEST_F(NeueProzesse, PathMissing_FoundInSystemWbemOrWindowsFolder) {
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_EQ(prg.Prozesstabelle().Prozesse.at(0).Path, "C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe")
         << "the table keeps the path found, for the actions";
+}
+
+// One process, cycle by cycle: 'L' there without a readable path, 'P' there with its known
+// path, 'X' there with a path of a new folder, 'N' another process under the same id
+// without a path, '-' ended.
+struct OhnePfadFall {
+    const char* fall;
+    const char* name;
+    const char* verlauf;
+    int gemeldetImZyklus;  // 0: never
+};
+
+class ProzessOhnePfad : public NeueProzesse, public ::testing::WithParamInterface<OhnePfadFall> {};
+
+TEST_P(ProzessOhnePfad, ReportedOnlyWhenStillThereWithoutPathAtTheFourthLookInARow) {
+    const OhnePfadFall& f = GetParam();
+    const std::string bekannt = "C:\\Programme\\Spaet\\spaet.exe";
+    fp.files.Put(baseline, "spaet.exe#" + bekannt + "\r\n");
+    int gemeldet = 0;
+    char zuletzt = 0;
+    for (int zyklus = 1; f.verlauf[zyklus - 1] != '\0' && gemeldet == 0; ++zyklus) {
+        zuletzt = f.verlauf[zyklus - 1];
+        fp.processes.prozesse.clear();
+        if (zuletzt != '-') {
+            const std::string pfad = zuletzt == 'P' ? bekannt : zuletzt == 'X' ? "C:\\Temp\\spaet.exe" : "";
+            Prozess(f.name, 300, pfad).erstellt = zuletzt == 'N' ? 2 : 1;
+        }
+        Testen();
+        if (prg.Form3Geladen()) gemeldet = zyklus;
+    }
+    EXPECT_EQ(gemeldet, f.gemeldetImZyklus);
+    if (gemeldet != 0 && zuletzt != 'X') EXPECT_EQ(prg.Form3().Zeile2(), "") << "reported with its empty path";
+}
+
+INSTANTIATE_TEST_SUITE_P(Verläufe, ProzessOhnePfad,
+                         ::testing::Values(OhnePfadFall{"PathAtTheSecondLook", "spaet.exe", "LPPPPP", 0},
+                                           OhnePfadFall{"PathNeverReadable", "spaet.exe", "LLLLLL", 4},
+                                           OhnePfadFall{"EndedAfterThreeLooks", "spaet.exe", "LLL---", 0},
+                                           OhnePfadFall{"PathBetweenTheLooks_CountsAnew", "spaet.exe", "LLPLLLL", 7},
+                                           OhnePfadFall{"AnotherProcessUnderTheSameId_CountsAnew", "spaet.exe",
+                                                        "LLNNNN", 6},
+                                           OhnePfadFall{"PathOfANewFolderAtTheSecondLook", "spaet.exe", "LX", 2},
+                                           OhnePfadFall{"EmptyName", "", "LLLLLL", 0}),
+                         [](const ::testing::TestParamInfo<OhnePfadFall>& i) { return std::string(i.param.fall); });
+
+TEST_F(NeueProzesse, ProcessWithoutPath_DoesNotHideANewOneBehindIt) {
+    Prozess("spaet.exe", 300, "");
+    Prozess("neu.exe", 301, "C:\\Temp\\neu.exe");
+    Testen();
+    EXPECT_EQ(Gewarnt(), "neu.exe");
 }
 
 TEST_F(NeueProzesse, DeferredFirstProcess_HidesTheRestOfThePass) {
