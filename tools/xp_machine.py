@@ -17,9 +17,9 @@ What it adds (counts at scale 1):
              (Start 2) with ImagePath in every form the registry holds (\\SystemRoot\\...,
              %SystemRoot%\\... as REG_EXPAND_SZ, system32\\..., quoted with arguments, unquoted
              with blanks, \\??\\C:\\..., a bare name, svchost -k with Parameters\\ServiceDll),
-             manual (3) and disabled (4) ones, and a few without an ImagePath; the drivers
-             in four load order groups and few svchost services automatic, since Wine
-             starts every automatic one at each boot
+             manual (3) and disabled (4) ones, and a few without an ImagePath. Few drivers
+             start at boot and few svchost services automatically: Wine starts each of
+             them at every boot, in a process of its own
   autostart  Run, RunOnce and RunServices values of HKLM and HKCU and of the other user
              below HKEY_USERS that Wine keeps (.DEFAULT); the Windows NT "run" and "load" values
   classes    five Browser Helper Objects (one without a server), four
@@ -214,11 +214,12 @@ class Machine:
         for i in range(self.n(300)):
             name = f"XpSvc{i:03d}"
             image, expand, kind = forms[i % len(forms)](name.lower())
+            # Wine starts every boot, system and automatic service at each boot, a process
+            # for each driver and svchost service (2 s apiece here): few of those.
             if kind in (1, 2):
-                start = self.rng.choice([0, 1, 1, 3, 4])
+                start = self.rng.choice([0, 1, 3, 3, 3, 4, 4])
             elif kind == 32:
-                # Wine starts a host process for each automatic one at every boot (2 to 3 s).
-                start = self.rng.choice([2, 3, 3, 3, 3, 4])
+                start = self.rng.choice([2, 3, 3, 3, 3, 3, 4])
             else:
                 start = self.rng.choice([2, 2, 2, 2, 3, 3, 4])
             yield name, image if i % 23 != 7 else None, expand, kind, start, i
@@ -232,8 +233,6 @@ class Machine:
             if image is not None:
                 self.reg64.val(k, "ImagePath", Expand(image) if expand else image)
             if kind in (1, 2):
-                # Wine loads the drivers of one group in one process: without a group each
-                # would cost a process start at every boot.
                 self.reg64.val(k, "Group", self.rng.choice(DRIVER_GROUPS))
             self.reg64.val(k, "DisplayName", f"Beispieldienst {i}")
             if kind not in (1, 2):
