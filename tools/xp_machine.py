@@ -17,9 +17,9 @@ What it adds (counts at scale 1):
              (Start 2) with ImagePath in every form the registry holds (\\SystemRoot\\...,
              %SystemRoot%\\... as REG_EXPAND_SZ, system32\\..., quoted with arguments, unquoted
              with blanks, \\??\\C:\\..., a bare name, svchost -k with Parameters\\ServiceDll),
-             manual (3) and disabled (4) ones, and a few without an ImagePath. Few drivers
-             start at boot and few svchost services automatically: Wine starts each of
-             them at every boot, in a process of its own
+             manual (3) and disabled (4) ones, and a few without an ImagePath. Only a few
+             drivers start at boot and a few svchost services automatically: Wine starts
+             each of them at every boot, in a process of its own
   autostart  Run, RunOnce and RunServices values of HKLM and HKCU and of the other user
              below HKEY_USERS that Wine keeps (.DEFAULT); the Windows NT "run" and "load" values
   classes    five Browser Helper Objects (one without a server), four
@@ -213,13 +213,16 @@ class Machine:
         ]
         for i in range(self.n(300)):
             name = f"XpSvc{i:03d}"
+            # i % len(forms) picks the form; the first two rounds hold the drivers and
+            # svchost services that start.
             image, expand, kind = forms[i % len(forms)](name.lower())
             # Wine starts every boot, system and automatic service at each boot, a process
-            # for each driver and svchost service (2 s apiece here): few of those.
+            # for each driver and svchost service (2 s apiece, more on a busy machine, and a
+            # test's first Wine call waits for all of them): two of each kind start.
             if kind in (1, 2):
-                start = self.rng.choice([0, 1, 3, 3, 3, 4, 4])
+                start = [0, 1][i // len(forms)] if i < 2 * len(forms) else self.rng.choice([3, 3, 4])
             elif kind == 32:
-                start = self.rng.choice([2, 3, 3, 3, 3, 3, 4])
+                start = 2 if i < 2 * len(forms) else self.rng.choice([3, 3, 4])
             else:
                 start = self.rng.choice([2, 2, 2, 2, 3, 3, 4])
             yield name, image if i % 23 != 7 else None, expand, kind, start, i
