@@ -24,7 +24,8 @@ What it adds (counts at scale 1):
              below HKEY_USERS that Wine keeps (.DEFAULT); the Windows NT "run" and "load" values
   classes    five Browser Helper Objects (one without a server), four
              ShellServiceObjectDelayLoad, three SharedTaskScheduler and two URLSearchHooks
-             entries, each class with CLSID\\{...}\\InprocServer32 and its server file
+             entries, each class with CLSID\\{...}\\InprocServer32 and its server file (a
+             copy of fremd.dll where MinGW-w64 built it)
   browser    start and search pages of HKLM and HKCU, URL prefixes, 30 ZoneMap domains
              under each of HKLM and HKCU
   folders    60 favourites and 5 Links, the StartUp folders of the user and of all users,
@@ -193,6 +194,7 @@ class Machine:
                          dll=True),
                 build_pe(os.path.join(self.win, "hoch.exe"), "Codepage AG", "Hohe Codepage", "Test", lang="0407FDE9")]
         self.version_resources = all(made)
+        self.server_dll = os.path.join(self.sys32, "fremd.dll") if made[1] else None
 
     # -- services --------------------------------------------------------------------------
     def service_list(self):
@@ -271,10 +273,16 @@ class Machine:
 
     # -- class lists -----------------------------------------------------------------------
     def server(self, reg, cid, folder, name, expand=False):
+        """A class and its server, a real DLL with a version resource where MinGW-w64 is
+        there: the watchers read the maker of every server they report."""
         path = ("%SystemRoot%\\" if expand else "C:\\WINDOWS\\") + folder + "\\" + name
         reg.val(HKCR + r"\CLSID" + "\\" + cid + r"\InprocServer32", None, path)
         reg.val(HKCR + r"\CLSID" + "\\" + cid + r"\InprocServer32", "ThreadingModel", "Apartment")
-        self.write(os.path.join(self.win, folder.lower(), name), self.pe_bytes(3000))
+        target = os.path.join(self.win, folder.lower(), name)
+        if self.server_dll and not os.path.exists(target):
+            os.makedirs(os.path.dirname(target), exist_ok=True)
+            shutil.copyfile(self.server_dll, target)
+        self.write(target, self.pe_bytes(3000))
 
     def classes(self):
         rng, r = self.rng, self.reg64
