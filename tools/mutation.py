@@ -23,9 +23,9 @@ score (killed / (killed + survived)) and the survivors as file:line and mutation
 
 Not part of ./test.sh: each mutant costs a compile, two links and up to two suite runs, so a
 sample of 200 takes hours. Run it niced on a shared machine: nice -n 19 tools/mutation.py.
-Ctrl-C stops it after putting the current file back and prints the figures so far.
+Ctrl-C or a TERM stops it after putting the current file back and prints the figures so far.
 """
-import argparse, os, random, re, shutil, subprocess, sys, time
+import argparse, os, random, re, shutil, signal, subprocess, sys, time
 
 ORDNER = ("src/watchers", "src/warning", "src/panel", "src/core")
 REPO = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
@@ -197,6 +197,8 @@ def main():
     ap.add_argument("--tree", default=os.path.join(REPO, "build-mutation"))
     a = ap.parse_args()
 
+    # A run in the background ignores Ctrl-C; a TERM ends it the same way.
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
     quelle, bau = os.path.join(a.tree, "quelle"), os.path.join(a.tree, "bau")
     kopieren(quelle)
     r = subprocess.run(["cmake", "-S", quelle, "-B", bau, "-DCMAKE_BUILD_TYPE=Debug", "-DKES_BENCH=OFF"],
