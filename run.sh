@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets up what is needed, builds Kestrella.exe and starts it under Wine: on your display when
 # DISPLAY is set, else on a virtual one (Xvfb). Uses $WINEPREFIX when set, otherwise a prefix
-# of its own under build-win/, so ~/.wine is never touched unasked. Arguments go to the program.
+# of its own under build-win/, so the Wine prefix in the home folder is never touched unasked. Arguments go to the program.
 set -euo pipefail
 cd "$(dirname "$0")"
 source tools/setup.sh

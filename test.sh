@@ -7,18 +7,23 @@ cd "$(dirname "$0")"
 source tools/setup.sh
 kes_fixed_layout "$PWD/$(basename "$0")" "$@"
 
+kes_stage "tracked files name no place outside the repository"
+tools/outside_paths.sh
+kes_line_count
+
+kes_stage "install, build"
 kes_install
 kes_locale
 kes_build_native
 kes_build_win
 
-echo "== native: unit and contract tests against the fakes"
+kes_stage "native: unit and contract tests against the fakes"
 ctest --test-dir build-native --output-on-failure --no-tests=error -j2
 
-echo "== native: fuzz targets, each for a bounded time (clang, libFuzzer, sanitizers)"
+kes_stage "native: fuzz targets, each for a bounded time (clang, libFuzzer, sanitizers)"
 tests/fuzz/run.sh 15
 
-echo "== Windows build under Wine: contract tests against the real API, end-to-end tests"
+kes_stage "Windows build under Wine: contract tests against the real API, end-to-end tests"
 export WINEDEBUG=-all
 export WINEPREFIX="$PWD/build-win/test-prefix"
 [ -d "$WINEPREFIX/drive_c" ] || wineboot -i >/dev/null 2>&1
@@ -35,3 +40,4 @@ ctest --test-dir build-win --output-on-failure -LE e2e --no-tests=error
 export KES_ABBRUCH_RUNDEN="${KES_ABBRUCH_RUNDEN:-30}"
 # In full: the lines on what an earlier test left and the soak's working set figures.
 ctest --test-dir build-win --output-on-failure -L e2e --verbose --no-tests=error
+kes_stage end

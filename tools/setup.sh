@@ -92,3 +92,24 @@ kes_xvfb() {
   fi
   export DISPLAY=":$number"
 }
+
+# Starts a stage of test.sh: prints its name, and how long the stage before it took.
+# `kes_stage end` closes the last one.
+kes_stage() {
+  if [ -n "${KES_STAGE:-}" ]; then
+    echo "== $KES_STAGE: $((SECONDS - KES_STAGE_START)) s"
+  fi
+  KES_STAGE=$1 KES_STAGE_START=$SECONDS
+  [ "$1" = end ] || echo "== $1"
+}
+
+# Lines of the program against lines of its tests: tracked files only, the fuzz corpus
+# (inputs, not test code) left out. The same count by hand:
+#   git ls-files -z src | xargs -0 cat | wc -l
+#   git ls-files -z tests ':!:tests/fuzz/corpus' | xargs -0 cat | wc -l
+kes_line_count() {
+  local src tests
+  src=$(git ls-files -z src | xargs -0 cat | wc -l)
+  tests=$(git ls-files -z tests ':!:tests/fuzz/corpus' | xargs -0 cat | wc -l)
+  echo "lines: src $src, tests $tests ($((100 * tests / src)) % of src)"
+}

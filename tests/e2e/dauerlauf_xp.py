@@ -14,7 +14,7 @@ printed.
 
     python3 tests/e2e/dauerlauf_xp.py --build build-win [--minutes 10] [--seed 16]
 
-The prefix is BUILD/soak-xp-prefix, made by xp-machine.py on first use (about 40 s) and
+The prefix is BUILD/soak-xp-prefix, made by tools/xp_machine.py on first use (about 2 minutes) and
 kept; delete it to have it made anew. Run it alone: it keeps one core busy."""
 
 import argparse

@@ -1,7 +1,7 @@
 """End-to-end tests of the class lists, the ActiveX folder and the services, on a Wine
-prefix of XP scale: BUILD_DIR/e2e-xp-prefix, made once by the team's fixture xp-machine.py
+prefix of XP scale: BUILD_DIR/e2e-xp-prefix, made once by tools/xp_machine.py
 (five helper objects, one of them without a server file, four shell service objects,
-three task schedulers, two search hooks, about 74 automatic services) and kept for later
+three task schedulers, two search hooks, about 90 automatic services) and kept for later
 runs. Every test removes what it added to that prefix."""
 
 import configparser
@@ -11,7 +11,7 @@ import shutil
 import time
 
 from e2e_gemeinsam import WARNING_TITLE, hidden_windows, visible_titles
-from harness import E2EError, check, test, wait_until
+from harness import check, test, wait_until
 
 HKLM_BHO = r"HKLM\SOFTWARE\Microsoft\Windows\CurrentVersion\Explorer\Browser Helper Objects"
 HKLM_SSODL = r"HKLM\Software\Microsoft\Windows\CurrentVersion\ShellServiceObjectDelayLoad"
@@ -30,15 +30,9 @@ MARKER = ".kestrella-xp-machine"
 
 
 def fixture_script():
-    """The team's fixture, beside the work trees or beside the repository."""
+    """The repository's own machine maker."""
     here = os.path.dirname(os.path.abspath(__file__))
-    repo = os.path.normpath(os.path.join(here, "..", ".."))
-    for candidate in (os.environ.get("KES_XP_MACHINE", ""),
-                      os.path.join(repo, "..", "shared", "fixtures", "xp-machine.py"),
-                      os.path.join(repo, "..", "..", "shared", "fixtures", "xp-machine.py")):
-        if candidate and os.path.isfile(candidate):
-            return candidate
-    raise E2EError("xp-machine.py not found (set KES_XP_MACHINE to its path)")
+    return os.path.normpath(os.path.join(here, "..", "..", "tools", "xp_machine.py"))
 
 
 @contextlib.contextmanager

@@ -3,7 +3,7 @@ once with its balloon and log line, a file created in the system folder warned o
 deleted through "Datei löschen", and a new favourite accepted into daten\\favoriten.txt.
 
 The system folder test at XP scale: a build folder that holds copies of Kestrella.exe,
-kestrella-dat.exe and tests/e2e/kd*.* beside an e2e-prefix made by xp-machine.py, then
+kestrella-dat.exe and tests/e2e/kd*.* beside an e2e-prefix made by tools/xp_machine.py, then
 `e2e.py --build THAT_FOLDER -k system32`."""
 
 import glob
