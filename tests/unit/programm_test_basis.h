@@ -31,6 +31,24 @@ protected:
     }
 };
 
+// A program of its own on a fake platform of its own, for tables whose rows each need a
+// fresh one; the process-wide paths set as Main sets them.
+struct Lauf {
+    fake::FakePlattform fp;
+    Programm prg{fp.plattform};
+    Lauf() {
+        prg.Programmordner = "C:\\Programme\\Kestrella\\";
+        prg.Windowsordner = "C:\\WINDOWS";
+        prg.Systemordner = "C:\\WINDOWS\\system32";
+    }
+    AlarmFenster& a() { return prg.Alarm(); }
+    // A class's server file, registered under CLSID.
+    void Server(const std::string& clsid, const std::string& pfad) {
+        fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + clsid + "\\InprocServer32", "", pfad);
+        fp.files.Put(pfad, "MZ");
+    }
+};
+
 // A warning open for an action: logging on, the cycle stopped by the busy flag.
 class WarnungsTest : public ProgrammTest {
 protected:

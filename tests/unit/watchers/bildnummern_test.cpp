@@ -16,21 +16,6 @@ using Bilder = std::vector<int>;
 const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
 const std::string kOrdner = "C:\\Programme\\Kestrella\\";
 
-// A program on its own fake platform, with the process-wide paths set.
-struct Lauf {
-    fake::FakePlattform fp;
-    Programm prg{fp.plattform};
-    Lauf() {
-        prg.Programmordner = kOrdner;
-        prg.Windowsordner = "C:\\WINDOWS";
-        prg.Systemordner = "C:\\WINDOWS\\system32";
-    }
-    AlarmFenster& alarm() { return prg.Alarm(); }
-    void Server(const std::string& clsid, const std::string& pfad) {
-        fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + clsid + "\\InprocServer32", "", pfad);
-        fp.files.Put(pfad, "MZ");
-    }
-};
 
 Bilder BilderVon(const ListView& l) {
     Bilder b;
@@ -53,7 +38,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
          [&](Lauf& l) {
              l.fp.files.Put(favoriten + "\\neu.url", "x");
              l.prg.Kategorieschlüssel = Kategorie::Favorit1;
-             l.alarm().favoriten.TesteFavoriten();
+             l.a().favoriten.TesteFavoriten();
          },
          {},
          {},
@@ -62,7 +47,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
          [](Lauf& l) {
              l.fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Main", "Start Page",
                                      "http://fremd.example/");
-             l.alarm().startSeite.TesteStartPage();
+             l.a().startSeite.TesteStartPage();
          },
          {},
          {},
@@ -70,7 +55,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
         {"DFÜ",
          [](Lauf& l) {
              l.fp.dialup.einträge.push_back({"Neu", DfuEintrag{49, "", "0190123"}});
-             l.alarm().dfü.TesteDFÜ();
+             l.a().dfü.TesteDFÜ();
          },
          {},
          {},
@@ -79,7 +64,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
          [&](Lauf& l) {
              l.fp.files.Put(autostart + "\\neu.lnk", "x");
              l.prg.Kategorieschlüssel = Kategorie::Ordnermeister;
-             l.alarm().autostartOrdner.TesteAutostartOrdner();
+             l.a().autostartOrdner.TesteAutostartOrdner();
          },
          {4, 5},
          {},
@@ -88,18 +73,18 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
          [](Lauf& l) {
              l.fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool",
                                      "C:\\Tool\\tool.exe");
-             l.alarm().autostartRegistry.TesteAutostartRegistry();
+             l.a().autostartRegistry.TesteAutostartRegistry();
          },
          {4, 5},
          {0},
          0},
         {"WindowsDatei",
          [](Lauf& l) {
-             l.alarm().Box1[16].setValue(1);
-             l.alarm().windowsDateien.LadeWindows();
+             l.a().Box1[16].setValue(1);
+             l.a().windowsDateien.LadeWindows();
              l.fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ");
-             l.alarm().windowsDateien.TesteWindowsGelöscht();  // lists the folder for the next
-             l.alarm().windowsDateien.TesteWindowsErstellt();
+             l.a().windowsDateien.TesteWindowsGelöscht();  // lists the folder for the next
+             l.a().windowsDateien.TesteWindowsErstellt();
          },
          {4, 5},
          {},
@@ -110,7 +95,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
                  kHklm + "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects\\{B1}", "",
                  "Hilfe");
              l.Server("{B1}", "C:\\WINDOWS\\hilfe.dll");
-             l.alarm().klassenlisten.TesteBHO();
+             l.a().klassenlisten.TesteBHO();
          },
          {4, 5},
          {1},
@@ -118,7 +103,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
         {"ActiveX",
          [](Lauf& l) {
              l.fp.files.Put("C:\\WINDOWS\\Downloaded Program Files\\flash.ocx", "MZ");
-             l.alarm().activeX.Testeactivx();
+             l.a().activeX.Testeactivx();
          },
          {4, 5},
          {},
@@ -128,7 +113,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
              const std::string k = kHklm + "System\\CurrentControlSet\\Services\\Neu";
              l.fp.registry.SetDword(k, "Start", 2);
              l.fp.registry.SetString(k, "ImagePath", "C:\\neu.exe");
-             l.alarm().dienste.TesteDienste();
+             l.a().dienste.TesteDienste();
          },
          {4, 5, 1},
          {1},
@@ -136,7 +121,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
         {"HtaFile",
          [](Lauf& l) {
              l.fp.registry.SetString(kHklm + "Software\\Classes\\exefile\\shell\\open\\command", "", "boese.exe");
-             l.alarm().shellBefehle.TesteHTafile();
+             l.a().shellBefehle.TesteHTafile();
          },
          {},
          {1},
@@ -146,7 +131,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
              l.fp.registry.SetDword(
                  kHklm + "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\b.example",
                  "http", 2);
-             l.alarm().vertrauenswürdigeSeiten.TesteToolBar();
+             l.a().vertrauenswürdigeSeiten.TesteToolBar();
          },
          {1},
          {1},
@@ -157,7 +142,7 @@ TEST(Bildnummern, EachWarning_GivesItsRowsAndItsPictureBoxTheirPictures) {
         auto l = std::make_unique<Lauf>();
         l->fp.files.MakeDirs(autostart);
         l->fp.files.MakeDirs(favoriten + "\\Links");
-        l->alarm().Timer1.SetEnabled(true);
+        l->a().Timer1.SetEnabled(true);
         fall.auslösen(*l);
         ASSERT_TRUE(l->prg.Form3Geladen());
         const Form3Fenster& f = l->prg.Form3();
@@ -189,7 +174,7 @@ TEST(Bildnummern, PanelBaselines_GiveEveryLoadedRowTheListsPicture) {
         SCOPED_TRACE(fall.datei ? fall.datei : "ListView3");
         Lauf l;
         if (fall.datei) l.fp.files.Put(kOrdner + "daten\\" + fall.datei, fall.inhalt);
-        const ListView& liste = l.alarm().*fall.liste;  // the first touch loads every list
+        const ListView& liste = l.a().*fall.liste;  // the first touch loads every list
         ASSERT_FALSE(liste.Items.empty());
         EXPECT_EQ(BilderVon(liste), Bilder(liste.Items.size(), fall.bild));
     }

@@ -28,21 +28,6 @@ const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 const std::string kDpf = "C:\\WINDOWS\\Downloaded Program Files\\";
 const std::string kDienste = "System\\CurrentControlSet\\Services\\";
 
-// One program on its own fake platform: every change gets a fresh one.
-struct Lauf {
-    fake::FakePlattform fp;
-    Programm prg{fp.plattform};
-    Lauf() {
-        prg.Programmordner = kOrdner;
-        prg.Windowsordner = "C:\\WINDOWS";
-        prg.Systemordner = "C:\\WINDOWS\\system32";
-    }
-    AlarmFenster& a() { return prg.Alarm(); }
-    void Server(const std::string& clsid, const std::string& pfad) {
-        fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + clsid + "\\InprocServer32", "", pfad);
-        fp.files.Put(pfad, "MZ");
-    }
-};
 
 ListItem& Zeile(ListView& l, const std::string& text, std::size_t spalte = 0, const std::string& wert = "") {
     ListItem& z = l.Add(text);
