@@ -16,7 +16,6 @@ using Bilder = std::vector<int>;
 const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
 const std::string kOrdner = "C:\\Programme\\Kestrella\\";
 
-
 Bilder BilderVon(const ListView& l) {
     Bilder b;
     for (const auto& z : l.Items) b.push_back(z.SmallIcon);

@@ -28,7 +28,6 @@ const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 const std::string kDpf = "C:\\WINDOWS\\Downloaded Program Files\\";
 const std::string kDienste = "System\\CurrentControlSet\\Services\\";
 
-
 ListItem& Zeile(ListView& l, const std::string& text, std::size_t spalte = 0, const std::string& wert = "") {
     ListItem& z = l.Add(text);
     if (spalte) z.SetSubItem(spalte, wert);
