@@ -4,8 +4,8 @@
 #
 # The rule, over every tracked text file (the fuzz corpus is data, not paths, and is left
 # out; so is this script, which has to name what it looks for):
-#   - a climb to a sibling "shared" folder in any notation: ../shared, ..\shared, or path
-#     parts such as "..", "shared";
+#   - a climb out of the repository into a sibling folder named shared, written with a
+#     slash, with backslashes, or as the two separate path parts of a join;
 #   - an absolute path into a tree of user or project data: /work/, /home/, /root/, /mnt/,
 #     /media/, /srv/, /opt/, /var/, /tmp/ (a throwaway folder goes in the build tree
 #     instead; the X server's socket folder /tmp/.X11-unix is the system's, not data);
