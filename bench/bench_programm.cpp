@@ -1,7 +1,9 @@
 #include "bench_programm.h"
 
 #include <cstdio>
+#include <iterator>
 #include <map>
+#include <vector>
 
 #include "assistant/form2.h"
 #include "core/starten.h"
@@ -9,6 +11,7 @@
 #include "platform/allefunktionen.h"
 #include "platform/liste_schreiben.h"
 #include "warning/form3.h"
+#include "watchers/waechter.h"
 
 namespace kes::bench {
 
@@ -20,20 +23,6 @@ constexpr int kNein = 7;
 // is still open, so the bench can tell a category it cannot accept.
 bool Übernehmen(Programm& prg) {
     Form3Fenster& f = prg.Form3();
-    // "Übernehmen" of an autostart-folder file stores its path, while the watcher knows
-    // files by name: the name goes into the list file the way the user would put it there,
-    // and the loader reads it.
-    if (prg.Kategorieschlüssel == Kategorie::AutostartOrdner) {
-        AlarmFenster& a = prg.Alarm();
-        std::vector<std::string> namen = a.List3.Items;
-        namen.push_back(DateiName(f.Zeile2()));
-        ListeSchreiben(prg.p, prg.Programmordner, "daten\\Autostart.txt", namen);
-        a.autostartOrdner.LadeAutostart();
-        prg.Form3Entladen();
-        prg.Beschäftigt = false;
-        prg.Aufräumen();
-        return true;
-    }
     f.Image1_Click();
     if (prg.Form3Geladen() && f.Popup.Menü == "dienst") f.dienst1_Click(1);
     if (prg.Form3Geladen() && f.Popup.Menü == "killprozess") f.killprozess1_Click(0);
@@ -94,7 +83,9 @@ int Vorbereiten(Programm& prg, BenchPlattform& bp) {
     prg.Aufräumen();
 
     AlarmFenster& alarm = prg.Alarm();
-    for (int box : kWächterBoxen) {
+    std::vector<int> boxen(std::begin(kOrdnerOptionen), std::end(kOrdnerOptionen));
+    for (const WächterZeile& z : Wächtertabelle()) boxen.push_back(z.box);
+    for (int box : boxen) {
         // The assistant sets box 19 from code, which loads no baseline: the click does,
         // as the next start's settings would.
         if (alarm.Box1[static_cast<std::size_t>(box)].value() == 1 && box != 19 && box != 20) continue;

@@ -52,9 +52,9 @@ struct BenchPlattform {
     Plattform plattform;
 };
 
-// The boxes that run a watcher in the cycle.
-inline constexpr int kWächterBoxen[] = {4,  5,  8,  10, 11, 13, 14, 15, 16, 17, 19,
-                                        20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30};
+// The options of the folder watchers besides their own boxes: warn of created and of
+// deleted files.
+inline constexpr int kOrdnerOptionen[] = {16, 17};
 
 // Makes the program folder what "Alle Werte des Systems übernehmen" leaves, then turns
 // every watcher box on through the panel's own click handler and accepts every warning

@@ -189,17 +189,31 @@ std::size_t RohActiveX(const RohOrte& o) {
     return Dateien(o.windows + "\\Downloaded Program Files");
 }
 
-std::size_t RohKlassenlisten() {
+std::size_t RohBHO() {
     return Schlüssel(HKEY_LOCAL_MACHINE,
-                     "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects") +
-           Werte(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad") +
-           Werte(HKEY_LOCAL_MACHINE, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler") +
-           Werte(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks");
+                     "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects");
 }
 
-std::size_t RohSperren() {
-    const char* k = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System";
-    return Lesen(HKEY_CURRENT_USER, k, "DisableRegistryTools") + Lesen(HKEY_CURRENT_USER, k, "DisableTaskMgr");
+std::size_t RohShellService() {
+    return Werte(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad");
+}
+
+std::size_t RohTaskScheduler() {
+    return Werte(HKEY_LOCAL_MACHINE, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler");
+}
+
+std::size_t RohURLSearchHooks() {
+    return Werte(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks");
+}
+
+constexpr const char* kSystemRichtlinien = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System";
+
+std::size_t RohRegeditSperre() {
+    return Lesen(HKEY_CURRENT_USER, kSystemRichtlinien, "DisableRegistryTools");
+}
+
+std::size_t RohTaskmanagerSperre() {
+    return Lesen(HKEY_CURRENT_USER, kSystemRichtlinien, "DisableTaskMgr");
 }
 
 std::size_t RohDienste() {
@@ -270,6 +284,53 @@ std::size_t RohProzesseMitPfaden() {
     }
     ::CloseHandle(snap);
     return n;
+}
+
+std::size_t Roh(int box, const RohOrte& o) {
+    switch (box) {
+        case 4:
+            return RohProzesse();
+        case 5:
+            return RohFavoriten(o);
+        case 8:
+            return RohStartseiten();
+        case 10:
+            return RohDfue();
+        case 11:
+            return RohAutostartOrdner(o);
+        case 13:
+            return RohAutostartRegistry();
+        case 14:
+            return RohOnline();
+        case 15:
+            return RohHosts(o);
+        case 19:
+            return RohWindowsOrdner(o);
+        case 20:
+            return RohSystemOrdner(o);
+        case 21:
+            return RohBHO();
+        case 22:
+            return RohActiveX(o);
+        case 23:
+            return RohShellService();
+        case 24:
+            return RohTaskScheduler();
+        case 25:
+            return RohRegeditSperre();
+        case 26:
+            return RohTaskmanagerSperre();
+        case 27:
+            return RohURLSearchHooks();
+        case 28:
+            return RohDienste();
+        case 29:
+            return RohVertrauenswuerdigeSeiten();
+        case 30:
+            return RohShellBefehle();
+        default:
+            return 0;
+    }
 }
 
 }  // namespace kes::bench

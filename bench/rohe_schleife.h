@@ -1,7 +1,7 @@
 // The floor a watch cycle is measured against: the same registry keys, folders and
 // process and module snapshots that the watchers look at, listed by the plainest loop the
 // Win32 API allows, with no compare, no yield to the message loop and no copy kept beyond
-// a count. One function per watcher row of the cycle, so each watcher has its own floor.
+// a count. One function per row of the watcher table, so each watcher has its own floor.
 // Where a watcher cannot tell without it (whether a service starts by itself), the raw
 // loop reads the one value that tells.
 #pragma once
@@ -21,6 +21,8 @@ struct RohOrte {
 };
 
 // Each returns the number of entries it saw, so that the work cannot be left out.
+// The one of a watcher by its box; a box that runs no watcher sees nothing.
+std::size_t Roh(int box, const RohOrte& o);
 std::size_t RohProzesse();
 std::size_t RohFavoriten(const RohOrte& o);
 std::size_t RohStartseiten();
@@ -32,8 +34,12 @@ std::size_t RohHosts(const RohOrte& o);
 std::size_t RohWindowsOrdner(const RohOrte& o);
 std::size_t RohSystemOrdner(const RohOrte& o);
 std::size_t RohActiveX(const RohOrte& o);
-std::size_t RohKlassenlisten();
-std::size_t RohSperren();
+std::size_t RohBHO();
+std::size_t RohShellService();
+std::size_t RohTaskScheduler();
+std::size_t RohURLSearchHooks();
+std::size_t RohRegeditSperre();
+std::size_t RohTaskmanagerSperre();
 std::size_t RohDienste();
 std::size_t RohVertrauenswuerdigeSeiten();
 std::size_t RohShellBefehle();

@@ -28,6 +28,7 @@
 #include "fremdmessung.h"
 #include "panel/alarm.h"
 #include "rohe_schleife.h"
+#include "watchers/waechter.h"
 
 namespace {
 using namespace kes;
@@ -155,86 +156,22 @@ int main(int argc, char** argv) {
     Prozesswerte& w = prg;
 
     RohOrte orte{w.Windowsordner, w.Systemordner, a.Label2[0].Caption, a.Label2[2].Caption, a.Label2[3].Caption};
-    auto gesetzt = [&](Kategorie k, auto f) {
-        return [&w, k, f] {
-            w.Kategorieschlüssel = k;
-            f();
-        };
-    };
+    // One part per row of the watcher table, each beside its own raw floor.
     std::vector<Teil> teile;
-    auto teil = [&](const char* name, std::function<void()> z, std::function<std::size_t()> r) {
-        teile.push_back(Teil{name, std::move(z), std::move(r), {}, {}});
-    };
-    teil(
-        "processes (4)", [&] { a.prozesse.TesteProzesse(); }, RohProzesse);
-    teil(
-        "favourites (5)",
-        [&, f1 = gesetzt(Kategorie::Favorit1, [&] { a.favoriten.TesteFavoriten(); }),
-         f2 = gesetzt(Kategorie::Favorit2, [&] { a.favoriten.TesteFavoriten(); })] { f1(), f2(); },
-        [&] { return RohFavoriten(orte); });
-    teil(
-        "start pages (8)", [&] { a.startSeite.TesteStartPage(); }, RohStartseiten);
-    teil(
-        "dial-up (10)", [&] { a.dfü.TesteDFÜ(); }, RohDfue);
-    teil(
-        "autostart folders (11)",
-        [&, o1 = gesetzt(Kategorie::Ordnermeister, [&] { a.autostartOrdner.TesteAutostartOrdner(); }),
-         o2 = gesetzt(Kategorie::OrdnerAllUser, [&] { a.autostartOrdner.TesteAutostartOrdner(); })] { o1(), o2(); },
-        [&] { return RohAutostartOrdner(orte); });
-    teil(
-        "autostart registry (13)",
-        [&] {
-            a.autostartRegistry.TesteAutostartHkeyUser();
-            a.autostartRegistry.TesteAutostartRegistry();
-        },
-        RohAutostartRegistry);
-    teil(
-        "online (14)", [&] { a.hosts.TesteOnline(); }, RohOnline);
-    teil(
-        "hosts (15)", [&] { a.hosts.TesteHosts(); }, [&] { return RohHosts(orte); });
-    teil(
-        "Windows folder (19)",
-        [&] {
-            a.windowsDateien.TesteWindowsGelöscht();
-            a.windowsDateien.TesteWindowsErstellt();
-        },
-        [&] { return RohWindowsOrdner(orte); });
-    teil(
-        "system folder (20)",
-        [&] {
-            a.windowsDateien.TesteWindowsSystem32Gelöscht();
-            a.windowsDateien.TesteWindowsSystem32Erstellt();
-        },
-        [&] { return RohSystemOrdner(orte); });
-    teil(
-        "ActiveX (22)", [&] { a.activeX.Testeactivx(); }, [&] { return RohActiveX(orte); });
-    teil(
-        "class lists (21 23 24 27)",
-        [&] {
-            a.klassenlisten.TesteBHO();
-            a.klassenlisten.TesteShellService();
-            a.klassenlisten.TesteSharedTaskScheduler();
-            a.klassenlisten.TesteSonstiges2();
-        },
-        RohKlassenlisten);
-    teil(
-        "policy locks (25 26)",
-        [&] {
-            a.sperren.TesteSonstiges();
-            a.sperren.TesteSonstiges1();
-        },
-        RohSperren);
-    teil(
-        "services (28)", [&] { a.dienste.TesteDienste(); }, RohDienste);
-    teil(
-        "trusted sites (29)",
-        [&] {
-            a.vertrauenswürdigeSeiten.TesteToolBar();
-            a.vertrauenswürdigeSeiten.TesteToolBar1();
-        },
-        RohVertrauenswuerdigeSeiten);
-    teil(
-        "shell commands (30)", [&] { a.shellBefehle.TesteHTafile(); }, RohShellBefehle);
+    std::vector<std::string> namen;
+    for (const WächterZeile& zeile : Wächtertabelle())
+        namen.push_back(std::string(zeile.name) + " (" + std::to_string(zeile.box) + ")");
+    std::size_t n = 0;
+    for (const WächterZeile& zeile : Wächtertabelle()) {
+        teile.push_back(Teil{namen[n++].c_str(),
+                             [&a, &w, &zeile] {
+                                 for (Wächterroutine pass : zeile.zyklus)
+                                     if (pass) pass(a, w);
+                             },
+                             [&orte, &zeile] { return Roh(zeile.box, orte); },
+                             {},
+                             {}});
+    }
 
     std::vector<Teil> extra;
     extra.push_back(

@@ -1,6 +1,6 @@
-// What the first-run assistant reaches besides the watcher context: the first process
-// baseline, the control panel (touching it loads it with all its loaders), the monitoring
-// switch of the tray host, the settings, and its own unloading. The program implements it.
+// What the first-run assistant reaches besides the watcher context: the control panel
+// (touching it loads it with all its loaders), the monitoring switch of the tray host, the settings, and its own
+// unloading. The program implements it.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,6 @@ class AlarmDaten;
 
 class AssistentKontext : public virtual WächterKontext {
 public:
-    // Writes daten\prozesse.txt from the processes running now.
-    virtual void ErstemalAnzeigen() = 0;
     // Touching the panel loads it.
     virtual AlarmDaten& Alarm() = 0;
     virtual void Aktiviert() = 0;

@@ -24,8 +24,6 @@ public:
     void Form_Load();
     void Command2_Click(int index);
     void Command3_Click();
-    void Holestartpage();
-    void holedienste();
 
     // The choice of page 1: true after "Alle Werte des Systems übernehmen".
     bool AlleÜbernehmen() const { return alleÜbernehmen_; }

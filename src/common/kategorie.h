@@ -8,36 +8,49 @@
 
 namespace kes {
 
+// The one list of keys, in the order of the enumeration; a key's name is its spelling.
+// Keine: no key set yet in this run. Ordnermeister and OrdnerAllUser select which
+// autostart folder a pass walks and are never the key of a warning.
+// clang-format off
+#define KES_KATEGORIEN(X) \
+    X(Keine) \
+    X(Prozesse) \
+    X(HostsDatei) \
+    X(Favorit1) \
+    X(Favorit2) \
+    X(Favoriten) \
+    X(StartPage) \
+    X(DFÜ) \
+    X(Ordnermeister) \
+    X(OrdnerAllUser) \
+    X(AutostartOrdner) \
+    X(AutostartRegistry) \
+    X(WindowsDatei) \
+    X(BHO) \
+    X(ShellService) \
+    X(TaskScheduler) \
+    X(URLSearchHooks) \
+    X(ActiveX) \
+    X(Dienste) \
+    X(RegeditDeaktiviert) \
+    X(TaskmanagerDeaktiviert) \
+    X(HtaFile) \
+    X(ToolBar) \
+    X(ToolBar1)
+// clang-format on
+
 enum class Kategorie {
-    Keine,  // no key set yet in this run
-    Prozesse,
-    HostsDatei,
-    Favorit1,
-    Favorit2,
-    Favoriten,
-    StartPage,
-    DFÜ,
-    Ordnermeister,  // selects the user's autostart folder; never the key of a warning
-    OrdnerAllUser,  // selects the all-users autostart folder; never the key of a warning
-    AutostartOrdner,
-    AutostartRegistry,
-    WindowsDatei,
-    BHO,
-    ShellService,
-    TaskScheduler,
-    URLSearchHooks,
-    ActiveX,
-    Dienste,
-    RegeditDeaktiviert,
-    TaskmanagerDeaktiviert,
-    HtaFile,
-    ToolBar,
-    ToolBar1,
+#define KES_KATEGORIE_WERT(name) name,
+    KES_KATEGORIEN(KES_KATEGORIE_WERT)
+#undef KES_KATEGORIE_WERT
 };
 
-inline constexpr int kKategorieAnzahl = static_cast<int>(Kategorie::ToolBar1) + 1;
+#define KES_KATEGORIE_EINS(name) +1
+inline constexpr int kKategorieAnzahl = 0 KES_KATEGORIEN(KES_KATEGORIE_EINS);
+#undef KES_KATEGORIE_EINS
 
-// The key as the program has always spelt it ("Favorit1", "DFÜ", ...), for logs and tests.
+// The key as the program has always spelt it ("Favorit1", "DFÜ", ...), for logs and tests;
+// "" for Keine.
 const char* KategorieName(Kategorie k);
 
 // The three keys of the favourites watcher: it runs as "Favorit1" and "Favorit2" and warns

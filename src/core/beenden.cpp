@@ -1,22 +1,29 @@
 // The one way out of the program, the query-unload handler of Alarm: a session that ends
 // goes without a question, every other close asks, and a reset deletes the stored state and
 // starts the program anew, which brings the assistant back.
+#include <algorithm>
+#include <vector>
+
 #include "core/programm.h"
 #include "core/start.h"
 #include "platform/allefunktionen.h"
 #include "warning/form3.h"
+#include "watchers/waechter.h"
 
 namespace kes {
 
 namespace {
-// The files a reset deletes, in this order. "daten\kestrella.log" never exists: the log
-// beside the program survives a reset, as intended.
-constexpr const char* kZurücksetzen[] = {
-    "daten\\toolbar.ini",       "daten\\prozesse.txt",      "daten\\dienste.ini",   "daten\\dienstefirmen.txt",
-    "daten\\0190.txt",          "daten\\AutostartREG.txt",  "daten\\favoriten.txt", "daten\\shellservice.ini",
-    "daten\\taskscheduler.ini", "daten\\URLSearchHook.txt", "daten\\kestrella.log", "kestrella.dat",
-    "daten\\Firma.txt",
-};
+// The files a reset deletes, in this order: the watchers' with the program's own among
+// them. "daten\kestrella.log" never exists: the log beside the program survives a reset,
+// as intended.
+std::vector<Rücksetzdatei> Rücksetzdateien() {
+    std::vector<Rücksetzdatei> dateien = {{11, "daten\\kestrella.log"}, {12, "kestrella.dat"}};
+    for (const WächterZeile& z : Wächtertabelle())
+        for (const Rücksetzdatei& d : z.zurücksetzen)
+            if (d.datei) dateien.push_back(d);
+    std::sort(dateien.begin(), dateien.end(), [](const auto& a, const auto& b) { return a.rang < b.rang; });
+    return dateien;
+}
 
 // Icon away, windows unloaded, and the cycle stopped, so that a tick under way behind the
 // question runs no further watcher before the process ends.
@@ -52,8 +59,8 @@ bool Alarm_Form_QueryUnload(Programm& prg_, int grund) {
         prg_.Alarm().Show();
         return true;
     }
-    for (const char* datei : kZurücksetzen) {
-        const std::string pfad = prg_.Programmordner + datei;
+    for (const Rücksetzdatei& datei : Rücksetzdateien()) {
+        const std::string pfad = prg_.Programmordner + datei.datei;
         if (!DateiVorhanden(prg_.p, pfad)) continue;
         const long fehler = prg_.p.files.Delete(pfad);
         if (fehler != 0) {

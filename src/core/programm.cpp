@@ -2,7 +2,6 @@
 
 #include "assistant/form2.h"
 #include "core/einstellungen.h"
-#include "core/erstemal.h"
 #include "core/logdatei.h"
 #include "core/start.h"
 #include "core/tryicon.h"
@@ -152,10 +151,6 @@ void Programm::Aktiviert() {
 
 void Programm::AlarmSchliessen() {
     AlarmEntladen(kEntladenNormal);
-}
-
-void Programm::ErstemalAnzeigen() {
-    kes::ErstemalAnzeigen(*this);
 }
 
 void Programm::AlarmZeigen() {

@@ -90,7 +90,6 @@ public:
     Prozesse1& Prozesstabelle() override { return prozesstabelle_; }
     void Aktiviert() override;
     void AlarmSchliessen() override;
-    void ErstemalAnzeigen() override;
     void AlarmZeigen() override;
     void OptionMarkieren() override;
     void StufeZeigen(std::int16_t stufe) override;

@@ -1,5 +1,6 @@
 #include "core/start.h"
 
+#include "common/eigener_runwert.h"
 #include "core/einstellungen.h"
 #include "core/programm.h"
 #include "core/tryicon.h"
@@ -8,10 +9,7 @@
 
 namespace kes {
 
-namespace {
-constexpr const char* kRunSchlüssel = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
-constexpr const char* kRunWert = "Halvenik-Kestrella";
-}  // namespace
+namespace {}  // namespace
 
 StartFenster::StartFenster(Programm& prg) : Timer2(prg.p.timers, kTimerStart2, 3000), prg_(prg) {
     Caption = "Kestrella";

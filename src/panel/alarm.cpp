@@ -1,5 +1,6 @@
 #include "panel/alarm.h"
 
+#include "common/eigener_runwert.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "platform/sysfolder.h"
@@ -7,8 +8,6 @@
 namespace kes {
 
 namespace {
-constexpr const char* kRunSchlüssel = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
-constexpr const char* kRunWert = "Halvenik-Kestrella";
 
 // Captions of the option boxes; 19 and 20 get the two system folders at load.
 constexpr const char* kBoxTexte[32] = {
@@ -74,31 +73,9 @@ void AlarmFenster::Form_Load() {
     Label2[2].Caption = Sysfolder(p, kCsidlStartup);
     Label2[3].Caption = Sysfolder(p, kCsidlCommonStartup);
 
-    prozesse.LadeProzessFirmen();
-    prozesse.LadeProzesse();
-    favoriten.LadeFavoriten();
-    startSeite.LadeStartPage();
-    dfü.LadeDFÜ();
-    autostartOrdner.LadeAutostart();
-    autostartRegistry.LadeAutostartregistry();
-
     Box1[19].Caption = k_.W().Windowsordner;
     Box1[20].Caption = k_.W().Systemordner;
-
-    windowsDateien.LadeWindowsausnahme();
-    // Runs before the stored values arrive, so both tests fail at every start;
-    // Properties_Load repeats them with the real values.
-    if (Box1[19].value() == 1) windowsDateien.LadeWindows();
-    if (Box1[20].value() == 1) windowsDateien.LadeWindowsSys32();
-
-    klassenlisten.LadeBHO();
-    activeX.LadeActiveX();
-    klassenlisten.LadeShellService();
-    klassenlisten.LadeSharedTaskScheduler();
-    klassenlisten.LadeURLSearchHook();
-    dienste.LadeDienste();
-    dienste.LadeDiensteHersteller();
-    vertrauenswürdigeSeiten.LadeToolbar();
+    Laden();
 }
 
 void AlarmFenster::Timer1_Timer() {

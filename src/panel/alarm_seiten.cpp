@@ -2,8 +2,10 @@
 // edit of a saved start page, the hosts page, the links and the sorting of the dial-up list.
 #include "panel/alarm.h"
 
+#include "common/eigener_runwert.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
+#include "watchers/hosts.h"
 
 namespace kes {
 
@@ -112,8 +114,7 @@ void AlarmFenster::Label1_MouseUp(int index) {
     switch (index) {
         case 0: {
             HiveOCX hive(k_.P().registry);
-            Box1[0].setValue(
-                hive.ValueExists(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella") ? 1 : 0);
+            Box1[0].setValue(hive.ValueExists(1, kRunSchlüssel, kRunWert) ? 1 : 0);
             SeiteZeigen(0);
             break;
         }
@@ -162,7 +163,7 @@ void AlarmFenster::Internet1_Click(int index) {
         // The labels of the hosts page are filled at this moment only.
         Prozesswerte& w = k_.W();
         ww[6].Caption = "Grösse: " + GrösseFormat(w.Hostsgrösse, false, k_.P().system.NumberFormat());
-        ww[7].Caption = w.Systemordner + "\\drivers\\etc\\hosts";
+        ww[7].Caption = HostsPfad(w);
     }
     SeiteZeigen(kInternetSeite[index]);
 }

@@ -11,6 +11,7 @@
 #include "warning/form3.h"
 #include "warning/kategorien.h"
 #include "watchers/alarm_daten.h"
+#include "watchers/hosts.h"
 
 namespace kes {
 
@@ -160,7 +161,7 @@ bool AutostartOrdner(Form3Fenster& f) {
 
 bool HostsDatei(Form3Fenster& f) {
     // No list and no log entry: raus stores the new size with the settings.
-    f.K().W().Hostsgrösse = static_cast<std::int32_t>(DateiLänge(f, f.K().W().Systemordner + "\\drivers\\etc\\hosts"));
+    f.K().W().Hostsgrösse = static_cast<std::int32_t>(DateiLänge(f, HostsPfad(f.K().W())));
     return true;
 }
 

@@ -94,9 +94,11 @@ public:
     ShellBefehle shellBefehle;
     VertrauenswürdigeSeiten vertrauenswürdigeSeiten;
 
-    // One tick of Timer1: the rows of the cycle's table, each run only while the busy flag
-    // is false and its box is 1, both tested anew for every row.
+    // One tick of Timer1: the passes of the watcher table, each run only while the busy flag
+    // is false and its box is 1, both tested anew for every pass.
     void Durchlauf();
+    // Every watcher's loaders, in the order of the table.
+    void Laden();
 
 private:
     WächterKontext& k_;

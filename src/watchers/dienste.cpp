@@ -4,6 +4,7 @@
 #include "common/text.h"
 #include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
+#include "platform/datei_ersetzen.h"
 #include "platform/dienst_pfad.h"
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
@@ -148,6 +149,58 @@ void Dienste::TesteDienste() {
         std::string datei = pfad;
         holedaten(p, f, datei);
         IcoHolen(p, pfad, f.picProcIcon);
+    });
+}
+
+void holedienste(WächterKontext& k) {
+    Plattform& p = k.P();
+    std::vector<std::string> liste;
+    try {
+        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, k.W().Kategorieschlüssel);
+    } catch (...) {
+        return;  // the error exit of the enumeration
+    }
+    const std::string datei = k.W().Programmordner + "daten\\dienste.ini";
+    // The sections are gathered in a scratch file that takes the old file's place at the
+    // end, so that a crash in the walk leaves the old list.
+    const std::string neu = ErsatzName(datei);
+    Übergehen([&] { p.files.Delete(neu); });
+    if (liste.empty() || liste.front().empty()) {
+        Übergehen([&] { p.files.Delete(datei); });
+        return;
+    }
+
+    HiveOCX hive(p.registry);
+    int zähler = 0;
+    for (const std::string& eintrag : liste) {
+        // Errors are passed over: a service with an unreadable value still gets its section.
+        try {
+            const std::string name = eintrag.substr(0, eintrag.find(';'));
+            k.Pumpen();
+            const std::string schlüssel = std::string(kDienste) + "\\" + name;
+            if (!hive.ValueExists(2, schlüssel, "Start")) continue;
+            if (hive.ReadValue(2, schlüssel, "Start") != "2") continue;
+            const std::string objekt = hive.ReadValue(2, schlüssel, "ObjectName");
+            const std::string anzeige = hive.ReadValue(2, schlüssel, "DisplayName");
+            std::string pfad = hive.ReadValue(2, schlüssel, "ImagePath");
+            const std::string dll = hive.ReadValue(2, schlüssel + "\\Parameters", "ServiceDll");
+            if (!dll.empty()) pfad = dll;
+            pfad = PfadErweitern(pfad, k.W().Windowsordner);
+            const std::string abschnitt = std::to_string(++zähler);
+            // ObjectName and DisplayName cross: that is the file's layout.
+            p.profiles.WriteString(abschnitt, std::string("Dienst"), name, neu);
+            p.profiles.WriteString(abschnitt, std::string("ObjectName"), anzeige, neu);
+            p.profiles.WriteString(abschnitt, std::string("DisplayName"), objekt, neu);
+            p.profiles.WriteString(abschnitt, std::string("ImagePath"), pfad, neu);
+        } catch (...) {
+        }
+    }
+    // No service that starts by itself: no file, as before.
+    Übergehen([&] {
+        if (DateiVorhanden(p, neu))
+            p.files.MoveReplacing(neu, datei);
+        else
+            p.files.Delete(datei);
     });
 }
 

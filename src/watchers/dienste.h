@@ -31,4 +31,8 @@ private:
     DateiVersion infos_;  // one record, filled anew for each entry
 };
 
+// The first service baseline, when the assistant takes the machine as it stands: every
+// service that starts by itself, written to daten\dienste.ini; no such service, no file.
+void holedienste(WächterKontext& k);
+
 }  // namespace kes

@@ -2,6 +2,7 @@
 
 #include "common/text.h"
 #include "platform/allefunktionen.h"
+#include "platform/datei_ersetzen.h"
 #include "platform/icoholen.h"
 #include "platform/infos.h"
 #include "watchers/warnung.h"
@@ -143,6 +144,25 @@ void Prozesse::Warnen(const ProcessRecord& r) {
             }
         },
         Ton::Vorher);
+}
+
+void ErstemalAnzeigen(WächterKontext& k) {
+    Plattform& p = k.P();
+    Prozesse1& tabelle = k.Prozesstabelle();
+    tabelle.Prozesse.clear();
+    tabelle.ProzesseHolen();
+
+    // Errors in the search for a path and in single lines are passed over.
+    std::string text;
+    for (ProcessRecord& r : tabelle.Prozesse) {
+        try {
+            PfadSuchen(p, r);
+            if (!IstSystemProzess(r.Name)) text += r.Name + "#" + r.Path + "\r\n";
+        } catch (...) {
+        }
+    }
+    // Written from an empty start, in place of the old file only once complete.
+    DateiErsetzen(p.files, k.W().Programmordner + "daten\\prozesse.txt", text);
 }
 
 }  // namespace kes

@@ -56,6 +56,12 @@ private:
     WächterKontext& k_;
 };
 
+// The first process baseline, when the assistant takes the machine as it stands: writes
+// daten\prozesse.txt anew from the process table, refilled for it. The three pseudo
+// processes of the system are left out; a process whose path stays unknown gets a line
+// ending in "#".
+void ErstemalAnzeigen(WächterKontext& k);
+
 // A number as Str turns it into text: a leading blank where a minus would stand.
 std::string MitVorzeichenstelle(std::int32_t zahl);
 

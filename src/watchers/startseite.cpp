@@ -99,4 +99,15 @@ void StartSeite::Warnen(int i, const ListItem& z, const std::string& aktuell, co
     });
 }
 
+void Holestartpage(WächterKontext& k) {
+    HiveOCX hive(k.P().registry);
+    auto& seiten = k.W().StartSeiten;
+    for (std::size_t i = 0; i < kStartSeitenTabelle.size(); ++i) {
+        const StartSeitenZeile& z = kStartSeitenTabelle[i];
+        // The assistant names the default value by one NUL character.
+        const std::string wert = *z.Wert ? std::string(z.Wert) : std::string(1, '\0');
+        seiten[i + 1] = hive.ReadValue(z.Hive, z.Schlüssel, wert);
+    }
+}
+
 }  // namespace kes

@@ -28,6 +28,10 @@ private:
     WächterKontext& k_;
 };
 
+// The first saved start pages, when the assistant takes the machine as it stands: slots 1 to
+// 19 read from the registry.
+void Holestartpage(WächterKontext& k);
+
 // The hive code of HiveOCX for a row's root name: 2 for "HKEY_LOCAL_MACHINE", 1 for
 // "HKEY_CURRENT_USER", -1 for anything else.
 int StartSeitenHive(const std::string& root);

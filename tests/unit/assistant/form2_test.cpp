@@ -6,6 +6,8 @@
 #include "core/start.h"
 #include "platform/hive_ocx.h"
 #include "programm_test_basis.h"
+#include "watchers/dienste.h"
+#include "watchers/startseite.h"
 
 namespace kes::test {
 namespace {
@@ -91,7 +93,7 @@ TEST_F(Assistent, StartPages_NineteenSlotsByTableRow_DefaultValueOfRow18_EdgesSt
     fp.registry.SetString("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\URL\\DefaultPrefix", "",
                           "http://");
     prg.StartSeiten[0] = prg.StartSeiten[20] = "";
-    f().Holestartpage();
+    Holestartpage(prg);
     EXPECT_EQ(prg.StartSeiten[1], "eins");
     EXPECT_EQ(prg.StartSeiten[15], "fünfzehn");
     EXPECT_EQ(prg.StartSeiten[18], "http://");
@@ -111,7 +113,7 @@ TEST_F(Assistent, Services_OnlyAutomatic_NumberedWithoutGaps_DllFirst_KeysCrosse
     fp.registry.SetDword(kDienste + "Zeta", "Start", 2);  // nothing else to read
     fp.files.Put(ordner + "daten\\dienste.ini", "[7]\r\nDienst=Alt\r\n");
 
-    f().holedienste();
+    holedienste(prg);
 
     EXPECT_EQ(Ini("1", "Dienst"), "Alpha");
     EXPECT_EQ(Ini("1", "ObjectName"), "Anzeige Alpha");

@@ -1,5 +1,5 @@
 // The first process baseline: one line per running process, with the path found for it.
-#include "core/erstemal.h"
+#include "watchers/prozesse.h"
 
 #include "programm_test_basis.h"
 

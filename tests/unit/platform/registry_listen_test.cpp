@@ -97,7 +97,7 @@ TEST_F(RegistryListen, RootNamesAndHiveCodes) {
 TEST_F(RegistryListen, DeleteKeyTree_SubkeysNamedWithANul_StayAndTheWalkEnds) {
     const std::string domains =
         "HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\";
-    for (const std::string kind :
+    for (const std::string& kind :
          {std::string("\0a", 2), std::string("\0b", 2), std::string("x\0y", 3), std::string("www")})
         fp.registry.MakeKey(domains + "boese.example\\" + kind);
     fp.registry.MakeKey(domains + "andere.example");

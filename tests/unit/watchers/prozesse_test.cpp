@@ -165,7 +165,9 @@ TEST_P(ProzessOhnePfad, ReportedOnlyWhenStillThereWithoutPathAtTheFourthLookInAR
         if (prg.Form3Geladen()) gemeldet = zyklus;
     }
     EXPECT_EQ(gemeldet, f.gemeldetImZyklus);
-    if (gemeldet != 0 && zuletzt != 'X') EXPECT_EQ(prg.Form3().Zeile2(), "") << "reported with its empty path";
+    if (gemeldet != 0 && zuletzt != 'X') {
+        EXPECT_EQ(prg.Form3().Zeile2(), "") << "reported with its empty path";
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Verläufe, ProzessOhnePfad,
