@@ -3,7 +3,6 @@
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "platform/dfue.h"
-#include "platform/liste_schreiben.h"
 
 namespace kes {
 
@@ -44,12 +43,6 @@ const ListItem* ErsteMarkierte(const ListView& l) {
     for (const auto& z : l.Items)
         if (z.Selected) return &z;
     return nullptr;
-}
-
-std::vector<std::string> Paare(const ListView& l, const char* trenner) {
-    std::vector<std::string> t;
-    for (const auto& z : l.Items) t.push_back(z.Text + trenner + z.SubItem(1));
-    return t;
 }
 
 // The count label of the service page.
@@ -174,32 +167,6 @@ void Ausnahmelisten::MausLos(Ausnahmeliste liste) {
     Popup = liste;
 }
 
-void Ausnahmelisten::MarkierteEntfernen(ListView& liste) {
-    for (std::size_t i = liste.Items.size(); i-- > 0;)
-        if (liste.Items[i].Selected) liste.Items.erase(liste.Items.begin() + static_cast<std::ptrdiff_t>(i));
-}
-
-bool Ausnahmelisten::ZeileEntfernen(ListBox& liste) {
-    if (liste.ListIndex < 0 || liste.ListIndex >= static_cast<int>(liste.Items.size())) return false;
-    liste.Items.erase(liste.Items.begin() + liste.ListIndex);
-    liste.ListIndex = -1;
-    return true;
-}
-
-void Ausnahmelisten::ZeilenSchreiben(const std::string& datei, const std::vector<std::string>& zeilen) {
-    ListeSchreiben(k_.P(), k_.W().Programmordner, datei, zeilen);
-}
-
-void Ausnahmelisten::AbschnitteLöschen(ListView& liste, const std::string& datei, int spalte) {
-    const std::string pfad = k_.W().Programmordner + datei;
-    // The other sections keep their numbers: the readers go through gaps.
-    for (std::size_t i = liste.Items.size(); i-- > 0;) {
-        if (!liste.Items[i].Selected) continue;
-        k_.P().profiles.WriteString(liste.Items[i].SubItem(static_cast<std::size_t>(spalte)), std::nullopt, "", pfad);
-        liste.Items.erase(liste.Items.begin() + static_cast<std::ptrdiff_t>(i));
-    }
-}
-
 void Ausnahmelisten::DiensteZählen() {
     a_.ww[19].Caption = Einträge(a_.ListView11.Items.size());
 }
@@ -210,7 +177,6 @@ void Ausnahmelisten::Fehlermeldung(const std::string& routine, int nummer) {
 
 void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
     Plattform& p = k_.P();
-    const std::string& ordner = k_.W().Programmordner;
     // Where they are not caught, the routine stops with a message instead of ending the program.
     auto gemeldet = [&](const char* routine, auto&& tun) {
         try {
@@ -224,20 +190,20 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
     switch (liste) {
         case L::List1:
             if (!ZeileEntfernen(a_.List1)) return;
-            Übergehen([&] { ZeilenSchreiben("daten\\Firma.txt", Texte(a_.List1)); });
+            Übergehen([&] { a_.prozesse.firmen.Speichern(); });
             a_.prozesse.LadeProzessFirmen();
             break;
         case L::ListView6:
             gemeldet("Pro1_Click", [&] {
                 MarkierteEntfernen(a_.ListView6);
-                ZeilenSchreiben("daten\\prozesse.txt", Paare(a_.ListView6, "#"));
+                a_.prozesse.basis.Speichern();
                 a_.prozesse.LadeProzesse();
             });
             break;
         case L::List4:
             gemeldet("LöscheFavoriten_Click", [&] {
                 ZeileEntfernen(a_.List4);
-                ZeilenSchreiben("daten\\favoriten.txt", Texte(a_.List4));
+                a_.favoriten.basis.Speichern();
             });
             break;
         case L::ListView2:
@@ -252,22 +218,22 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
                 a_.ListView2.Items.erase(a_.ListView2.Items.begin() + static_cast<std::ptrdiff_t>(i));
                 break;
             }
-            Übergehen([&] { ZeilenSchreiben("daten\\0190.txt", Paare(a_.ListView2, "€")); });
+            Übergehen([&] { a_.dfü.basis.Speichern(); });
             a_.dfü.LadeDFÜ();
             break;
         case L::List3:
             if (!ZeileEntfernen(a_.List3)) return;
-            gemeldet("LöscheAutostartordner1_Click", [&] { ZeilenSchreiben("daten\\Autostart.txt", Texte(a_.List3)); });
+            gemeldet("LöscheAutostartordner1_Click", [&] { a_.autostartOrdner.basis.Speichern(); });
             break;
         case L::ListView1:
             gemeldet("löscheRegistry1_Click", [&] {
                 MarkierteEntfernen(a_.ListView1);
-                ZeilenSchreiben("daten\\AutostartREG.txt", Texte(a_.ListView1));
+                a_.autostartRegistry.basis.Speichern();
             });
             break;
         case L::List5:
             ZeileEntfernen(a_.List5);
-            Übergehen([&] { ZeilenSchreiben("daten\\windows.txt", Texte(a_.List5)); });
+            Übergehen([&] { a_.windowsDateien.ausnahmen.Speichern(); });
             break;
         case L::List8:
             // Memory only: the file system is not involved.
@@ -277,54 +243,48 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
                 a_.List8.Items.clear();
             break;
         case L::ListView8:
-            Übergehen([&] { AbschnitteLöschen(a_.ListView8, "daten\\bho.ini", 12); });
+            Übergehen([&] { a_.klassenlisten.bho.MarkierteAbschnitteEntfernen(); });
             break;
         case L::List6:
             ZeileEntfernen(a_.List6);
-            Übergehen([&] { ZeilenSchreiben("daten\\activex.txt", Texte(a_.List6)); });
+            Übergehen([&] { a_.activeX.basis.Speichern(); });
             break;
         case L::ListView9:
-            Übergehen([&] { AbschnitteLöschen(a_.ListView9, "daten\\shellservice.ini", 12); });
+            Übergehen([&] { a_.klassenlisten.shellService.MarkierteAbschnitteEntfernen(); });
             break;
         case L::ListView10:
-            Übergehen([&] { AbschnitteLöschen(a_.ListView10, "daten\\taskscheduler.ini", 12); });
+            Übergehen([&] { a_.klassenlisten.taskScheduler.MarkierteAbschnitteEntfernen(); });
             break;
         case L::List9:
             // The whole list goes, whichever line was chosen.
             a_.List9.Items.clear();
             a_.List9.ListIndex = -1;
-            Übergehen([&] {
-                if (DateiVorhanden(p, ordner + "daten\\URLSearchHook.txt"))
-                    p.files.Delete(ordner + "daten\\URLSearchHook.txt");
-            });
+            a_.klassenlisten.urlSearchHooks.DateiLöschen();
             break;
         case L::List10:
             if (index == 0) {
                 a_.List10.Items.clear();
                 a_.List10.ListIndex = -1;
-                Übergehen([&] {
-                    if (DateiVorhanden(p, ordner + "daten\\dienstefirmen.txt"))
-                        p.files.Delete(ordner + "daten\\dienstefirmen.txt");
-                });
+                a_.dienste.firmen.DateiLöschen();
             } else {
                 ZeileEntfernen(a_.List10);
-                Übergehen([&] { ZeilenSchreiben("daten\\dienstefirmen.txt", Texte(a_.List10)); });
+                Übergehen([&] { a_.dienste.firmen.Speichern(); });
                 a_.dienste.LadeDiensteHersteller();
             }
             break;
         case L::ListView11:
             if (index == 0) {
-                Übergehen([&] { AbschnitteLöschen(a_.ListView11, "daten\\dienste.ini", 14); });
+                Übergehen([&] { a_.dienste.basis.MarkierteAbschnitteEntfernen(); });
             } else {
                 a_.ListView11.Items.clear();
-                Übergehen([&] { p.files.Delete(ordner + "daten\\dienste.ini"); });
+                Übergehen([&] { p.files.Delete(a_.dienste.basis.Pfad()); });
             }
             DiensteZählen();
             break;
         case L::ListView12:
             gemeldet("Toolbarlöschen11_Click", [&] {
                 MarkierteEntfernen(a_.ListView12);
-                ZeilenSchreiben("daten\\V_seiten.txt", Texte(a_.ListView12));
+                a_.vertrauenswürdigeSeiten.basis.Speichern();
             });
             break;
     }

@@ -62,14 +62,6 @@ public:
 private:
     // The text between the quotes of the caption.
     std::string GezeigterText(Ausnahmeliste liste) const;
-    // Line lists: the file written anew from the list, one row a line.
-    void ZeilenSchreiben(const std::string& datei, const std::vector<std::string>& zeilen);
-    // Section lists: every selected row's ini section removed with the row, backwards.
-    void AbschnitteLöschen(ListView& liste, const std::string& datei, int spalte);
-    // Removes the selected rows of a list view, from the last to the first.
-    static void MarkierteEntfernen(ListView& liste);
-    // The selected line of a list box; false when none is.
-    static bool ZeileEntfernen(ListBox& liste);
     // ww(19): the count of the service baseline.
     void DiensteZählen();
     // A routine whose errors are not caught ends with a message naming it, never a crash.

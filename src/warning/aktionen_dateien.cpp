@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "common/fehler.h"
-#include "platform/liste_schreiben.h"
 #include "warning/aktionen.h"
 #include "warning/form3.h"
 #include "watchers/alarm_daten.h"
@@ -30,7 +29,7 @@ void Ausnahmeliste(Form3Fenster& f) {
     MitFehlerausgang(f, "Ausnahmeliste", [&] {
         AlarmDaten& a = f.K().Alarm();
         a.List5.Items.push_back(f.Zeile2());
-        ListeSchreiben(f.K().P(), f.K().W().Programmordner, "daten\\windows.txt", a.List5.Items);
+        a.windowsDateien.ausnahmen.Speichern();
         f.K().Log("Datei wurde erstellt.", {"Datei: " + f.Zeile2()}, "< Hinzugefügt in die Ausnahmeliste OK >");
         f.raus();
     });

@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "common/fehler.h"
-#include "platform/liste_schreiben.h"
 #include "platform/prozesse1.h"
 #include "warning/aktionen.h"
 #include "warning/form3.h"
@@ -63,16 +62,12 @@ void ProzessTöten(Form3Fenster& f) {
 void ProzessZulassen(Form3Fenster& f, int index) {
     MitFehlerausgang(f, "Übernehmen", [&] {
         AlarmDaten& a = f.K().Alarm();
-        Plattform& p = f.K().P();
-        const std::string& ordner = f.K().W().Programmordner;
         if (index == 0) {
             a.ListView6.Add(Zeile1(f)).SetSubItem(1, f.Zeile2());
-            std::vector<std::string> zeilen;
-            for (const auto& z : a.ListView6.Items) zeilen.push_back(z.Text + "#" + z.SubItem(1));
-            ListeSchreiben(p, ordner, "daten\\prozesse.txt", zeilen);
+            a.prozesse.basis.Speichern();
         } else if (index == 1) {
             a.List1.Items.push_back(f.ListView1.Items.empty() ? std::string() : f.ListView1.Items[0].SubItem(1));
-            ListeSchreiben(p, ordner, "daten\\Firma.txt", a.List1.Items);
+            a.prozesse.firmen.Speichern();
         } else if (index == 2) {
             // This run only: nothing stores it.
             a.List2.Items.push_back(Zeile1(f));

@@ -6,7 +6,6 @@
 
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
-#include "platform/liste_schreiben.h"
 #include "warning/aktionen.h"
 #include "warning/form3.h"
 #include "warning/kategorien.h"
@@ -22,24 +21,11 @@ const std::string& T(const Form3Fenster& f, int i) {
     return f.Text1[i].Text;
 }
 
-std::string Schreiben(Form3Fenster& f, const std::string& datei, const std::vector<std::string>& zeilen,
-                      Schreibfehler fehler = Schreibfehler::Melden) {
-    return ListeSchreiben(f.K().P(), f.K().W().Programmordner, datei, zeilen, fehler);
-}
-
 // FileLen: a file that has gone in the meantime ends the action in its error exit.
 std::int64_t DateiLänge(Form3Fenster& f, const std::string& pfad) {
     const auto länge = f.K().P().files.Length(pfad);
     if (!länge) throw Fehler(53, "Datei nicht gefunden");
     return *länge;
-}
-
-// The first free section of 1..200 by its test key; 201 when all are taken.
-int FreierAbschnitt(Plattform& p, const std::string& datei, const std::string& prüfSchlüssel) {
-    int i = 1;
-    for (; i <= 200; ++i)
-        if (p.profiles.GetString(std::to_string(i), prüfSchlüssel, "", datei, 255).empty()) break;
-    return i;
 }
 
 const ListItem& Registryzeile(const Form3Fenster& f) {
@@ -53,7 +39,7 @@ namespace übernehmen {
 bool ToolBar(Form3Fenster& f) {
     AlarmDaten& a = f.K().Alarm();
     a.ListView12.Add(T(f, 0)).SmallIcon = 1;
-    Schreiben(f, "daten\\V_seiten.txt", Texte(a.ListView12), Schreibfehler::Übergehen);
+    a.vertrauenswürdigeSeiten.basis.Speichern(Schreibfehler::Übergehen);
     f.K().Log("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
               {"Registry: " + T(f, 1) + "\\" + T(f, 2) + "\\" + T(f, 3), "Wert: " + T(f, 0)}, kOk);
     return true;
@@ -71,24 +57,23 @@ bool Dienste(Form3Fenster& f) {
 bool URLSearchHooks(Form3Fenster& f) {
     AlarmDaten& a = f.K().Alarm();
     a.List9.Items.push_back(T(f, 0));
-    Schreiben(f, "daten\\URLSearchHook.txt", Texte(a.List9));
+    a.klassenlisten.urlSearchHooks.Speichern();
     f.K().Log("IExplorer URLSearchHooks geändert.", {"Name: " + T(f, 0), "Wert: " + T(f, 1)}, kOk);
     return true;
 }
 
 bool KlassenIni(Form3Fenster& f) {
     WarnKontext& k = f.K();
-    Plattform& p = k.P();
     const Kategorie kat = k.W().Kategorieschlüssel;
-    const std::string datei = k.W().Programmordner + (kat == Kategorie::BHO            ? "daten\\bho.ini"
-                                                      : kat == Kategorie::ShellService ? "daten\\shellservice.ini"
-                                                                                       : "daten\\taskscheduler.ini");
-    auto schreiben = [&](const std::string& abschnitt, const char* schlüssel, const std::string& wert) {
-        p.profiles.WriteString(abschnitt, std::string(schlüssel), wert, datei);
-    };
     AlarmDaten& a = k.Alarm();
+    const Grundliste& datei = kat == Kategorie::BHO            ? a.klassenlisten.bho
+                              : kat == Kategorie::ShellService ? a.klassenlisten.shellService
+                                                               : a.klassenlisten.taskScheduler;
+    auto schreiben = [&](const std::string& abschnitt, const char* schlüssel, const std::string& wert) {
+        datei.Schreiben(abschnitt, schlüssel, wert);
+    };
     if (kat == Kategorie::BHO) {
-        const std::string s = std::to_string(FreierAbschnitt(p, datei, "Clisd"));
+        const std::string s = std::to_string(datei.FreierAbschnitt("Clisd"));
         schreiben(s, "Pfad", T(f, 1));
         schreiben(s, "Clisd", T(f, 0));
         schreiben(s, "Name", T(f, 2));
@@ -98,7 +83,7 @@ bool KlassenIni(Form3Fenster& f) {
     }
     // The two rows swap Text1(0) and Text1(1) on purpose: their watchers fill them so.
     const bool shell = kat == Kategorie::ShellService;
-    const std::string s = std::to_string(FreierAbschnitt(p, datei, "Name"));
+    const std::string s = std::to_string(datei.FreierAbschnitt("Name"));
     schreiben(s, "name", shell ? T(f, 0) : T(f, 1));
     schreiben(s, "wert", shell ? T(f, 1) : T(f, 0));
     schreiben(s, "clisd", T(f, 2));
@@ -144,7 +129,7 @@ bool AutostartRegistry(Form3Fenster& f) {
     const ListItem& z = Registryzeile(f);
     a.ListView1.Add(z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3) + "\\" + z.SubItem(4)).SmallIcon = 26;
     // The log quotes the last row printed, which need not be the new one.
-    const std::string letzte = Schreiben(f, "daten\\AutostartREG.txt", Texte(a.ListView1), Schreibfehler::Übergehen);
+    const std::string letzte = a.autostartRegistry.basis.Speichern(Schreibfehler::Übergehen);
     f.K().Log("Neuer Eintrag in der Registry Autostart.", {"Registry: " + letzte, "Wert: " + T(f, 4)}, kOk);
     return true;
 }
@@ -154,7 +139,7 @@ bool AutostartOrdner(Form3Fenster& f) {
     // The list holds bare file names and the watcher compares by name: a path added here
     // would never match, and the same file would be warned of again at every cycle.
     a.List3.Items.push_back(DateiName(f.Zeile2()));
-    Schreiben(f, "daten\\Autostart.txt", Texte(a.List3));
+    a.autostartOrdner.basis.Speichern();
     f.K().Log("Neuer Eintrag im Autostart Ordner.", {"Datei: " + f.Zeile2()}, kOk);
     return true;
 }
@@ -169,9 +154,7 @@ bool DFÜ(Form3Fenster& f) {
     AlarmDaten& a = f.K().Alarm();
     a.ListView2.Add(T(f, 0)).SetSubItem(1, T(f, 1));
     a.ListView2.Sortieren();  // the file is written in the order the list shows
-    std::vector<std::string> zeilen;
-    for (const auto& z : a.ListView2.Items) zeilen.push_back(z.Text + "€" + z.SubItem(1));
-    Schreiben(f, "daten\\0190.txt", zeilen, Schreibfehler::Übergehen);
+    a.dfü.basis.Speichern(Schreibfehler::Übergehen);
     f.K().Log("DFÜ-Verbindung wurde erstellt. ", {"DFÜ: " + T(f, 0) + "   Nummer: " + T(f, 1)}, kOk);
     return true;
 }
@@ -179,7 +162,7 @@ bool DFÜ(Form3Fenster& f) {
 bool Favoriten(Form3Fenster& f) {
     AlarmDaten& a = f.K().Alarm();
     a.List4.Items.push_back(f.Label1[2].Caption);
-    Schreiben(f, "daten\\favoriten.txt", Texte(a.List4));
+    a.favoriten.basis.Speichern();
     f.K().Log("Neuer IExplorer Favorit gefunden.", {"Favorit: " + f.Label1[1].Caption}, "< Favorit hinzugefügt OK >");
     return true;
 }

@@ -17,9 +17,8 @@ std::string Ordner(const Prozesswerte& w) {
 
 void ActiveX::LadeActiveX() {
     List6.Items.clear();
-    const std::string datei = k_.W().Programmordner + "daten\\Activex.txt";
-    if (!DateiVorhanden(k_.P(), datei)) return;
-    const auto inhalt = k_.P().files.ReadAll(datei);
+    if (!basis.Vorhanden()) return;
+    const auto inhalt = basis.Lesen();
     if (!inhalt) return;
     for (const auto& zeile : ZeilenBisLeer(*inhalt)) List6.Items.push_back(zeile);
 }

@@ -5,19 +5,22 @@
 #pragma once
 
 #include "common/steuerelemente.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
 
 class ActiveX {
 public:
-    ActiveX(WächterKontext& k, ListBox& List6, ListBox& List7) : List6(List6), List7(List7), k_(k) {}
+    ActiveX(WächterKontext& k, ListBox& List6, ListBox& List7)
+        : List6(List6), List7(List7), basis(k, "daten\\Activex.txt", List6), k_(k) {}
 
     void LadeActiveX();
     void Testeactivx();
 
-    ListBox& List6;  // the baseline
-    ListBox& List7;  // the folder as it is now
+    ListBox& List6;    // the baseline
+    ListBox& List7;    // the folder as it is now
+    Grundliste basis;  // List6
 
 private:
     WächterKontext& k_;

@@ -29,7 +29,7 @@ std::string PfadIn(const std::string& ordner, const std::string& name) {
 }
 
 void AutostartOrdner::LadeAutostart() {
-    const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\Autostart.txt");
+    const auto inhalt = basis.Lesen();
     if (!inhalt) return;  // no file: the list stays as it is
     List3.Items.clear();
     // Files of older installations hold whole paths where an accept stored one: their name

@@ -8,6 +8,7 @@
 #include "common/steuerelemente.h"
 #include "platform/dateiliste.h"
 #include "watchers/bekannte_texte.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -15,7 +16,7 @@ namespace kes {
 class AutostartOrdner {
 public:
     AutostartOrdner(WächterKontext& k, ListBox& List3, std::array<Label, 16>& Label2, FileListBox& File1)
-        : List3(List3), Label2(Label2), File1(File1), k_(k) {}
+        : List3(List3), Label2(Label2), File1(File1), basis(k, "daten\\Autostart.txt", List3), k_(k) {}
 
     void LadeAutostart();
     void TesteAutostartOrdner();
@@ -23,6 +24,7 @@ public:
     ListBox& List3;                 // the known names
     std::array<Label, 16>& Label2;  // (2) the user's Startup folder, (3) that of all users
     FileListBox& File1;
+    Grundliste basis;  // List3
 
 private:
     void Entfernen(const std::string& name, const std::string& pfad);

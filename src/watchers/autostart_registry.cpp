@@ -45,7 +45,7 @@ std::string ProgrammPfad(Plattform& p, const Prozesswerte& w, std::string s, boo
 }  // namespace
 
 void AutostartRegistry::LadeAutostartregistry() {
-    const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\AutostartREG.txt");
+    const auto inhalt = basis.Lesen();
     if (!inhalt) return;  // no file: the list stays as it is
     ListView1.Items.clear();
     for (const auto& zeile : ZeilenBisLeer(*inhalt)) ListView1.Add(zeile).SmallIcon = 26;

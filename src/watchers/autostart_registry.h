@@ -5,14 +5,17 @@
 
 #include "common/steuerelemente.h"
 #include "watchers/bekannte_texte.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
 
+inline constexpr const char* kAutostartREGDatei = "daten\\AutostartREG.txt";
+
 class AutostartRegistry {
 public:
     AutostartRegistry(WächterKontext& k, ListView& ListView1, ListView& ListView33)
-        : ListView1(ListView1), ListView33(ListView33), k_(k) {}
+        : ListView1(ListView1), ListView33(ListView33), basis(k, kAutostartREGDatei, ListView1), k_(k) {}
 
     void LadeAutostartregistry();
     void TesteAutostartRegistry();
@@ -20,6 +23,7 @@ public:
 
     ListView& ListView1;   // the baseline: one text per known entry
     ListView& ListView33;  // the rows of the current listing
+    Grundliste basis;      // ListView1
 
 private:
     // Adds the values of one key to ListView33, with the second reading in column 5.

@@ -13,7 +13,7 @@ static_assert(sizeof("€") == 2 && "€"[0] == kEuro, "sources are compiled to 
 
 void DFÜ::LadeDFÜ() {
     ListView2.Items.clear();
-    const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\0190.txt");
+    const auto inhalt = basis.Lesen();
     if (!inhalt) return;
     // Read by fields: a comma ends an entry, and the first empty entry ends the reading.
     std::string name;

@@ -4,18 +4,22 @@
 #pragma once
 
 #include "common/steuerelemente.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
 
+inline constexpr const char* kDFÜDatei = "daten\\0190.txt";
+
 class DFÜ {
 public:
-    DFÜ(WächterKontext& k, ListView& ListView2) : ListView2(ListView2), k_(k) {}
+    DFÜ(WächterKontext& k, ListView& ListView2) : ListView2(ListView2), basis(k, kDFÜDatei, ListView2, "€"), k_(k) {}
 
     void LadeDFÜ();
     void TesteDFÜ();
 
     ListView& ListView2;  // known entries: name, number
+    Grundliste basis;     // ListView2: name "€" number, written a line an entry, read field by field
 
 private:
     void Prüfen();

@@ -19,7 +19,12 @@ constexpr const char* kDienste = "System\\CurrentControlSet\\Services";
 }  // namespace
 
 Dienste::Dienste(WächterKontext& k, ListView& ListView11, ListBox& List10, std::array<Label, 35>& ww)
-    : ListView11(ListView11), List10(List10), ww(ww), k_(k) {
+    : ListView11(ListView11),
+      List10(List10),
+      ww(ww),
+      basis(Grundliste::Abschnitte(k, kDiensteDatei, ListView11, 14)),
+      firmen(k, kDiensteFirmenDatei, List10),
+      k_(k) {
     // Crossed like the file's keys: under "DisplayName" the user reads the display name.
     ListView11.Columns = {"Dienst",      "DisplayName",     "ObjectName", "ImagePath",       "Firma",
                           "Produktname", "Produkt Version", "Info",       "Datei-Version",   "Interner Name",
@@ -28,14 +33,13 @@ Dienste::Dienste(WächterKontext& k, ListView& ListView11, ListBox& List10, std:
 
 void Dienste::LadeDienste() {
     Plattform& p = k_.P();
-    const std::string datei = k_.W().Programmordner + "daten\\dienste.ini";
     ListView11.Items.clear();
     for (int n = 1; n <= 300; ++n) {
         const std::string abschnitt = std::to_string(n);
-        const std::string dienst = p.profiles.GetString(abschnitt, "Dienst", "", datei, 255);
-        const std::string objectName = p.profiles.GetString(abschnitt, "ObjectName", "", datei, 255);
-        const std::string displayName = p.profiles.GetString(abschnitt, "DisplayName", "", datei, 255);
-        std::string imagePath = p.profiles.GetString(abschnitt, "ImagePath", "", datei, 255);
+        const std::string dienst = basis.Lesen(abschnitt, "Dienst");
+        const std::string objectName = basis.Lesen(abschnitt, "ObjectName");
+        const std::string displayName = basis.Lesen(abschnitt, "DisplayName");
+        std::string imagePath = basis.Lesen(abschnitt, "ImagePath");
         if (dienst.empty()) continue;
         imagePath = PfadErweitern(imagePath, k_.W().Windowsordner);
         try {
@@ -66,9 +70,8 @@ void Dienste::LadeDienste() {
 
 void Dienste::LadeDiensteHersteller() {
     List10.Items.clear();
-    const std::string datei = k_.W().Programmordner + "daten\\dienstefirmen.txt";
-    if (!DateiVorhanden(k_.P(), datei)) return;
-    const auto inhalt = k_.P().files.ReadAll(datei);
+    if (!firmen.Vorhanden()) return;
+    const auto inhalt = firmen.Lesen();
     if (!inhalt) return;
     // Empty lines count as lines here: the reading goes on to the end.
     for (const auto& zeile : ZeilenLesen(*inhalt)) List10.Items.push_back(zeile);
@@ -160,7 +163,7 @@ void holedienste(WächterKontext& k) {
     } catch (...) {
         return;  // the error exit of the enumeration
     }
-    const std::string datei = k.W().Programmordner + "daten\\dienste.ini";
+    const std::string datei = k.W().Programmordner + kDiensteDatei;
     // The sections are gathered in a scratch file that takes the old file's place at the
     // end, so that a crash in the walk leaves the old list.
     const std::string neu = ErsatzName(datei);

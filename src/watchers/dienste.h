@@ -10,9 +10,13 @@
 
 #include "common/steuerelemente.h"
 #include "platform/infos.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
+
+inline constexpr const char* kDiensteDatei = "daten\\dienste.ini";
+inline constexpr const char* kDiensteFirmenDatei = "daten\\dienstefirmen.txt";
 
 class Dienste {
 public:
@@ -25,6 +29,8 @@ public:
     ListView& ListView11;  // the known services
     ListBox& List10;       // the trusted makers
     std::array<Label, 35>& ww;
+    Grundliste basis;   // ListView11: a section per service
+    Grundliste firmen;  // List10
 
 private:
     WächterKontext& k_;

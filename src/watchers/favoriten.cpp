@@ -11,7 +11,7 @@ void Favoriten::LadeFavoriten() {
     Label2[0].Caption = Sysfolder(k_.P(), kCsidlFavorites);
     Label2[1].Caption = Label2[0].Caption + "\\Links";
     List4.Items.clear();
-    const auto inhalt = k_.P().files.ReadAll(k_.W().Programmordner + "daten\\favoriten.txt");
+    const auto inhalt = basis.Lesen();
     if (!inhalt) return;
     // Unlike every other list, an empty line is read as an empty name and reading goes on.
     for (const auto& zeile : ZeilenLesen(*inhalt)) List4.Items.push_back(zeile);

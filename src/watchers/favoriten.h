@@ -8,14 +8,17 @@
 
 #include "common/steuerelemente.h"
 #include "platform/dateiliste.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
 
+inline constexpr const char* kFavoritenDatei = "daten\\favoriten.txt";
+
 class Favoriten {
 public:
     Favoriten(WächterKontext& k, ListBox& List4, std::array<Label, 16>& Label2, FileListBox& File1)
-        : List4(List4), Label2(Label2), File1(File1), k_(k) {}
+        : List4(List4), Label2(Label2), File1(File1), basis(k, kFavoritenDatei, List4), k_(k) {}
 
     void LadeFavoriten();
     void TesteFavoriten();
@@ -23,6 +26,7 @@ public:
     ListBox& List4;                 // the known names
     std::array<Label, 16>& Label2;  // (0) the favourites folder, (1) its "Links" folder
     FileListBox& File1;
+    Grundliste basis;  // List4
 
 private:
     WächterKontext& k_;

@@ -45,7 +45,16 @@ const Mitglied& Von(Art art) {
 
 Klassenlisten::Klassenlisten(WächterKontext& k, ListView& ListView8, ListView& ListView9, ListView& ListView10,
                              ListBox& List9, std::array<Label, 35>& ww)
-    : ListView8(ListView8), ListView9(ListView9), ListView10(ListView10), List9(List9), ww(ww), k_(k) {
+    : ListView8(ListView8),
+      ListView9(ListView9),
+      ListView10(ListView10),
+      List9(List9),
+      ww(ww),
+      bho(Grundliste::Abschnitte(k, "daten\\bho.ini", ListView8, 12)),
+      shellService(Grundliste::Abschnitte(k, kShellServiceDatei, ListView9, 12)),
+      taskScheduler(Grundliste::Abschnitte(k, kTaskSchedulerDatei, ListView10, 12)),
+      urlSearchHooks(k, kURLSearchHookDatei, List9),
+      k_(k) {
     const std::vector<std::string> spalten = {"Name",          "Wert",        "Info",    "CLISD", "Wert",
                                               "Firma",         "Produktname", "Version", "Info",  "Dateiversion",
                                               "Interner Name", "Copyright",   "index"};
@@ -69,15 +78,13 @@ void Klassenlisten::Dateifelder(ListItem& zeile, const std::string& pfad, int ab
 }
 
 void Klassenlisten::LadeBHO() {
-    Plattform& p = k_.P();
-    const std::string datei = k_.W().Programmordner + "daten\\bho.ini";
     ListView8.Items.clear();
     // Removing an exception removes its section: the numbers have gaps, and all are read.
     for (int n = 1; n <= 300; ++n) {
         const std::string abschnitt = std::to_string(n);
-        std::string pfad = p.profiles.GetString(abschnitt, "Pfad", "", datei, 255);
-        const std::string clisd = p.profiles.GetString(abschnitt, "Clisd", "", datei, 255);
-        const std::string name = p.profiles.GetString(abschnitt, "Name", "", datei, 255);
+        std::string pfad = bho.Lesen(abschnitt, "Pfad");
+        const std::string clisd = bho.Lesen(abschnitt, "Clisd");
+        const std::string name = bho.Lesen(abschnitt, "Name");
         if (pfad.empty()) continue;
         pfad = PfadErweitern(pfad, k_.W().Windowsordner);
         ListItem& zeile = ListView8.Add(pfad);
@@ -91,16 +98,14 @@ void Klassenlisten::LadeBHO() {
     ww[14].Caption = "Ausnahmen:   [Einträge: " + std::to_string(ListView8.Items.size()) + "]";
 }
 
-void Klassenlisten::LadeVierSchlüssel(const std::string& datei, ListView& liste) {
-    Plattform& p = k_.P();
-    const std::string pfadDatei = k_.W().Programmordner + datei;
+void Klassenlisten::LadeVierSchlüssel(const Grundliste& datei, ListView& liste) {
     liste.Items.clear();
     for (int n = 1; n <= 50; ++n) {
         const std::string abschnitt = std::to_string(n);
-        const std::string name = p.profiles.GetString(abschnitt, "Name", "", pfadDatei, 255);
-        const std::string wert = p.profiles.GetString(abschnitt, "Wert", "", pfadDatei, 255);
-        const std::string clisd = p.profiles.GetString(abschnitt, "Clisd", "", pfadDatei, 255);
-        std::string clisdwert = p.profiles.GetString(abschnitt, "Clisdwert", "", pfadDatei, 255);
+        const std::string name = datei.Lesen(abschnitt, "Name");
+        const std::string wert = datei.Lesen(abschnitt, "Wert");
+        const std::string clisd = datei.Lesen(abschnitt, "Clisd");
+        std::string clisdwert = datei.Lesen(abschnitt, "Clisdwert");
         if (name.empty()) continue;
         clisdwert = PfadErweitern(clisdwert, k_.W().Windowsordner);
         ListItem& zeile = liste.Add(name);
@@ -114,17 +119,16 @@ void Klassenlisten::LadeVierSchlüssel(const std::string& datei, ListView& liste
 }
 
 void Klassenlisten::LadeShellService() {
-    LadeVierSchlüssel("daten\\shellservice.ini", ListView9);
+    LadeVierSchlüssel(shellService, ListView9);
 }
 
 void Klassenlisten::LadeSharedTaskScheduler() {
-    LadeVierSchlüssel("daten\\taskscheduler.ini", ListView10);
+    LadeVierSchlüssel(taskScheduler, ListView10);
 }
 
 void Klassenlisten::LadeURLSearchHook() {
-    const std::string datei = k_.W().Programmordner + "daten\\URLSearchHook.txt";
-    if (!DateiVorhanden(k_.P(), datei)) return;  // the list keeps what it had
-    const auto inhalt = k_.P().files.ReadAll(datei);
+    if (!urlSearchHooks.Vorhanden()) return;  // the list keeps what it had
+    const auto inhalt = urlSearchHooks.Lesen();
     List9.Items.clear();
     if (!inhalt) return;
     for (const auto& zeile : ZeilenBisLeer(*inhalt)) List9.Items.push_back(zeile);

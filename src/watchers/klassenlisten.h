@@ -12,9 +12,14 @@
 
 #include "common/steuerelemente.h"
 #include "platform/infos.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
+
+inline constexpr const char* kShellServiceDatei = "daten\\shellservice.ini";
+inline constexpr const char* kTaskSchedulerDatei = "daten\\taskscheduler.ini";
+inline constexpr const char* kURLSearchHookDatei = "daten\\URLSearchHook.txt";
 
 class Klassenlisten {
 public:
@@ -35,13 +40,17 @@ public:
     ListView& ListView10;  // daten\taskscheduler.ini
     ListBox& List9;        // daten\URLSearchHook.txt
     std::array<Label, 35>& ww;
+    Grundliste bho;             // ListView8: a section per class
+    Grundliste shellService;    // ListView9: a section per entry
+    Grundliste taskScheduler;   // ListView10: a section per entry
+    Grundliste urlSearchHooks;  // List9
 
     // The four shapes of the watch; the table of what each does differently is in the source.
     enum class Art { BHO, ShellService, TaskScheduler, URLSearchHooks };
 
 private:
     // The shell service and task scheduler files: four keys a section, sections 1 to 50.
-    void LadeVierSchlüssel(const std::string& datei, ListView& liste);
+    void LadeVierSchlüssel(const Grundliste& datei, ListView& liste);
     // Adds the version fields of the server file and the section number to a row.
     void Dateifelder(ListItem& zeile, const std::string& pfad, int abschnitt);
     void Teste(Art art);

@@ -30,20 +30,16 @@ std::string MitVorzeichenstelle(std::int32_t zahl) {
 
 void Prozesse::LadeProzessFirmen() {
     List1.Items.clear();
-    const std::string& ordner = k_.W().Programmordner;
-    // Tested under one spelling, opened under the other; on the target file system they
-    // are the same file.
-    if (!DateiVorhanden(k_.P(), ordner + "daten\\Firma.txt")) return;
-    const auto inhalt = k_.P().files.ReadAll(ordner + "daten\\firma.txt");
+    if (!firmen.Vorhanden()) return;
+    const auto inhalt = firmen.Lesen();
     if (!inhalt) return;
     for (const auto& zeile : ZeilenBisLeer(*inhalt)) List1.Items.push_back(zeile);
 }
 
 void Prozesse::LadeProzesse() {
     ListView6.Items.clear();
-    const std::string datei = k_.W().Programmordner + "daten\\prozesse.txt";
-    if (!DateiVorhanden(k_.P(), datei)) return;
-    const auto inhalt = k_.P().files.ReadAll(datei);
+    if (!basis.Vorhanden()) return;
+    const auto inhalt = basis.Lesen();
     if (!inhalt) return;
     // An entry without "#" (the tail of a path broken at a comma) is all path, and keeps
     // the name of the entry before it, as the failed cut of the name leaves it.
@@ -162,7 +158,7 @@ void ErstemalAnzeigen(WächterKontext& k) {
         }
     }
     // Written from an empty start, in place of the old file only once complete.
-    DateiErsetzen(p.files, k.W().Programmordner + "daten\\prozesse.txt", text);
+    DateiErsetzen(p.files, k.W().Programmordner + kProzesseDatei, text);
 }
 
 }  // namespace kes

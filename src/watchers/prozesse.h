@@ -11,14 +11,23 @@
 
 #include "common/steuerelemente.h"
 #include "watchers/bekannte_texte.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
 
+inline constexpr const char* kProzesseDatei = "daten\\prozesse.txt";
+inline constexpr const char* kFirmaDatei = "daten\\Firma.txt";
+
 class Prozesse {
 public:
     Prozesse(WächterKontext& k, ListView& ListView6, ListBox& List1, ListBox& List2)
-        : ListView6(ListView6), List1(List1), List2(List2), k_(k) {}
+        : ListView6(ListView6),
+          List1(List1),
+          List2(List2),
+          basis(k, kProzesseDatei, ListView6, "#"),
+          firmen(k, kFirmaDatei, List1),
+          k_(k) {}
 
     void LadeProzessFirmen();
     void LadeProzesse();
@@ -30,6 +39,8 @@ public:
     ListView& ListView6;
     ListBox& List1;
     ListBox& List2;
+    Grundliste basis;   // ListView6: name "#" path, written a line an entry, read field by field
+    Grundliste firmen;  // List1
 
 private:
     // The three lists a process may be known by, each in a hash set for one pass.

@@ -26,10 +26,8 @@ std::unordered_set<std::string> Pfade(const ListView& liste) {
 }  // namespace
 
 void WindowsDateien::LadeWindowsausnahme() {
-    Plattform& p = k_.P();
-    const std::string datei = k_.W().Programmordner + "daten\\windows.txt";
-    if (!DateiVorhanden(p, datei)) return;
-    const auto inhalt = p.files.ReadAll(datei);
+    if (!ausnahmen.Vorhanden()) return;
+    const auto inhalt = ausnahmen.Lesen();
     if (!inhalt) return;
     List5.Items.clear();
     for (const auto& zeile : ZeilenBisLeer(*inhalt)) List5.Items.push_back(zeile);

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "common/steuerelemente.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -16,7 +17,12 @@ namespace kes {
 class WindowsDateien {
 public:
     WindowsDateien(WächterKontext& k, ListView& ListView4, ListView& ListView7, ListView& ListView5, ListBox& List5)
-        : ListView4(ListView4), ListView7(ListView7), ListView5(ListView5), List5(List5), k_(k) {}
+        : ListView4(ListView4),
+          ListView7(ListView7),
+          ListView5(ListView5),
+          List5(List5),
+          ausnahmen(k, "daten\\windows.txt", List5),
+          k_(k) {}
 
     void LadeWindowsausnahme();
     void LadeWindows();
@@ -32,10 +38,11 @@ public:
     void GefundenWindows(const std::string& pfad, std::int16_t modus, std::int32_t anzahl1, std::int32_t anzahl2,
                          std::int32_t nummer);
 
-    ListView& ListView4;  // baseline of the Windows folder: path, length
-    ListView& ListView7;  // baseline of the system folder
-    ListView& ListView5;  // the live snapshot of the folder being tested
-    ListBox& List5;       // exceptions of the Windows folder, one full path a line
+    ListView& ListView4;   // baseline of the Windows folder: path, length
+    ListView& ListView7;   // baseline of the system folder
+    ListView& ListView5;   // the live snapshot of the folder being tested
+    ListBox& List5;        // exceptions of the Windows folder, one full path a line
+    Grundliste ausnahmen;  // List5
     // The result of the last exception test of a Windows folder watcher.
     bool Ausnahmedatei = false;
 

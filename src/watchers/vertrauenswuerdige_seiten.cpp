@@ -15,21 +15,18 @@ struct VertrauenswürdigeSeiten::Hive {
     const char* überschrift;
 };
 
-namespace {
-const std::string kDatei = "daten\\V_seiten.txt";
-}  // namespace
+namespace {}  // namespace
 
 VertrauenswürdigeSeiten::VertrauenswürdigeSeiten(WächterKontext& k, ListView& ListView12)
-    : ListView12(ListView12), k_(k) {
+    : ListView12(ListView12), basis(k, "daten\\V_seiten.txt", ListView12), k_(k) {
     ListView12.Columns = {"Name"};
 }
 
 void VertrauenswürdigeSeiten::LadeToolbar() {
     // Emptied first, whether the file is there or not.
     ListView12.Items.clear();
-    const std::string pfad = k_.W().Programmordner + kDatei;
-    if (DateiVorhanden(k_.P(), pfad)) {
-        const auto inhalt = k_.P().files.ReadAll(pfad);
+    if (basis.Vorhanden()) {
+        const auto inhalt = basis.Lesen();
         for (const auto& feld : FelderLesen(inhalt.value_or(""))) {
             if (feld.empty()) break;  // the first empty field ends the list
             ListView12.Add(feld).SmallIcon = 1;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "common/steuerelemente.h"
+#include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -21,6 +22,7 @@ public:
     void TesteToolBar1();
 
     ListView& ListView12;
+    Grundliste basis;  // ListView12
 
 private:
     struct Hive;
