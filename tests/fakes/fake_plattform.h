@@ -143,16 +143,19 @@ struct FakePlattform {
         shell.ordner[kCsidlFavorites] = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
         files.MakeDirs("C:\\Programme\\Kestrella\\daten");
         files.MakeDirs("C:\\WINDOWS\\system32\\drivers\\etc");
+        // A message that runs meanwhile may delete what a handle points at, or end the
+        // program: no walk keeps a handle open across a pump.
+        timers.vorDerPumpe = [this] { HandlesPrüfen("across a message pump"); };
     }
-    ~FakePlattform() { HandlesPrüfen(); }
+    ~FakePlattform() { HandlesPrüfen("when the platform goes"); }
     FakePlattform(const FakePlattform&) = delete;
     FakePlattform& operator=(const FakePlattform&) = delete;
 
     // Keys, find walks (those of the detail seam included), snapshots and processes.
     int OffeneHandles() const { return registry.OpenHandles() + files.OpenFinds() + processes.OffeneHandles(); }
-    void HandlesPrüfen() const {
+    void HandlesPrüfen(const std::string& wann) const {
         if (OffeneHandles() == 0 || !beiOffenenHandles) return;
-        beiOffenenHandles("handles left open: " + std::to_string(registry.OpenHandles()) + " registry keys, " +
+        beiOffenenHandles("handles open " + wann + ": " + std::to_string(registry.OpenHandles()) + " registry keys, " +
                           std::to_string(files.OpenFinds()) + " find walks, " +
                           std::to_string(processes.OffeneHandles()) + " snapshots or processes");
     }

@@ -37,12 +37,16 @@ public:
     void Kill(int id) override { laufend_.erase(id); }
     void PumpMessages() override {
         if (Pumpenfrei::Gehalten()) beiPumpeImFreien();
+        if (vorDerPumpe) vorDerPumpe();
         ++pumpen;
         std::deque<std::function<void()>> jetzt;
         jetzt.swap(beimPumpen);
         for (auto& f : jetzt) f();
         if (msProPumpe > 0) Advance(msProPumpe);
     }
+
+    // Asked before every pump: the platform bundle checks that no handle stays open across it.
+    std::function<void()> vorDerPumpe;
 
     // Moves the clock on and delivers every tick that falls due, in time order. A tick's
     // handler may pump and so move the clock further on from inside.

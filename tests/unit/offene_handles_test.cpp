@@ -24,8 +24,8 @@ TEST(OffeneHandles, OpenOwnersAreCounted_TheCheckFailsWhileTheyAreOpen_AndTheirE
         const FileFind f = fp.files.FindFirst("C:\\WINDOWS\\*.*", &fd);
         const DetailFind d = fp.details.FindFirst("C:\\WINDOWS\\*.*", &fr);
         const ProzessEigner s = fp.processes.CreateSnapshot(kSnapAll, 0);
-        EXPECT_NONFATAL_FAILURE(fp.HandlesPrüfen(),
-                                "handles left open: 1 registry keys, 2 find walks, 1 snapshots or processes");
+        EXPECT_NONFATAL_FAILURE(fp.HandlesPrüfen("at the end"),
+                                "handles open at the end: 1 registry keys, 2 find walks, 1 snapshots or processes");
         EXPECT_EQ(k.Close(), kErrorSuccess);
         EXPECT_EQ(k.Close(), kKeinHandleZuSchliessen) << "closed once";
         EXPECT_EQ(fp.OffeneHandles(), 3);
