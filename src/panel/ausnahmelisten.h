@@ -13,29 +13,9 @@
 #include "common/steuerelemente.h"
 #include "panel/panel_kontext.h"
 #include "watchers/alarm_daten.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
-
-// The panel's lists that have a context menu, by their control names.
-enum class Ausnahmeliste {
-    List1,
-    ListView6,
-    List4,
-    ListView2,
-    List3,
-    ListView1,
-    List5,
-    List8,
-    ListView8,
-    List6,
-    ListView9,
-    ListView10,
-    List9,
-    List10,
-    ListView11,
-    ListView12,
-};
-inline constexpr int kAusnahmelistenAnzahl = static_cast<int>(Ausnahmeliste::ListView12) + 1;
 
 // A context menu of a list, hidden at the top level of the window.
 struct ListenMenü {
@@ -43,7 +23,7 @@ struct ListenMenü {
     std::vector<MenuItem> Einträge;
 };
 
-class Ausnahmelisten {
+class Ausnahmelisten : private ListenPanel {
 public:
     // FENSTER is the panel that shows the lists: the parent of the dial-up entry editor.
     Ausnahmelisten(PanelKontext& k, AlarmDaten& a, const Fenster& fenster);
@@ -60,12 +40,12 @@ public:
     void MenüKlick(Ausnahmeliste liste, int index);
 
 private:
-    // The text between the quotes of the caption.
-    std::string GezeigterText(Ausnahmeliste liste) const;
-    // ww(19): the count of the service baseline.
-    void DiensteZählen();
-    // A routine whose errors are not caught ends with a message naming it, never a crash.
-    void Fehlermeldung(const std::string& routine, int nummer);
+    // The menu's captions and what its choices do: from the watcher that owns the list, or
+    // the panel's own for the deferred list.
+    const Listenmenü& Art(Ausnahmeliste liste) const;
+    void Fehlermeldung(const std::string& routine, int nummer) override;
+    std::uintptr_t Fensterhandle() const override;
+    Plattform& P() override;
 
     PanelKontext& k_;
     AlarmDaten& a_;

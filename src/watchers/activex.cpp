@@ -4,6 +4,7 @@
 #include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
 #include "platform/icoholen.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
@@ -78,6 +79,11 @@ void ActiveX::Testeactivx() {
             IcoHolen(p, pfad, f.picProcIcon);
         },
         Ton::Keiner);
+}
+
+void löscheactivex1_Click(AlarmDaten& a, ListenPanel&, int) {
+    ZeileEntfernen(a.List6);
+    Übergehen([&] { a.activeX.basis.Speichern(); });
 }
 
 }  // namespace kes

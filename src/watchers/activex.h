@@ -7,8 +7,11 @@
 #include "common/steuerelemente.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 class ActiveX {
 public:
@@ -25,5 +28,8 @@ public:
 private:
     WächterKontext& k_;
 };
+
+// The menu of the known objects (List6).
+void löscheactivex1_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

@@ -3,6 +3,7 @@
 #include "common/text.h"
 #include "platform/allefunktionen.h"
 #include "platform/icoholen.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -81,6 +82,11 @@ void AutostartOrdner::Warnen(const std::string& pfad) {
         std::string datei = pfad;
         holedaten(p, f, datei);
     });
+}
+
+void LöscheAutostartordner1_Click(AlarmDaten& a, ListenPanel& panel, int) {
+    if (!ZeileEntfernen(a.List3)) return;
+    Gemeldet(panel, "LöscheAutostartordner1_Click", [&] { a.autostartOrdner.basis.Speichern(); });
 }
 
 }  // namespace kes

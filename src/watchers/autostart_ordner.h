@@ -10,8 +10,11 @@
 #include "watchers/bekannte_texte.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 class AutostartOrdner {
 public:
@@ -41,5 +44,8 @@ bool NameBekannt(const BekannteTexte& bekannt, const std::string& name);
 
 // The folder with one closing "\", then the file name.
 std::string PfadIn(const std::string& ordner, const std::string& name);
+
+// The menu of the known names (List3).
+void LöscheAutostartordner1_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

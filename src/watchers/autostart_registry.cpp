@@ -5,6 +5,7 @@
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
 #include "platform/registry.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
@@ -152,6 +153,13 @@ void AutostartRegistry::Warnen(int zeile, bool benutzerHives) {
         f.Text1[5].Text = z.SubItem(4);
         holedaten(p, f, pfad);
         IcoHolen(p, pfad, f.picProcIcon);
+    });
+}
+
+void löscheRegistry1_Click(AlarmDaten& a, ListenPanel& panel, int) {
+    Gemeldet(panel, "löscheRegistry1_Click", [&] {
+        MarkierteEntfernen(a.ListView1);
+        a.autostartRegistry.basis.Speichern();
     });
 }
 

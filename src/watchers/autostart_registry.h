@@ -7,8 +7,11 @@
 #include "watchers/bekannte_texte.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 inline constexpr const char* kAutostartREGDatei = "daten\\AutostartREG.txt";
 
@@ -34,5 +37,8 @@ private:
     void Warnen(int zeile, bool benutzerHives);
     WächterKontext& k_;
 };
+
+// The menu of the known entries (ListView1).
+void löscheRegistry1_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

@@ -5,6 +5,7 @@
 #include "common/text.h"
 #include "platform/allefunktionen.h"
 #include "platform/dfue.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -74,6 +75,20 @@ void DFÜ::Prüfen() {
         f.Label1[2].Caption = "Nummer: " + nummer;
         f.picProcIcon.Bild = 3;
     });
+}
+
+void löschedfü1_Click(AlarmDaten& a, ListenPanel& panel, int index) {
+    if (index == 0) {
+        if (const ListItem* z = ErsteMarkierte(a.ListView2)) DFUBearbeiten(panel.P(), z->Text, panel.Fensterhandle());
+        return;
+    }
+    for (std::size_t i = 0; i < a.ListView2.Items.size(); ++i) {
+        if (!a.ListView2.Items[i].Selected) continue;
+        a.ListView2.Items.erase(a.ListView2.Items.begin() + static_cast<std::ptrdiff_t>(i));
+        break;
+    }
+    Übergehen([&] { a.dfü.basis.Speichern(); });
+    a.dfü.LadeDFÜ();
 }
 
 }  // namespace kes

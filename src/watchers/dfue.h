@@ -6,8 +6,11 @@
 #include "common/steuerelemente.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 inline constexpr const char* kDFÜDatei = "daten\\0190.txt";
 
@@ -28,5 +31,9 @@ private:
 
 // The "€" of code page 1252 between name and number in daten\0190.txt.
 inline constexpr char kEuro = '\x80';
+
+// The menu of the known entries (ListView2): 0 the phone book's own editor of the selected
+// entry, over the panel, the list staying as it is; 1 the selected entry removed.
+void löschedfü1_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

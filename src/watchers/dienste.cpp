@@ -9,6 +9,7 @@
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
 #include "platform/registry.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
@@ -65,7 +66,7 @@ void Dienste::LadeDienste() {
                                        abschnitt};
         for (std::size_t s = 0; s < std::size(spalten); ++s) z.SetSubItem(s + 1, spalten[s]);
     }
-    ww[19].Caption = "Ausnahmen:   [Einträge: " + std::to_string(ListView11.Items.size()) + "]";
+    ww[19].Caption = Ausnahmenzahl(ListView11.Items.size());
 }
 
 void Dienste::LadeDiensteHersteller() {
@@ -205,6 +206,28 @@ void holedienste(WächterKontext& k) {
         else
             p.files.Delete(datei);
     });
+}
+
+void dienst22_Click(AlarmDaten& a, ListenPanel&, int index) {
+    if (index == 0) {
+        a.List10.Items.clear();
+        a.List10.ListIndex = -1;
+        a.dienste.firmen.DateiLöschen();
+        return;
+    }
+    ZeileEntfernen(a.List10);
+    Übergehen([&] { a.dienste.firmen.Speichern(); });
+    a.dienste.LadeDiensteHersteller();
+}
+
+void dienst1_Click(AlarmDaten& a, ListenPanel& panel, int index) {
+    if (index == 0) {
+        Übergehen([&] { a.dienste.basis.MarkierteAbschnitteEntfernen(); });
+    } else {
+        a.ListView11.Items.clear();
+        Übergehen([&] { panel.P().files.Delete(a.dienste.basis.Pfad()); });
+    }
+    a.ww[19].Caption = Ausnahmenzahl(a.ListView11.Items.size());
 }
 
 }  // namespace kes

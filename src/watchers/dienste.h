@@ -12,8 +12,11 @@
 #include "platform/infos.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 inline constexpr const char* kDiensteDatei = "daten\\dienste.ini";
 inline constexpr const char* kDiensteFirmenDatei = "daten\\dienstefirmen.txt";
@@ -40,5 +43,10 @@ private:
 // The first service baseline, when the assistant takes the machine as it stands: every
 // service that starts by itself, written to daten\dienste.ini; no such service, no file.
 void holedienste(WächterKontext& k);
+
+// The menus of the trusted makers (List10): 0 all of them, 1 the selected one; and of the
+// known services (ListView11): 0 the selected ones with their sections, 1 all of them.
+void dienst22_Click(AlarmDaten& a, ListenPanel& panel, int index);
+void dienst1_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

@@ -2,6 +2,7 @@
 
 #include "platform/allefunktionen.h"
 #include "platform/sysfolder.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/autostart_ordner.h"
 #include "watchers/warnung.h"
 
@@ -59,6 +60,13 @@ void Favoriten::TesteFavoriten() {
         f.Label1[1].Caption = ordner;
         f.Label1[2].Caption = name;
         f.picProcIcon.Bild = 2;
+    });
+}
+
+void LöscheFavoriten_Click(AlarmDaten& a, ListenPanel& panel, int) {
+    Gemeldet(panel, "LöscheFavoriten_Click", [&] {
+        ZeileEntfernen(a.List4);
+        a.favoriten.basis.Speichern();
     });
 }
 

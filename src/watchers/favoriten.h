@@ -10,8 +10,11 @@
 #include "platform/dateiliste.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 inline constexpr const char* kFavoritenDatei = "daten\\favoriten.txt";
 
@@ -31,5 +34,8 @@ public:
 private:
     WächterKontext& k_;
 };
+
+// The menu of the known favourites (List4).
+void LöscheFavoriten_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

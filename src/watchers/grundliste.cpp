@@ -2,6 +2,7 @@
 
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
 
@@ -84,6 +85,12 @@ bool ZeileEntfernen(ListBox& liste) {
 void MarkierteEntfernen(ListView& liste) {
     for (std::size_t i = liste.Items.size(); i-- > 0;)
         if (liste.Items[i].Selected) liste.Items.erase(liste.Items.begin() + static_cast<std::ptrdiff_t>(i));
+}
+
+const ListItem* ErsteMarkierte(const ListView& l) {
+    for (const auto& z : l.Items)
+        if (z.Selected) return &z;
+    return nullptr;
 }
 
 }  // namespace kes

@@ -6,6 +6,7 @@
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
 #include "platform/registry.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
@@ -95,7 +96,7 @@ void Klassenlisten::LadeBHO() {
         zeile.SetSubItem(4, "");
         Dateifelder(zeile, pfad, n);
     }
-    ww[14].Caption = "Ausnahmen:   [Einträge: " + std::to_string(ListView8.Items.size()) + "]";
+    ww[14].Caption = Ausnahmenzahl(ListView8.Items.size());
 }
 
 void Klassenlisten::LadeVierSchlüssel(const Grundliste& datei, ListView& liste) {
@@ -280,6 +281,24 @@ void Klassenlisten::Teste(Art art) {
         holedaten(p, f, E);
         IcoHolen(p, E, f.picProcIcon);
     });
+}
+
+void bho1_Click(AlarmDaten& a, ListenPanel&, int) {
+    Übergehen([&] { a.klassenlisten.bho.MarkierteAbschnitteEntfernen(); });
+}
+
+void shellservice1_Click(AlarmDaten& a, ListenPanel&, int) {
+    Übergehen([&] { a.klassenlisten.shellService.MarkierteAbschnitteEntfernen(); });
+}
+
+void taskscheduler1_Click(AlarmDaten& a, ListenPanel&, int) {
+    Übergehen([&] { a.klassenlisten.taskScheduler.MarkierteAbschnitteEntfernen(); });
+}
+
+void searchhook1_Click(AlarmDaten& a, ListenPanel&, int) {
+    a.List9.Items.clear();
+    a.List9.ListIndex = -1;
+    a.klassenlisten.urlSearchHooks.DateiLöschen();
 }
 
 }  // namespace kes

@@ -14,8 +14,11 @@
 #include "platform/infos.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 inline constexpr const char* kShellServiceDatei = "daten\\shellservice.ini";
 inline constexpr const char* kTaskSchedulerDatei = "daten\\taskscheduler.ini";
@@ -58,5 +61,12 @@ private:
     WächterKontext& k_;
     DateiVersion infos_;  // one record, filled anew for each entry
 };
+
+// The menus of the four lists: each selected row goes with its section (ListView8, 9,
+// 10); the search hooks go whole, whichever line was chosen (List9).
+void bho1_Click(AlarmDaten& a, ListenPanel& panel, int index);
+void shellservice1_Click(AlarmDaten& a, ListenPanel& panel, int index);
+void taskscheduler1_Click(AlarmDaten& a, ListenPanel& panel, int index);
+void searchhook1_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

@@ -5,6 +5,7 @@
 #include "platform/datei_ersetzen.h"
 #include "platform/icoholen.h"
 #include "platform/infos.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -159,6 +160,20 @@ void ErstemalAnzeigen(WächterKontext& k) {
     }
     // Written from an empty start, in place of the old file only once complete.
     DateiErsetzen(p.files, k.W().Programmordner + kProzesseDatei, text);
+}
+
+void Pro_Click(AlarmDaten& a, ListenPanel&, int) {
+    if (!ZeileEntfernen(a.List1)) return;
+    Übergehen([&] { a.prozesse.firmen.Speichern(); });
+    a.prozesse.LadeProzessFirmen();
+}
+
+void Pro1_Click(AlarmDaten& a, ListenPanel& panel, int) {
+    Gemeldet(panel, "Pro1_Click", [&] {
+        MarkierteEntfernen(a.ListView6);
+        a.prozesse.basis.Speichern();
+        a.prozesse.LadeProzesse();
+    });
 }
 
 }  // namespace kes

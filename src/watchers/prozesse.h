@@ -13,8 +13,11 @@
 #include "watchers/bekannte_texte.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 inline constexpr const char* kProzesseDatei = "daten\\prozesse.txt";
 inline constexpr const char* kFirmaDatei = "daten\\Firma.txt";
@@ -75,5 +78,10 @@ void ErstemalAnzeigen(WächterKontext& k);
 
 // A number as Str turns it into text: a leading blank where a minus would stand.
 std::string MitVorzeichenstelle(std::int32_t zahl);
+
+// The menus of the panel's lists: Pro of the trusted makers (List1), Pro1 of the known
+// processes (ListView6).
+void Pro_Click(AlarmDaten& a, ListenPanel& panel, int index);
+void Pro1_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

@@ -6,6 +6,7 @@
 #include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
 #include "platform/icoholen.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/warnung.h"
 
 namespace kes {
@@ -192,6 +193,11 @@ void WindowsDateien::GefundenWindows(const std::string& pfad, std::int16_t modus
         holedaten(p, f, datei);
         IcoHolen(p, pfad, f.picProcIcon);
     });
+}
+
+void Löschewindows1_Click(AlarmDaten& a, ListenPanel&, int) {
+    ZeileEntfernen(a.List5);
+    Übergehen([&] { a.windowsDateien.ausnahmen.Speichern(); });
 }
 
 }  // namespace kes

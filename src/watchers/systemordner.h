@@ -11,8 +11,11 @@
 #include "common/steuerelemente.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 class WindowsDateien {
 public:
@@ -53,5 +56,8 @@ private:
     void Erstellt(const ListView& basis, bool ausnahmen);
     WächterKontext& k_;
 };
+
+// The menu of the Windows folder's exceptions (List5).
+void Löschewindows1_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

@@ -3,6 +3,7 @@
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "platform/registry.h"
+#include "watchers/alarm_daten.h"
 #include "watchers/bekannte_texte.h"
 #include "watchers/warnung.h"
 
@@ -93,6 +94,13 @@ void VertrauenswürdigeSeiten::Testen(const Hive& h) {
             reihe.SetSubItem(4, domain);
         });
         // The view fits the columns of both lists to their content.
+    });
+}
+
+void Toolbarlöschen11_Click(AlarmDaten& a, ListenPanel& panel, int) {
+    Gemeldet(panel, "Toolbarlöschen11_Click", [&] {
+        MarkierteEntfernen(a.ListView12);
+        a.vertrauenswürdigeSeiten.basis.Speichern();
     });
 }
 

@@ -7,8 +7,11 @@
 #include "common/steuerelemente.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
+
+class AlarmDaten;
 
 class VertrauenswürdigeSeiten {
 public:
@@ -33,5 +36,8 @@ private:
 // The key below which both hives keep a subkey per domain.
 inline constexpr const char* kZoneMapDomains =
     "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
+
+// The menu of the known sites (ListView12).
+void Toolbarlöschen11_Click(AlarmDaten& a, ListenPanel& panel, int index);
 
 }  // namespace kes

@@ -8,6 +8,7 @@ namespace {
 using K = Kategorie;
 using A = AlarmDaten;
 using W = Prozesswerte;
+using L = Ausnahmeliste;
 
 // The order is the cycle's and fixed: box 22 comes before box 21 on purpose.
 constexpr WächterZeile kWächter[] = {
@@ -18,7 +19,16 @@ constexpr WächterZeile kWächter[] = {
      .laden = {[](A& a, W&) { a.prozesse.LadeProzessFirmen(); }, [](A& a, W&) { a.prozesse.LadeProzesse(); }},
      .zurücksetzen = {{{2, kProzesseDatei}, {13, kFirmaDatei}}},
      .erstaufnahme = ErstemalAnzeigen,
-     .assistent = true},
+     .assistent = true,
+     .listen = {{{L::List1, &A::List1, nullptr, "Prozess", {""}, 0, " Eintrag löschen", Pro_Click},
+                 {L::ListView6,
+                  nullptr,
+                  &A::ListView6,
+                  "ProzessListview6",
+                  {"Löschen"},
+                  0,
+                  " Eintrag löschen",
+                  Pro1_Click}}}},
     // One pass for both folders: Favorit2 runs even after Favorit1 raised.
     {.name = "favourites",
      .box = 5,
@@ -32,7 +42,9 @@ constexpr WächterZeile kWächter[] = {
      .danachPumpen = true,
      .laden = {[](A& a, W&) { a.favoriten.LadeFavoriten(); }},
      .zurücksetzen = {{{7, kFavoritenDatei}}},
-     .assistent = true},
+     .assistent = true,
+     .listen =
+         {{{L::List4, &A::List4, nullptr, "LöschFavoriten", {""}, 0, " Eintrag löschen", LöscheFavoriten_Click}}}},
     {.name = "start pages",
      .box = 8,
      .kategorien = {K::StartPage},
@@ -46,7 +58,20 @@ constexpr WächterZeile kWächter[] = {
      .zyklus = {[](A& a, W&) { a.dfü.TesteDFÜ(); }},
      .laden = {[](A& a, W&) { a.dfü.LadeDFÜ(); }},
      .zurücksetzen = {{{5, kDFÜDatei}}},
-     .assistent = true},
+     .assistent = true,
+     // The quoted text of the menu holds the name and the number.
+     .listen = {{{L::ListView2,
+                  nullptr,
+                  &A::ListView2,
+                  "löschedfü",
+                  {"Info zur DFÜ-Verbindung", "lösche"},
+                  1,
+                  " --> Eintrag aus der Liste löschen",
+                  löschedfü1_Click,
+                  [](const A& a) {
+                      const ListItem* z = ErsteMarkierte(a.ListView2);
+                      return z ? z->Text + "\" Nummer: " + z->SubItem(1) : std::string("\" Nummer: ");
+                  }}}}},
     {.name = "autostart folders",
      .box = 11,
      .kategorien = {K::Ordnermeister, K::OrdnerAllUser, K::AutostartOrdner},
@@ -59,7 +84,15 @@ constexpr WächterZeile kWächter[] = {
                     a.autostartOrdner.TesteAutostartOrdner();
                 }},
      .laden = {[](A& a, W&) { a.autostartOrdner.LadeAutostart(); }},
-     .assistent = true},
+     .assistent = true,
+     .listen = {{{L::List3,
+                  &A::List3,
+                  nullptr,
+                  "LöscheAutostartordner",
+                  {"lösche"},
+                  0,
+                  " Eintrag löschen",
+                  LöscheAutostartordner1_Click}}}},
     {.name = "autostart registry",
      .box = 13,
      .kategorien = {K::AutostartRegistry},
@@ -67,7 +100,21 @@ constexpr WächterZeile kWächter[] = {
                 [](A& a, W&) { a.autostartRegistry.TesteAutostartRegistry(); }},
      .laden = {[](A& a, W&) { a.autostartRegistry.LadeAutostartregistry(); }},
      .zurücksetzen = {{{6, kAutostartREGDatei}}},
-     .assistent = true},
+     .assistent = true,
+     // The user reads a row number in the menu, not the entry.
+     .listen = {{{L::ListView1,
+                  nullptr,
+                  &A::ListView1,
+                  "löscheRegistry",
+                  {""},
+                  0,
+                  " --> Eintrag löschen",
+                  löscheRegistry1_Click,
+                  [](const A& a) {
+                      for (std::size_t i = 0; i < a.ListView1.Items.size(); ++i)
+                          if (a.ListView1.Items[i].Selected) return std::to_string(i + 1);
+                      return std::string("0");
+                  }}}}},
     {.name = "online", .box = 14, .zyklus = {[](A& a, W&) { a.hosts.TesteOnline(); }}, .assistent = true},
     {.name = "hosts",
      .box = 15,
@@ -85,7 +132,9 @@ constexpr WächterZeile kWächter[] = {
                [](A& a, W&) {
                    if (a.Box1[19].value() == 1) a.windowsDateien.LadeWindows();
                }},
-     .assistent = true},
+     .assistent = true,
+     .listen =
+         {{{L::List5, &A::List5, nullptr, "Löschewindows", {"lösche"}, 0, " Eintrag löschen", Löschewindows1_Click}}}},
     {.name = "system folder",
      .box = 20,
      .kategorien = {K::WindowsDatei},
@@ -98,24 +147,56 @@ constexpr WächterZeile kWächter[] = {
      .box = 22,
      .kategorien = {K::ActiveX},
      .zyklus = {[](A& a, W&) { a.activeX.Testeactivx(); }},
-     .laden = {[](A& a, W&) { a.activeX.LadeActiveX(); }}},
+     .laden = {[](A& a, W&) { a.activeX.LadeActiveX(); }},
+     .listen = {{{L::List6,
+                  &A::List6,
+                  nullptr,
+                  "löscheactivex",
+                  {"löschen"},
+                  0,
+                  " --> Eintrag löschen",
+                  löscheactivex1_Click}}}},
     {.name = "helper objects",
      .box = 21,
      .kategorien = {K::BHO},
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteBHO(); }},
-     .laden = {[](A& a, W&) { a.klassenlisten.LadeBHO(); }}},
+     .laden = {[](A& a, W&) { a.klassenlisten.LadeBHO(); }},
+     .listen = {{{L::ListView8,
+                  nullptr,
+                  &A::ListView8,
+                  "bho",
+                  {"bholöschen"},
+                  0,
+                  " --> Eintrag aus der Liste löschen",
+                  bho1_Click}}}},
     {.name = "shell service objects",
      .box = 23,
      .kategorien = {K::ShellService},
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteShellService(); }},
      .laden = {[](A& a, W&) { a.klassenlisten.LadeShellService(); }},
-     .zurücksetzen = {{{8, kShellServiceDatei}}}},
+     .zurücksetzen = {{{8, kShellServiceDatei}}},
+     .listen = {{{L::ListView9,
+                  nullptr,
+                  &A::ListView9,
+                  "shellservice",
+                  {"löschen"},
+                  0,
+                  " --> Eintrag aus der Liste löschen",
+                  shellservice1_Click}}}},
     {.name = "shared task schedulers",
      .box = 24,
      .kategorien = {K::TaskScheduler},
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteSharedTaskScheduler(); }},
      .laden = {[](A& a, W&) { a.klassenlisten.LadeSharedTaskScheduler(); }},
-     .zurücksetzen = {{{9, kTaskSchedulerDatei}}}},
+     .zurücksetzen = {{{9, kTaskSchedulerDatei}}},
+     .listen = {{{L::ListView10,
+                  nullptr,
+                  &A::ListView10,
+                  "taskscheduler",
+                  {"löschen"},
+                  0,
+                  " --> Eintrag aus der Liste löschen",
+                  taskscheduler1_Click}}}},
     {.name = "registry editor lock", .box = 25, .kategorien = {K::RegeditDeaktiviert}, .zyklus = {[](A& a, W&) {
                                                                                            a.sperren.TesteSonstiges();
                                                                                        }}},
@@ -127,14 +208,32 @@ constexpr WächterZeile kWächter[] = {
      .kategorien = {K::URLSearchHooks},
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteSonstiges2(); }},
      .laden = {[](A& a, W&) { a.klassenlisten.LadeURLSearchHook(); }},
-     .zurücksetzen = {{{10, kURLSearchHookDatei}}}},
+     .zurücksetzen = {{{10, kURLSearchHookDatei}}},
+     .listen =
+         {{{L::List9, &A::List9, nullptr, "searchhook", {"löschen"}, 0, " ---> Eintrag löschen", searchhook1_Click}}}},
     {.name = "services",
      .box = 28,
      .kategorien = {K::Dienste},
      .zyklus = {[](A& a, W&) { a.dienste.TesteDienste(); }},
      .laden = {[](A& a, W&) { a.dienste.LadeDienste(); }, [](A& a, W&) { a.dienste.LadeDiensteHersteller(); }},
      .zurücksetzen = {{{3, kDiensteDatei}, {4, kDiensteFirmenDatei}}},
-     .erstaufnahme = holedienste},
+     .erstaufnahme = holedienste,
+     .listen = {{{L::List10,
+                  &A::List10,
+                  nullptr,
+                  "dienst2",
+                  {"Alle Einträge aus der liste entfernen", "löschen"},
+                  1,
+                  " ---> Eintrag löschen",
+                  dienst22_Click},
+                 {L::ListView11,
+                  nullptr,
+                  &A::ListView11,
+                  "dienst",
+                  {"", "Alle Dienste aus der Liste entfernen"},
+                  0,
+                  " --> Eintrag aus der Liste löschen",
+                  dienst1_Click}}}},
     // The reset deletes daten\toolbar.ini, a file no version of the program ever wrote; the
     // baseline daten\V_seiten.txt survives it, as intended.
     {.name = "trusted sites",
@@ -143,7 +242,15 @@ constexpr WächterZeile kWächter[] = {
      .zyklus = {[](A& a, W&) { a.vertrauenswürdigeSeiten.TesteToolBar(); },
                 [](A& a, W&) { a.vertrauenswürdigeSeiten.TesteToolBar1(); }},
      .laden = {[](A& a, W&) { a.vertrauenswürdigeSeiten.LadeToolbar(); }},
-     .zurücksetzen = {{{1, "daten\\toolbar.ini"}}}},
+     .zurücksetzen = {{{1, "daten\\toolbar.ini"}}},
+     .listen = {{{L::ListView12,
+                  nullptr,
+                  &A::ListView12,
+                  "Toolbarlöschen1",
+                  {"Toolbarlöschen"},
+                  0,
+                  " --> Eintrag aus der Liste löschen",
+                  Toolbarlöschen11_Click}}}},
     {.name = "shell open commands",
      .box = 30,
      .kategorien = {K::HtaFile},
@@ -164,6 +271,23 @@ constexpr bool Vollständig() {
     return true;
 }
 static_assert(Vollständig(), "every category key has a watcher, every watcher a name, a box and a pass");
+
+// Every list of the panel but the deferred one, which is the panel's own, has its menu in
+// exactly one row, bound to a list and with a handler.
+constexpr bool ListenVollständig() {
+    for (int l = 0; l < kAusnahmelistenAnzahl; ++l) {
+        int zeilen = 0;
+        for (const WächterZeile& z : kWächter)
+            for (const Listenmenü& m : z.listen)
+                if (m.menü && static_cast<int>(m.liste) == l) {
+                    if (!m.wahl || !m.schwanz || (m.kasten == nullptr) == (m.ansicht == nullptr)) return false;
+                    ++zeilen;
+                }
+        if (zeilen != (static_cast<Ausnahmeliste>(l) == Ausnahmeliste::List8 ? 0 : 1)) return false;
+    }
+    return true;
+}
+static_assert(ListenVollständig(), "every list of the panel has one menu in one row");
 }  // namespace
 
 std::span<const WächterZeile> Wächtertabelle() {

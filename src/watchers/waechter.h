@@ -1,9 +1,10 @@
 // The watcher table: one row for each watcher the control panel can switch on, in the order
 // in which a tick of Timer1 runs them. Beyond its own files, a row is all the program knows
 // of a watcher: its option box, the keys its warnings carry, its passes in the cycle, its
-// loaders, the files the reset deletes, and what the first-run assistant does for it. The
-// cycle, the panel's load handler, the reset, the assistant and the benchmark all walk this
-// table; none of them names a watcher.
+// loaders, the files the reset deletes, what the first-run assistant does for it, and the
+// menus of the panel's lists that show its baselines. The cycle, the panel's load handler,
+// the reset, the assistant, the panel's list menus and the benchmark all walk this table;
+// none of them names a watcher.
 #pragma once
 
 #include <array>
@@ -11,6 +12,7 @@
 
 #include "common/kategorie.h"
 #include "common/werte.h"
+#include "watchers/listenmenue.h"
 
 namespace kes {
 
@@ -45,6 +47,8 @@ struct WächterZeile {
     // "Alle Werte des Systems übernehmen" takes this baseline and switches the box on.
     Erstaufnahme erstaufnahme = nullptr;
     bool assistent = false;
+    // The panel's lists that show its baselines and exceptions, with their menus.
+    std::array<Listenmenü, 2> listen{};
 };
 
 std::span<const WächterZeile> Wächtertabelle();
