@@ -4,52 +4,31 @@
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "platform/sysfolder.h"
+#include "watchers/waechter.h"
 
 namespace kes {
 
 namespace {
 
-// Captions of the option boxes; 19 and 20 get the two system folders at load.
-constexpr const char* kBoxTexte[32] = {
+// Captions of the option boxes that belong to no watcher; the watchers' own are in their
+// rows, and 19 and 20 get the two system folders at load.
+constexpr const char* kBoxTexte[] = {
     "Kestrella beim Start ins Systray (Autostart)",
     "Sound",
     "Log-Datei erstellen",
     "Log.Datei bei jeden Start löschen",
-    "Neue Prozesse im Speicher sofort melden !",
-    "Wenn neue  Favoriten hinzugefügt werden [sofort melden]",
-    "Automatisch löschen",
-    "Automatisch löschen (Hinweise anzeigen)     ",
-    "IExplorer Überwachung Registry",
-    "Automatisch Original Einträge wiederherstellen",
-    "Warnen wenn eine neue DFÜ-Verbindung erstellt wird.",
-    "Autostart Ordner sollen  überwacht werden",
-    "Automatisch löschen",
-    "Sofort warnen wenn Registryeinträge geändert werden.",
-    "Nachrichtendienst beenden wenn eine  Online-Verbindung besteht.",
-    "Wenn die Hosts Datei geändert wird sofort melden!",
-    "Warnen wenn eine neue Datei erstellt wird.",
-    "Warnen wenn eine Datei  gelöscht wird.",
-    "Warnen wenn eine Datei  geändert wird.",
-    "",
-    "",
-    "BHO-Programmerweiterungen des IE (Browser Helper Objects) sofort melden.",
-    " ActiveX-Objekte (auch bekannt als Downloaded Program Files)  sofort melden.",
-    " ShellServiceObjectDelayLoad (SSODL)-Autostarteinträge in der Registry sofort melden.",
-    " SharedTaskScheduler-Autostarteinträge in der Registry sofort melden.",
-    "Zugang auf Regedit durch Administrator verhindert [sofort melden]",
-    "Zugang auf den Taskmanager deaktiviert  [sofort melden]",
-    "Default URLSearchHook ",
-    "Sofort Melden, wenn ein Dienst hinzugefügt wird.",
-    "Warnen wenn sich eine neue Url einträgt.",
-    "Sofort melden wenn die Werte geändert werden.",
-    "Automatisch löschen",
 };
 }  // namespace
 
 AlarmFenster::AlarmFenster(PanelKontext& k) : AlarmDaten(k), Ausnahmen(k, *this, *this), k_(k) {
     for (std::size_t i = 0; i < Box1.size(); ++i) {
-        Box1[i].Caption = kBoxTexte[i];
+        if (i < std::size(kBoxTexte)) Box1[i].Caption = kBoxTexte[i];
         Box1[i].Click = [this, i](std::int16_t&) { Box1_Click(static_cast<int>(i)); };
+    }
+    for (const WächterZeile& z : Wächtertabelle()) {
+        Box1.at(static_cast<std::size_t>(z.box)).Caption = z.beschriftung;
+        for (const Option& o : z.optionen)
+            if (o.beschriftung) Box1.at(static_cast<std::size_t>(o.box)).Caption = o.beschriftung;
     }
     AufAb1.Zahlen = true;
     AufAb1.Max = 30;
@@ -110,14 +89,12 @@ void AlarmFenster::Box1_Click(int index) {
         case 1:
             k_.W().Soundflag = Box1[1].value() > 0 ? 1 : 0;
             break;
-        case 19:
-            // The baseline is loaded at once whether the box went on or off; no save.
-            if (ListView4.Items.empty()) windowsDateien.LadeWindows();
-            return;
-        case 20:
-            if (ListView7.Items.empty()) windowsDateien.LadeWindowsSys32();
-            return;
         default:
+            for (const WächterZeile& z : Wächtertabelle())
+                if (z.box == index && z.beimKlick) {
+                    z.beimKlick(*this, k_.W());
+                    return;  // no save
+                }
             break;
     }
     k_.EinstellungenSpeichern();

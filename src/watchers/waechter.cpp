@@ -14,6 +14,7 @@ using L = Ausnahmeliste;
 constexpr WächterZeile kWächter[] = {
     {.name = "processes",
      .box = 4,
+     .beschriftung = "Neue Prozesse im Speicher sofort melden !",
      .kategorien = {K::Prozesse},
      .zyklus = {[](A& a, W&) { a.prozesse.TesteProzesse(); }},
      .laden = {[](A& a, W&) { a.prozesse.LadeProzessFirmen(); }, [](A& a, W&) { a.prozesse.LadeProzesse(); }},
@@ -32,6 +33,8 @@ constexpr WächterZeile kWächter[] = {
     // One pass for both folders: Favorit2 runs even after Favorit1 raised.
     {.name = "favourites",
      .box = 5,
+     .beschriftung = "Wenn neue  Favoriten hinzugefügt werden [sofort melden]",
+     .optionen = {{{6, "Automatisch löschen"}, {7, "Automatisch löschen (Hinweise anzeigen)     "}}},
      .kategorien = {K::Favorit1, K::Favorit2, K::Favoriten},
      .zyklus = {[](A& a, W& w) {
          w.Kategorieschlüssel = K::Favorit1;
@@ -47,6 +50,8 @@ constexpr WächterZeile kWächter[] = {
          {{{L::List4, &A::List4, nullptr, "LöschFavoriten", {""}, 0, " Eintrag löschen", LöscheFavoriten_Click}}}},
     {.name = "start pages",
      .box = 8,
+     .beschriftung = "IExplorer Überwachung Registry",
+     .optionen = {{{9, "Automatisch Original Einträge wiederherstellen"}}},
      .kategorien = {K::StartPage},
      .zyklus = {[](A& a, W&) { a.startSeite.TesteStartPage(); }},
      .laden = {[](A& a, W&) { a.startSeite.LadeStartPage(); }},
@@ -54,6 +59,7 @@ constexpr WächterZeile kWächter[] = {
      .assistent = true},
     {.name = "dial-up",
      .box = 10,
+     .beschriftung = "Warnen wenn eine neue DFÜ-Verbindung erstellt wird.",
      .kategorien = {K::DFÜ},
      .zyklus = {[](A& a, W&) { a.dfü.TesteDFÜ(); }},
      .laden = {[](A& a, W&) { a.dfü.LadeDFÜ(); }},
@@ -74,6 +80,8 @@ constexpr WächterZeile kWächter[] = {
                   }}}}},
     {.name = "autostart folders",
      .box = 11,
+     .beschriftung = "Autostart Ordner sollen  überwacht werden",
+     .optionen = {{{12, "Automatisch löschen"}}},
      .kategorien = {K::Ordnermeister, K::OrdnerAllUser, K::AutostartOrdner},
      .zyklus = {[](A& a, W& w) {
                     w.Kategorieschlüssel = K::Ordnermeister;
@@ -95,6 +103,7 @@ constexpr WächterZeile kWächter[] = {
                   LöscheAutostartordner1_Click}}}},
     {.name = "autostart registry",
      .box = 13,
+     .beschriftung = "Sofort warnen wenn Registryeinträge geändert werden.",
      .kategorien = {K::AutostartRegistry},
      .zyklus = {[](A& a, W&) { a.autostartRegistry.TesteAutostartHkeyUser(); },
                 [](A& a, W&) { a.autostartRegistry.TesteAutostartRegistry(); }},
@@ -115,9 +124,14 @@ constexpr WächterZeile kWächter[] = {
                           if (a.ListView1.Items[i].Selected) return std::to_string(i + 1);
                       return std::string("0");
                   }}}}},
-    {.name = "online", .box = 14, .zyklus = {[](A& a, W&) { a.hosts.TesteOnline(); }}, .assistent = true},
+    {.name = "online",
+     .box = 14,
+     .beschriftung = "Nachrichtendienst beenden wenn eine  Online-Verbindung besteht.",
+     .zyklus = {[](A& a, W&) { a.hosts.TesteOnline(); }},
+     .assistent = true},
     {.name = "hosts",
      .box = 15,
+     .beschriftung = "Wenn die Hosts Datei geändert wird sofort melden!",
      .kategorien = {K::HostsDatei},
      .zyklus = {[](A& a, W&) { a.hosts.TesteHosts(); }},
      .assistent = true},
@@ -125,6 +139,10 @@ constexpr WächterZeile kWächter[] = {
     // values have not arrived yet, and the settings load repeats both.
     {.name = "Windows folder",
      .box = 19,
+     // Its caption is the folder, set when the panel loads.
+     .optionen = {{{16, "Warnen wenn eine neue Datei erstellt wird."},
+                   {17, "Warnen wenn eine Datei  gelöscht wird."},
+                   {18, "Warnen wenn eine Datei  geändert wird."}}},
      .kategorien = {K::WindowsDatei},
      .zyklus = {[](A& a, W&) { a.windowsDateien.TesteWindowsGelöscht(); },
                 [](A& a, W&) { a.windowsDateien.TesteWindowsErstellt(); }},
@@ -132,19 +150,30 @@ constexpr WächterZeile kWächter[] = {
                [](A& a, W&) {
                    if (a.Box1[19].value() == 1) a.windowsDateien.LadeWindows();
                }},
+     // The baseline is loaded at once whether the box went on or off.
+     .beimKlick =
+         [](A& a, W&) {
+             if (a.ListView4.Items.empty()) a.windowsDateien.LadeWindows();
+         },
      .assistent = true,
      .listen =
          {{{L::List5, &A::List5, nullptr, "Löschewindows", {"lösche"}, 0, " Eintrag löschen", Löschewindows1_Click}}}},
     {.name = "system folder",
      .box = 20,
+     // Its caption is the folder, set when the panel loads.
      .kategorien = {K::WindowsDatei},
      .zyklus = {[](A& a, W&) { a.windowsDateien.TesteWindowsSystem32Gelöscht(); },
                 [](A& a, W&) { a.windowsDateien.TesteWindowsSystem32Erstellt(); }},
      .laden = {[](A& a, W&) {
          if (a.Box1[20].value() == 1) a.windowsDateien.LadeWindowsSys32();
-     }}},
+     }},
+     .beimKlick =
+         [](A& a, W&) {
+             if (a.ListView7.Items.empty()) a.windowsDateien.LadeWindowsSys32();
+         }},
     {.name = "ActiveX",
      .box = 22,
+     .beschriftung = " ActiveX-Objekte (auch bekannt als Downloaded Program Files)  sofort melden.",
      .kategorien = {K::ActiveX},
      .zyklus = {[](A& a, W&) { a.activeX.Testeactivx(); }},
      .laden = {[](A& a, W&) { a.activeX.LadeActiveX(); }},
@@ -158,6 +187,7 @@ constexpr WächterZeile kWächter[] = {
                   löscheactivex1_Click}}}},
     {.name = "helper objects",
      .box = 21,
+     .beschriftung = "BHO-Programmerweiterungen des IE (Browser Helper Objects) sofort melden.",
      .kategorien = {K::BHO},
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteBHO(); }},
      .laden = {[](A& a, W&) { a.klassenlisten.LadeBHO(); }},
@@ -171,6 +201,7 @@ constexpr WächterZeile kWächter[] = {
                   bho1_Click}}}},
     {.name = "shell service objects",
      .box = 23,
+     .beschriftung = " ShellServiceObjectDelayLoad (SSODL)-Autostarteinträge in der Registry sofort melden.",
      .kategorien = {K::ShellService},
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteShellService(); }},
      .laden = {[](A& a, W&) { a.klassenlisten.LadeShellService(); }},
@@ -185,6 +216,7 @@ constexpr WächterZeile kWächter[] = {
                   shellservice1_Click}}}},
     {.name = "shared task schedulers",
      .box = 24,
+     .beschriftung = " SharedTaskScheduler-Autostarteinträge in der Registry sofort melden.",
      .kategorien = {K::TaskScheduler},
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteSharedTaskScheduler(); }},
      .laden = {[](A& a, W&) { a.klassenlisten.LadeSharedTaskScheduler(); }},
@@ -197,14 +229,19 @@ constexpr WächterZeile kWächter[] = {
                   0,
                   " --> Eintrag aus der Liste löschen",
                   taskscheduler1_Click}}}},
-    {.name = "registry editor lock", .box = 25, .kategorien = {K::RegeditDeaktiviert}, .zyklus = {[](A& a, W&) {
-                                                                                           a.sperren.TesteSonstiges();
-                                                                                       }}},
-    {.name = "task manager lock", .box = 26, .kategorien = {K::TaskmanagerDeaktiviert}, .zyklus = {[](A& a, W&) {
-                                                                                            a.sperren.TesteSonstiges1();
-                                                                                        }}},
+    {.name = "registry editor lock",
+     .box = 25,
+     .beschriftung = "Zugang auf Regedit durch Administrator verhindert [sofort melden]",
+     .kategorien = {K::RegeditDeaktiviert},
+     .zyklus = {[](A& a, W&) { a.sperren.TesteSonstiges(); }}},
+    {.name = "task manager lock",
+     .box = 26,
+     .beschriftung = "Zugang auf den Taskmanager deaktiviert  [sofort melden]",
+     .kategorien = {K::TaskmanagerDeaktiviert},
+     .zyklus = {[](A& a, W&) { a.sperren.TesteSonstiges1(); }}},
     {.name = "URL search hooks",
      .box = 27,
+     .beschriftung = "Default URLSearchHook ",
      .kategorien = {K::URLSearchHooks},
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteSonstiges2(); }},
      .laden = {[](A& a, W&) { a.klassenlisten.LadeURLSearchHook(); }},
@@ -213,6 +250,7 @@ constexpr WächterZeile kWächter[] = {
          {{{L::List9, &A::List9, nullptr, "searchhook", {"löschen"}, 0, " ---> Eintrag löschen", searchhook1_Click}}}},
     {.name = "services",
      .box = 28,
+     .beschriftung = "Sofort Melden, wenn ein Dienst hinzugefügt wird.",
      .kategorien = {K::Dienste},
      .zyklus = {[](A& a, W&) { a.dienste.TesteDienste(); }},
      .laden = {[](A& a, W&) { a.dienste.LadeDienste(); }, [](A& a, W&) { a.dienste.LadeDiensteHersteller(); }},
@@ -238,6 +276,7 @@ constexpr WächterZeile kWächter[] = {
     // baseline daten\V_seiten.txt survives it, as intended.
     {.name = "trusted sites",
      .box = 29,
+     .beschriftung = "Warnen wenn sich eine neue Url einträgt.",
      .kategorien = {K::ToolBar, K::ToolBar1},
      .zyklus = {[](A& a, W&) { a.vertrauenswürdigeSeiten.TesteToolBar(); },
                 [](A& a, W&) { a.vertrauenswürdigeSeiten.TesteToolBar1(); }},
@@ -253,6 +292,8 @@ constexpr WächterZeile kWächter[] = {
                   Toolbarlöschen11_Click}}}},
     {.name = "shell open commands",
      .box = 30,
+     .beschriftung = "Sofort melden wenn die Werte geändert werden.",
+     .optionen = {{{31, "Automatisch löschen"}}},
      .kategorien = {K::HtaFile},
      .zyklus = {[](A& a, W&) { a.shellBefehle.TesteHTafile(); }},
      .danachPumpen = true},

@@ -24,6 +24,12 @@ using Wächterroutine = void (*)(AlarmDaten& a, Prozesswerte& w);
 // The baseline the assistant takes from the machine as it stands; Alarm is not loaded yet.
 using Erstaufnahme = void (*)(WächterKontext& k);
 
+// An option box of the panel with its caption.
+struct Option {
+    int box = -1;
+    const char* beschriftung = nullptr;
+};
+
 // A file the reset deletes, with its place in the order in which the reset deletes; the
 // program's own files have places among them.
 struct Rücksetzdatei {
@@ -32,8 +38,11 @@ struct Rücksetzdatei {
 };
 
 struct WächterZeile {
-    const char* name = nullptr;  // what it watches, for the benchmark's rows
-    int box = -1;                // the option box of Alarm that switches it on
+    const char* name = nullptr;     // what it watches, for the benchmark's rows
+    int box = -1;                   // the option box of Alarm that switches it on
+    const char* beschriftung = "";  // its caption on the panel
+    // The boxes of its own options, which it asks itself.
+    std::array<Option, 3> optionen{};
     // The keys its warnings carry, and the ones its passes set to tell them apart.
     std::array<Kategorie, 3> kategorien{};
     // Its passes, each run only while the busy flag is false and the box is 1, both asked
@@ -43,6 +52,8 @@ struct WächterZeile {
     bool danachPumpen = false;
     // Its loaders, run by the panel's load handler in table order.
     std::array<Wächterroutine, 3> laden{};
+    // Runs when the user clicks its box, in place of saving the settings.
+    Wächterroutine beimKlick = nullptr;
     std::array<Rücksetzdatei, 2> zurücksetzen{};
     // "Alle Werte des Systems übernehmen" takes this baseline and switches the box on.
     Erstaufnahme erstaufnahme = nullptr;

@@ -25,6 +25,45 @@ protected:
     }
 };
 
+// The captions come from the panel and from the watcher rows; each box has exactly its own.
+TEST_F(Panel, EveryBoxHasItsCaption) {
+    const char* const erwartet[32] = {
+        "Kestrella beim Start ins Systray (Autostart)",
+        "Sound",
+        "Log-Datei erstellen",
+        "Log.Datei bei jeden Start löschen",
+        "Neue Prozesse im Speicher sofort melden !",
+        "Wenn neue  Favoriten hinzugefügt werden [sofort melden]",
+        "Automatisch löschen",
+        "Automatisch löschen (Hinweise anzeigen)     ",
+        "IExplorer Überwachung Registry",
+        "Automatisch Original Einträge wiederherstellen",
+        "Warnen wenn eine neue DFÜ-Verbindung erstellt wird.",
+        "Autostart Ordner sollen  überwacht werden",
+        "Automatisch löschen",
+        "Sofort warnen wenn Registryeinträge geändert werden.",
+        "Nachrichtendienst beenden wenn eine  Online-Verbindung besteht.",
+        "Wenn die Hosts Datei geändert wird sofort melden!",
+        "Warnen wenn eine neue Datei erstellt wird.",
+        "Warnen wenn eine Datei  gelöscht wird.",
+        "Warnen wenn eine Datei  geändert wird.",
+        "C:\\WINDOWS",
+        "C:\\WINDOWS\\system32",
+        "BHO-Programmerweiterungen des IE (Browser Helper Objects) sofort melden.",
+        " ActiveX-Objekte (auch bekannt als Downloaded Program Files)  sofort melden.",
+        " ShellServiceObjectDelayLoad (SSODL)-Autostarteinträge in der Registry sofort melden.",
+        " SharedTaskScheduler-Autostarteinträge in der Registry sofort melden.",
+        "Zugang auf Regedit durch Administrator verhindert [sofort melden]",
+        "Zugang auf den Taskmanager deaktiviert  [sofort melden]",
+        "Default URLSearchHook ",
+        "Sofort Melden, wenn ein Dienst hinzugefügt wird.",
+        "Warnen wenn sich eine neue Url einträgt.",
+        "Sofort melden wenn die Werte geändert werden.",
+        "Automatisch löschen",
+    };
+    for (int i = 0; i < 32; ++i) EXPECT_EQ(a().Box1[static_cast<std::size_t>(i)].Caption, erwartet[i]) << "box " << i;
+}
+
 TEST_F(Panel, BoxZero_WritesOrDeletesTheRunValue_MirrorsTheTrayMenu_AndSaves) {
     a().Box1[0].KlickVomBenutzer();
     EXPECT_TRUE(fp.registry.HasValue(kRun, "Halvenik-Kestrella"));
