@@ -234,7 +234,7 @@ def fifty_quick_starts_from_a_known_folder_stay_quiet_a_new_folder_warns_within_
         # A warning stays until it is answered and stops the cycles: one raised during the
         # starts would still be up.
         if not quiet_for(h, 4 * CYCLE):
-            raise AssertionError(f"the program of the known folder raised a warning: {list_rows(h)[:1]}")
+            raise AssertionError(f"a warning came during or after the starts: {list_rows(h)[:1]}")
 
         # Caught while it starts, the new one is looked at again at the next cycle: by then
         # its path can be read, and it is reported at once.
