@@ -1,6 +1,6 @@
 #include "assistant/form2.h"
 
-#include "common/eigener_runwert.h"
+#include "common/eigene_orte.h"
 #include "common/version.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "common/eigene_orte.h"
 #include "core/programm.h"
 #include "core/start.h"
 #include "platform/allefunktionen.h"
@@ -17,7 +18,7 @@ namespace {
 // them. "daten\kestrella.log" never exists: the log beside the program survives a reset,
 // as intended.
 std::vector<Rücksetzdatei> Rücksetzdateien() {
-    std::vector<Rücksetzdatei> dateien = {{11, "daten\\kestrella.log"}, {12, "kestrella.dat"}};
+    std::vector<Rücksetzdatei> dateien = {{11, "daten\\kestrella.log"}, {12, kEinstellungsdatei}};
     for (const WächterZeile& z : Wächtertabelle())
         for (const Rücksetzdatei& d : z.zurücksetzen)
             if (d.datei) dateien.push_back(d);

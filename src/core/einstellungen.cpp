@@ -3,6 +3,7 @@
 #include <string>
 
 #include "assistant/form2.h"
+#include "common/eigene_orte.h"
 #include "common/fehler.h"
 #include "core/logdatei.h"
 #include "core/programm.h"
@@ -26,7 +27,7 @@ bool GibtEsDatei(FileApi& files, const std::string& pfad) {
 }  // namespace
 
 void Properties_Load(Programm& prg) {
-    const std::string pfad = prg.Programmordner + "kestrella.dat";
+    const std::string pfad = prg.Programmordner + kEinstellungsdatei;
     try {
         if (!GibtEsDatei(prg.p.files, pfad)) {
             prg.Intervallstufe = 5;
@@ -90,7 +91,7 @@ void Properties_Save(Programm& prg) {
 
     // Errors are passed over. The old file stays until the new one is complete: without it
     // the next start would be a first run and every option lost.
-    DateiErsetzen(prg.p.files, prg.Programmordner + "Kestrella.dat", bag.Contents());
+    DateiErsetzen(prg.p.files, prg.Programmordner + kEinstellungsdatei, bag.Contents());
 }
 
 }  // namespace kes

@@ -1,5 +1,6 @@
 #include "core/logdatei.h"
 
+#include "common/eigene_orte.h"
 #include "common/fehler.h"
 
 #include "core/programm.h"
@@ -21,13 +22,13 @@ void LogEintrag(Programm& prg, const std::string& titel, const std::vector<std::
     eintrag += ergebnis;
     alarm.Text2.Text = alarm.Text2.Text + "\r\n" + eintrag;
     // No handling of its own: a log that cannot be written goes to the caller's error exit.
-    if (!DateiErsetzen(prg.p.files, prg.Programmordner + "Kestrella.log", alarm.Text2.Text + "\r\n"))
+    if (!DateiErsetzen(prg.p.files, prg.Programmordner + kLogdatei, alarm.Text2.Text + "\r\n"))
         throw Fehler(kFehlerDateizugriff, "Pfad/Datei-Zugriffsfehler");
 }
 
 void LogVorbereiten(Programm& prg) {
     AlarmFenster& alarm = prg.Alarm();
-    const std::string pfad = prg.Programmordner + "Kestrella.log";
+    const std::string pfad = prg.Programmordner + kLogdatei;
     if (alarm.Box1[3].value() == 1) {
         prg.p.files.Delete(pfad);
         return;

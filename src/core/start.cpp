@@ -1,6 +1,6 @@
 #include "core/start.h"
 
-#include "common/eigener_runwert.h"
+#include "common/eigene_orte.h"
 #include "core/einstellungen.h"
 #include "core/programm.h"
 #include "core/tryicon.h"
@@ -112,7 +112,7 @@ void StartFenster::fox1_Click(int index) {
                 Aktiviert();
             break;
         case 3: {
-            const std::string log = prg_.Programmordner + "Kestrella.log";
+            const std::string log = prg_.Programmordner + kLogdatei;
             // Notepad gets the path without quotes; a failed start is passed over.
             if (DateiVorhanden(prg_.p, log)) prg_.p.shell.RunCommand("notepad.exe " + log, kSwShowNormal);
             break;

@@ -1,6 +1,6 @@
 #include "panel/alarm.h"
 
-#include "common/eigener_runwert.h"
+#include "common/eigene_orte.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "platform/sysfolder.h"
@@ -102,6 +102,7 @@ void AlarmFenster::Box1_Click(int index) {
 
 void AlarmFenster::Command2_Click(int index) {
     Plattform& p = k_.P();
+    // The command line names the log in lower case; the file system does not mind.
     const std::string pfad = k_.W().Programmordner + "kestrella.log";
     if (index == 0) {
         // No question: the text goes, and the file with it, errors passed over.

@@ -2,7 +2,7 @@
 // edit of a saved start page, the hosts page, the links and the sorting of the dial-up list.
 #include "panel/alarm.h"
 
-#include "common/eigener_runwert.h"
+#include "common/eigene_orte.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "watchers/hosts.h"

@@ -3,7 +3,6 @@
 // behind them.
 #include "platform/allefunktionen.h"
 #include "platform/datei_ersetzen.h"
-#include "platform/sysfolder.h"
 #include "warning/aktionen.h"
 #include "warning/form3.h"
 #include "warning/kategorien.h"
@@ -83,7 +82,7 @@ void Form3Fenster::Image9_Click() {
 }
 
 void Form3Fenster::host1_Click(int index) {
-    const std::string hosts = Sysfolder(k_.P(), kCsidlSystem) + "\\drivers\\etc\\hosts";
+    const std::string hosts = HostsPfad(k_.W());
     Plattform& p = k_.P();
     // Errors are passed over: the size is taken of whatever stands there afterwards, and a
     // length that cannot be read leaves the saved size as it was. The program's own file is
