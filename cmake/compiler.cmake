@@ -48,5 +48,9 @@ option(KES_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer"
 if(KES_SANITIZE AND NOT MSVC AND NOT WIN32)
   # -O1 -g1: a third of the run time of -O0, line numbers in the reports, a lighter build.
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g1)
+  # The spare capacity of every std::vector poisoned: a row read after the list was cleared
+  # or shrunk (its memory kept for reuse) is reported, not only one read after a regrowth.
+  # The panel's lists are vectors, and a pumped click may clear one under a loop.
+  add_compile_definitions(_GLIBCXX_SANITIZE_VECTOR=1)
   add_link_options(-fsanitize=address,undefined)
 endif()
