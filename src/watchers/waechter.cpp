@@ -321,7 +321,12 @@ constexpr bool ListenVollständig() {
         for (const WächterZeile& z : kWächter)
             for (const Listenmenü& m : z.listen)
                 if (m.menü && static_cast<int>(m.liste) == l) {
-                    if (!m.wahl || !m.schwanz || (m.kasten == nullptr) == (m.ansicht == nullptr)) return false;
+                    if (!m.schwanz || (m.kasten == nullptr) == (m.ansicht == nullptr)) return false;
+#ifndef __SANITIZE_ADDRESS__
+                    // The sanitizer build cannot compare the address of a function of another
+                    // file in a constant expression; every other build checks it.
+                    if (!m.wahl) return false;
+#endif
                     ++zeilen;
                 }
         if (zeilen != (static_cast<Ausnahmeliste>(l) == Ausnahmeliste::List8 ? 0 : 1)) return false;
