@@ -33,7 +33,7 @@ for suite in unit_tests contract_fake soak_test; do
 done
 
 kes_stage "native: fuzz targets, each for a bounded time (clang, libFuzzer, sanitizers)"
-tests/fuzz/run.sh 15
+tests/fuzz/run.sh 8
 
 kes_stage "Windows build under Wine: contract tests against the real API, end-to-end tests"
 export WINEDEBUG=-all
