@@ -69,15 +69,4 @@ std::string ListBox::Text() const {
     return Items[static_cast<std::size_t>(ListIndex)];
 }
 
-std::vector<std::string> Texte(const ListBox& liste) {
-    return liste.Items;
-}
-
-std::vector<std::string> Texte(const ListView& liste) {
-    std::vector<std::string> texte;
-    texte.reserve(liste.Items.size());
-    for (const auto& z : liste.Items) texte.push_back(z.Text);
-    return texte;
-}
-
 }  // namespace kes

@@ -96,9 +96,6 @@ struct ListBox {
     std::string Text() const;
 };
 
-// The texts of a list's rows, in order: what a line list writes to its file.
-std::vector<std::string> Texte(const ListBox& liste);
-std::vector<std::string> Texte(const ListView& liste);
 
 // A window timer. Enabling or changing the interval restarts it, as window timers do.
 class Timer {
