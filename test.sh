@@ -14,23 +14,14 @@ kes_line_count
 kes_stage "install, build"
 kes_install
 kes_locale
-kes_build_native
+# The native tree is built with AddressSanitizer and UndefinedBehaviorSanitizer: a memory
+# error or undefined behaviour fails the test that caused it, at the cost of one build.
+kes_build_native -DKES_SANITIZE=ON
 kes_build_win
 
-kes_stage "native: unit and contract tests against the fakes"
-ctest --test-dir build-native --output-on-failure --no-tests=error -j2
-
-kes_stage "native: unit, contract and soak tests under AddressSanitizer and UndefinedBehaviorSanitizer"
-# A tree of its own with only these three programs; each runs once as a whole (not a process
-# per test as under ctest). Every finding ends its program with an error, and so the run.
-bau_start=$SECONDS
-kes_configure -S . -B build-asan -DKES_SANITIZE=ON -DKES_BENCH=OFF
-cmake --build build-asan -j2 --target unit_tests contract_fake soak_test
-echo "sanitizer build: $((SECONDS - bau_start)) s"
-for suite in unit_tests contract_fake soak_test; do
-  (cd build-asan/tests && ASAN_OPTIONS=halt_on_error=1:detect_leaks=1 \
-    UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 ./$suite --gtest_brief=1)
-done
+kes_stage "native: unit, contract and soak tests against the fakes, under the sanitizers"
+ASAN_OPTIONS=halt_on_error=1:detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+  ctest --test-dir build-native --output-on-failure --no-tests=error -j2
 
 kes_stage "native: fuzz targets, each for a bounded time (clang, libFuzzer, sanitizers)"
 tests/fuzz/run.sh 8

@@ -59,8 +59,9 @@ kes_configure() {
   rm -f "$log"
 }
 
+# Further arguments go to the configuration (test.sh: -DKES_SANITIZE=ON).
 kes_build_native() {
-  kes_configure -S . -B build-native -DCMAKE_BUILD_TYPE=Debug
+  kes_configure -S . -B build-native -DCMAKE_BUILD_TYPE=Debug "$@"
   cmake --build build-native -j2
 }
 
