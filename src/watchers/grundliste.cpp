@@ -2,7 +2,6 @@
 
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
-#include "watchers/listenmenue.h"
 
 namespace kes {
 

@@ -64,5 +64,7 @@ private:
 bool ZeileEntfernen(ListBox& liste);
 // The selected rows of a list view removed, from the last to the first.
 void MarkierteEntfernen(ListView& liste);
+// The first selected row of a list view, searched from the top; nullptr for none.
+const ListItem* ErsteMarkierte(const ListView& l);
 
 }  // namespace kes

@@ -83,7 +83,4 @@ struct Listenmenü {
     std::string (*gezeigt)(const AlarmDaten& a) = nullptr;
 };
 
-// The first selected row of a list view, searched from the top; nullptr for none.
-const ListItem* ErsteMarkierte(const ListView& l);
-
 }  // namespace kes
