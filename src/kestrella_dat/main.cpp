@@ -16,7 +16,7 @@
 #include "common/fehler.h"
 #include "common/text.h"
 #include "core/property_bag.h"
-#include "kestrella_dat/zeichensatz.h"
+#include "common/zeichensatz.h"
 
 using namespace kes;
 

@@ -36,6 +36,8 @@ public:
     std::string CommandLine() override { return kommandozeile; }
     std::string ShortDate() override { return datum; }
     std::string ShortTime() override { return zeit; }
+    Uhrzeit jetzt{2026, 11, 22, 14, 5, 9, 0, 60};
+    Uhrzeit Jetzt() override { return jetzt; }
     bool formatFehlt = false;  // the locale cannot be read: the call fails
     Zahlenformat NumberFormat() override {
         if (formatFehlt) throw std::runtime_error("GetLocaleInfoA");

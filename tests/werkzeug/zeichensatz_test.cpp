@@ -1,7 +1,7 @@
 // kestrella-dat's conversion between the settings file's code page 1252 and UTF-8.
 #include <gtest/gtest.h>
 
-#include "kestrella_dat/zeichensatz.h"
+#include "common/zeichensatz.h"
 
 namespace kes::zeichensatz {
 namespace {

@@ -13,6 +13,12 @@ struct Zahlenformat {
     char thousands = '.';
 };
 
+// The local time of the clock, with the local time's distance from UTC.
+struct Uhrzeit {
+    int jahr = 0, monat = 0, tag = 0, stunde = 0, minute = 0, sekunde = 0, millisekunde = 0;
+    int utcAbstandMinuten = 0;  // east of UTC positive: +60 in Berlin's winter
+};
+
 class SystemApi {
 public:
     virtual ~SystemApi() = default;
@@ -23,6 +29,7 @@ public:
     // Today's date and the current time in the user's default short forms.
     virtual std::string ShortDate() = 0;
     virtual std::string ShortTime() = 0;
+    virtual Uhrzeit Jetzt() = 0;
     virtual Zahlenformat NumberFormat() = 0;
     // True when another process of this program started before this one.
     virtual bool PreviousInstance() = 0;

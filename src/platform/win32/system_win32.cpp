@@ -162,6 +162,19 @@ std::string Win32System::ShortTime() {
     return puffer;
 }
 
+Uhrzeit Win32System::Jetzt() {
+    SYSTEMTIME t{};
+    ::GetLocalTime(&t);
+    TIME_ZONE_INFORMATION z{};
+    const DWORD art = ::GetTimeZoneInformation(&z);
+    // UTC = local time + bias; the season's own bias is added where the zone knows one.
+    LONG bias = z.Bias;
+    if (art == TIME_ZONE_ID_DAYLIGHT) bias += z.DaylightBias;
+    else if (art == TIME_ZONE_ID_STANDARD) bias += z.StandardBias;
+    if (art == TIME_ZONE_ID_INVALID) bias = 0;
+    return {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond, t.wMilliseconds, static_cast<int>(-bias)};
+}
+
 Zahlenformat Win32System::NumberFormat() {
     char dezimal[8] = {}, tausend[8] = {};
     ::GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, dezimal, sizeof dezimal);

@@ -57,6 +57,7 @@ public:
     std::string CommandLine() override;
     std::string ShortDate() override;
     std::string ShortTime() override;
+    Uhrzeit Jetzt() override;
     Zahlenformat NumberFormat() override;
     bool PreviousInstance() override { return vorherige_; }
     void Sleep(int ms) override { ::Sleep(static_cast<DWORD>(ms)); }

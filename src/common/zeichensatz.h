@@ -1,6 +1,6 @@
-// Conversion between the settings file's code page 1252 and the UTF-8 of a Linux terminal
-// and command line, for the native build of kestrella-dat. On Windows the console converts
-// by its own code page, so the Windows build passes the bytes through.
+// Conversion between the program's code page 1252 and UTF-8: the text of a Linux terminal and
+// command line for the native build of kestrella-dat, and the journal, which is UTF-8 on
+// every system.
 #pragma once
 
 #include <string>

@@ -1,0 +1,58 @@
+// The backup of what an action is about to remove or overwrite, in the data folder's
+// "Sicherung": registry data as one .reg file, a file as its copy. Nothing is removed
+// before the backup stands whole under its final name, and a backup is never overwritten.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/reg_datei.h"
+#include "platform/seam/plattform.h"
+
+namespace kes {
+
+inline constexpr const char* kSicherungsordner = "daten\\Sicherung\\";
+
+// One action's backup: say what goes, then write it before anything goes.
+class Sicherung {
+public:
+    Sicherung(Plattform& p, std::string programmordner) : p_(p), programmordner_(std::move(programmordner)) {}
+
+    // A value (NAME empty: the default value) or a key with everything below it, read now.
+    void Wert(RegHandle root, const std::string& key, const std::string& name);
+    void Schlüssel(RegHandle root, const std::string& key);
+    // A file, copied when the backup is written; one file a backup.
+    void Datei(const std::string& pfad);
+
+    // Writes the backup: its file name in the backup folder, "" when nothing of what was
+    // named exists (there is nothing to lose), nullopt when it could not be written.
+    std::optional<std::string> Schreiben();
+    std::string Ordner() const { return programmordner_ + kSicherungsordner; }
+
+private:
+    std::optional<std::string> Ablegen(const std::string& endung, const std::string& daten);
+
+    Plattform& p_;
+    std::string programmordner_;
+    std::vector<RegAbschnitt> registry_;
+    std::string datei_;
+};
+
+// The German message that stops an action whose backup could not be written.
+std::string SicherungFehlgeschlagenText(const std::string& ordner);
+
+// The time in a file name: "20261122-140509".
+std::string Zeitstempel(const Uhrzeit& t);
+
+}  // namespace kes
+
+namespace kes {
+
+// Puts back the backup NAME (a file of the backup folder) of a step on TARGET (the file
+// path for a file's backup; a .reg backup names its keys itself). Refuses, with the German
+// reason, to overwrite what stands there now unless ÜBERSCHREIBEN; "" when done.
+std::string Wiederherstellen(Plattform& p, const std::string& programmordner, const std::string& name,
+                             const std::string& ziel, bool überschreiben);
+
+}  // namespace kes
