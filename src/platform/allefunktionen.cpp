@@ -28,10 +28,14 @@ bool DateiLöschen(Plattform& p, const std::string& datei) {
     p.files.SetAttributes(datei, kAttrNormal);
     const long fehler = p.files.Delete(datei);
     if (fehler == 0) return true;
+    DateiNichtGelöscht(p, datei, fehler);
+    return false;
+}
+
+void DateiNichtGelöscht(Plattform& p, const std::string& datei, long fehler) {
     p.dialogs.ShowMessage(
         "Datei :" + datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + std::to_string(LaufzeitFehler(fehler)),
         "", kMbOk);
-    return false;
 }
 
 std::string DateiName(const std::string& pfad) {

@@ -21,6 +21,8 @@ int LaufzeitFehler(long systemFehler);
 // Clears the attributes and deletes; on failure tells the user with the number of
 // LaufzeitFehler and gives false.
 bool DateiLöschen(Plattform& p, const std::string& datei);
+// The message of a file that would not go, for the Win32 error FEHLER.
+void DateiNichtGelöscht(Plattform& p, const std::string& datei, long fehler);
 // Behind the last ":" or "\"; the whole text when it holds neither.
 std::string DateiName(const std::string& pfad);
 // Up to and with the last ":", "/" or "\"; empty when it holds none.

@@ -61,15 +61,24 @@ void Zeilen(const std::string& text, F&& f) {
     }
 }
 
+// The id of the last whole line: ids only grow down the file, so only the end is read.
+std::int64_t LetzteId(const std::string& text) {
+    std::size_t ende = text.size();
+    while (ende > 0) {
+        const std::size_t anfang = text.rfind('\n', ende - 1);
+        const std::size_t von = anfang == std::string::npos ? 0 : anfang + 1;
+        if (auto e = AusJson(text.substr(von, ende - von))) return e->id;
+        if (anfang == std::string::npos) break;
+        ende = anfang;
+    }
+    return 0;
+}
+
 }  // namespace
 
 std::int64_t Journal::Schreiben(JournalEintrag e) {
     const std::string alt = files_.ReadAll(Pfad()).value_or("");
-    std::int64_t höchste = 0;
-    Zeilen(alt, [&](std::size_t, const std::string& z) {
-        if (auto g = AusJson(z)) höchste = std::max(höchste, g->id);
-    });
-    e.id = höchste + 1;
+    e.id = LetzteId(alt) + 1;
     e.zeit = IsoZeit(system_.Jetzt());
     std::string zeile = AlsJson(e).dump(-1, ' ', false, json::error_handler_t::replace) + "\r\n";
     // A line cut short by a kill stays alone on its line: the new one starts on a fresh one.

@@ -4,6 +4,7 @@
 
 #include "common/fehler.h"
 
+#include "warning/antwort.h"
 #include "warning/form3.h"
 #include "watchers/alarm_daten.h"
 
@@ -18,6 +19,7 @@ int FreierDienstAbschnitt(const Grundliste& dienste) {
 }  // namespace
 
 void Form3Fenster::dienst1_Click(int index) {
+    Antwort antwort(*this, dienst1[static_cast<std::size_t>(index == 1)].Caption);
     try {
         AlarmDaten& a = k_.Alarm();
         if (index == 0) {

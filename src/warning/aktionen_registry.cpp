@@ -4,6 +4,7 @@
 #include "common/fehler.h"
 #include "platform/hive_ocx.h"
 #include "warning/aktionen.h"
+#include "warning/antwort.h"
 #include "warning/form3.h"
 #include "watchers/sperren.h"
 
@@ -28,6 +29,10 @@ void ShellBefehlOriginal(Form3Fenster& f) {
     const std::string& erwartet = f.Text1[2].Text;
     HiveOCX ocx(k.P().registry);
     const std::string standardwert(1, '\0');
+    Sicherung s = SicherungFür(f);
+    if (hive == "HKEY_CLASSES_ROOT") s.Wert(kHkeyClassesRoot, key, "");
+    if (hive == "HKEY_LOCAL_MACHINE") s.Wert(kHkeyLocalMachine, key, "");
+    Sichern(f, s);
     if (hive == "HKEY_CLASSES_ROOT") ocx.WriteValue(0, key, standardwert, erwartet);
     if (hive == "HKEY_LOCAL_MACHINE") ocx.WriteValue(2, key, standardwert, erwartet);
     // The start page's log entry, its index left at 0: the last line quotes saved start
@@ -42,6 +47,9 @@ void ShellBefehlOriginal(Form3Fenster& f) {
 void SperreFreigeben(Form3Fenster& f) {
     WarnKontext& k = f.K();
     const bool regedit = k.W().Kategorieschlüssel == Kategorie::RegeditDeaktiviert;
+    Sicherung s = SicherungFür(f);
+    s.Wert(kHkeyCurrentUser, kPoliciesSystem, regedit ? "DisableRegistryTools" : "DisableTaskMgr");
+    Sichern(f, s);
     HiveOCX(k.P().registry).DeleteValue(1, kPoliciesSystem, regedit ? "DisableRegistryTools" : "DisableTaskMgr");
     Loggen(k, regedit ? "Zugang auf Regedit wurde Deaktiviert." : "Zugang auf den Taskmanager wurde Deaktiviert.",
            {"Name: " + f.Label1[1].Caption}, "< Freigegeben OK >");

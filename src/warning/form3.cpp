@@ -1,6 +1,7 @@
 #include "warning/form3.h"
 
 #include "platform/allefunktionen.h"
+#include "warning/antwort.h"
 #include "warning/form1.h"
 #include "warning/kategorien.h"
 #include "watchers/alarm_daten.h"
@@ -59,15 +60,23 @@ void Form3Fenster::raus() {
 }
 
 void Form3Fenster::Image_Click(int n) {
+    // The delete writes its journal line where it runs, after its question.
+    if (n == 3) return Image3_Click();
+    try {
+        Antwort antwort(*this, Label3[static_cast<std::size_t>(LabelVon(n))].Caption);
+        Knopf(n);
+    } catch (const SicherungFehlt&) {
+        // The user has been told; nothing was removed, and the window stays.
+    }
+}
+
+void Form3Fenster::Knopf(int n) {
     switch (n) {
         case 1:
             Image1_Click();
             break;
         case 2:
             Image2_Click();
-            break;
-        case 3:
-            Image3_Click();
             break;
         case 4:
             Image4_Click();
@@ -117,6 +126,9 @@ void Warnen(WarnKontext& k, Kategorie kategorie, const std::function<void(Warnun
     } catch (...) {
         // A watcher's own steps are passed over where they fail; the window shows regardless.
     }
+    // The journal's line of the warning, as the user sees it; one that cannot be written
+    // keeps no warning from showing.
+    Journal(k.P().files, k.P().system, w.Programmordner).Schreiben(Journalzeile(f, "warning", ""));
     f.Show();
     FensterMitte(k.P(), f);
 }

@@ -22,6 +22,8 @@ struct PopupWunsch {
     int VersatzY = 0;      // in twips
 };
 
+class Antwort;
+
 class Form3Fenster : public Fenster, public Warnung {
 public:
     explicit Form3Fenster(WarnKontext& k);
@@ -39,6 +41,8 @@ public:
     int ListView2Index = 0;  // 1-based rows last clicked
     int ListView4Index = 0;
 
+    // The answer being carried out, for the journal and the backup of what it removes.
+    Antwort* antwort = nullptr;
     // Set only by Image7: the window was left with monitoring switched off.
     bool ÜberwachungAus = false;
     // Asks the view to give the focus to picProcIcon; the view clears it.
@@ -56,6 +60,7 @@ public:
     void raus();
     // A click on picture button n (1..9).
     void Image_Click(int n);
+    void Knopf(int n);
     // "Übernehmen": the warned-of state becomes the baseline of its category.
     void Image1_Click();
     // "Kill Prozess".
@@ -82,6 +87,7 @@ public:
 
     // The menus behind the buttons.
     void host1_Click(int index);
+    void Hosts(int index);
     void killprozess1_Click(int index);
     void dienst1_Click(int index);
     void dfü1_Click(int index);

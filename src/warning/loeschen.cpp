@@ -5,6 +5,7 @@
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "platform/reg_befehl.h"
+#include "warning/antwort.h"
 #include "warning/aktionen.h"
 #include "warning/form1.h"
 #include "warning/form3.h"
@@ -55,6 +56,9 @@ bool Form3Fenster::RegistryLöschenValue(const std::string& hive, const std::str
                                         const std::string&) {
     const int code = HiveCode(hive);
     if (code < 0) return true;
+    Sicherung s = SicherungFür(*this);
+    s.Wert(HandleVonHive(code), schlüssel, wert == std::string(1, '\0') ? "" : wert);
+    Sichern(*this, s);
     HiveOCX ocx(k_.P().registry);
     // The control reports no error for what is not there; a value that stays is a failure.
     ocx.DeleteValue(code, schlüssel, wert);
@@ -64,6 +68,9 @@ bool Form3Fenster::RegistryLöschenValue(const std::string& hive, const std::str
 bool Form3Fenster::RegistryLöschenSubkey(const std::string& hive, const std::string& schlüssel) {
     const int code = HiveCode(hive);
     if (code < 0) return true;
+    Sicherung s = SicherungFür(*this);
+    s.Schlüssel(HandleVonHive(code), schlüssel);
+    Sichern(*this, s);
     HiveOCX ocx(k_.P().registry);
     ocx.DeleteKey(code, schlüssel);
     return !ocx.KeyExists(code, schlüssel);
@@ -82,6 +89,7 @@ void Form3Fenster::löschen(bool ja) {
     if (!ja) return;
     // The error exit: the number and the routine's name, no title, and the window stays.
     try {
+        Antwort antwort(*this, Label3[2].Caption);
         const KategorieZeile& z = Zeile(k_.W().Kategorieschlüssel);
         // A name that would make the command delete another key: nothing happens, the user
         // is told, and the window stays for another answer.
@@ -94,6 +102,8 @@ void Form3Fenster::löschen(bool ja) {
         WarnKontext& k = k_;
         raus();
         if (z.löschenZweimalRaus) k.EinstellungenSpeichern();  // the second raus finds no window left to close
+    } catch (const SicherungFehlt&) {
+        // The user has been told; nothing was removed, and the window stays.
     } catch (const Fehler& f) {
         k_.P().dialogs.ShowMessage(std::to_string(f.Nummer()) + "Fehler Meldung [Form3 Löschen]", "", kMbOk);
     } catch (const std::exception&) {
@@ -112,9 +122,37 @@ const std::string& T(const Form3Fenster& f, int i) {
 void Shell(Form3Fenster& f, const std::string& pfad, const std::string& name, const char* schalter = "/f") {
     f.K().P().shell.RunCommand(RegDelete(pfad, name, schalter), 2);
 }
+
+// The backup of keys and values before the branch removes them.
+void Vorher(Form3Fenster& f, std::initializer_list<std::pair<RegHandle, std::string>> bäume,
+            std::initializer_list<std::tuple<RegHandle, std::string, std::string>> werte = {}) {
+    Sicherung s = SicherungFür(f);
+    for (const auto& [root, key] : bäume) s.Schlüssel(root, key);
+    for (const auto& [root, key, name] : werte) s.Wert(root, key, name);
+    Sichern(f, s);
+}
+
+// The file's removal, after its backup. A file that cannot be read cannot be saved: it
+// stays, and the user hears of it as of any file in use that would not go.
+bool DateiEntfernen(Form3Fenster& f, const std::string& pfad) {
+    Plattform& p = f.K().P();
+    if (p.files.GetAttributes(pfad) != kInvalidAttributes && !p.files.CanRead(pfad)) {
+        DateiNichtGelöscht(p, pfad, 32);  // ERROR_SHARING_VIOLATION
+        return false;
+    }
+    Sicherung s = SicherungFür(f);
+    s.Datei(pfad);
+    Sichern(f, s);
+    return DateiLöschen(p, pfad);
+}
+
+constexpr const char* kClsid = "CLSID\\";
 }  // namespace
 
 void ToolBar(Form3Fenster& f) {
+    // The command's /v also takes a value of the domain's name beside the keys.
+    const std::string domains(kZoneMap, std::char_traits<char>::length(kZoneMap) - 1);
+    Vorher(f, {{kHkeyLocalMachine, kZoneMap + T(f, 0)}}, {{kHkeyLocalMachine, domains, T(f, 0)}});
     Shell(f, "HKLM\\" + std::string(kZoneMap), T(f, 0), "/v/f");
     HiveOCX(f.K().P().registry).DeleteKeyTree(static_cast<std::int32_t>(0x80000002u), kZoneMap + T(f, 0));
     f.K().Log("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
@@ -122,6 +160,7 @@ void ToolBar(Form3Fenster& f) {
 }
 
 void ToolBar1(Form3Fenster& f) {
+    Vorher(f, {{kHkeyCurrentUser, kZoneMap + T(f, 0)}});
     Shell(f, "HKCU\\" + std::string(kZoneMap), T(f, 0));
     HiveOCX(f.K().P().registry).DeleteKeyTree(static_cast<std::int32_t>(0x80000001u), kZoneMap + T(f, 0));
     f.K().Log("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
@@ -130,17 +169,22 @@ void ToolBar1(Form3Fenster& f) {
 
 void Dienste(Form3Fenster& f) {
     if (f.K().P().dialogs.ShowMessage(kDiensteFrage, "Kestrella Info!", kMbYesNo) != kIdYes) return;
+    Vorher(f, {{kHkeyLocalMachine, "SYSTEM\\CurrentControlSet\\Services\\" + T(f, 0)}});
     Shell(f, "HKLM\\SYSTEM\\CurrentControlSet\\Services\\", T(f, 0));
     f.K().Log("Neuer Dienst wurde erstellt.", {"Name: " + T(f, 0), "Datei: " + T(f, 3)}, "< Gelöscht OK >");
 }
 
 void URLSearchHooks(Form3Fenster& f) {
+    Vorher(f, {{kHkeyClassesRoot, kClsid + T(f, 0)}},
+           {{kHkeyCurrentUser, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks", T(f, 0)}});
     HiveOCX(f.K().P().registry).DeleteValue(1, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks", T(f, 0));
     Shell(f, "HKCR\\CLSID\\", T(f, 0));
     f.K().Log("IExplorer URLSearchHooks geändert.", {"Name: " + T(f, 0), "Wert: " + T(f, 1)}, "< gelöscht OK >");
 }
 
 void TaskScheduler(Form3Fenster& f) {
+    Vorher(f, {{kHkeyClassesRoot, kClsid + T(f, 0)}},
+           {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler", T(f, 0)}});
     HiveOCX(f.K().P().registry)
         .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler", T(f, 0));
     Shell(f, "HKCR\\CLSID\\", T(f, 0));
@@ -149,12 +193,16 @@ void TaskScheduler(Form3Fenster& f) {
 
 // No log entry at all for this one.
 void ShellService(Form3Fenster& f) {
+    Vorher(f, {{kHkeyClassesRoot, kClsid + T(f, 1)}},
+           {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad", T(f, 0)}});
     Shell(f, "HKCR\\CLSID\\", T(f, 1));
     HiveOCX(f.K().P().registry)
         .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad", T(f, 0));
 }
 
 void BHO(Form3Fenster& f) {
+    Vorher(f, {{kHkeyClassesRoot, kClsid + T(f, 0)}},
+           {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects", T(f, 0)}});
     Shell(f, "HKCR\\CLSID\\", T(f, 0));
     // A value named after the class, not its subkey: so it stands.
     HiveOCX(f.K().P().registry)
@@ -163,12 +211,12 @@ void BHO(Form3Fenster& f) {
 }
 
 void ActiveX(Form3Fenster& f) {
-    const bool ok = DateiLöschen(f.K().P(), f.Zeile2());
+    const bool ok = DateiEntfernen(f, f.Zeile2());
     f.K().Log("Neue ActiveX wurde erstellt.", {"Datei: " + f.Zeile2()}, ok ? "< Gelöscht OK >" : "< Gelöscht NEIN >");
 }
 
 void WindowsDatei(Form3Fenster& f) {
-    const bool ok = DateiLöschen(f.K().P(), f.Zeile2());
+    const bool ok = DateiEntfernen(f, f.Zeile2());
     f.K().Log("Datei wurde erstellt oder geändert.", {"Datei: " + f.Zeile2()},
               ok ? "< Gelöscht OK >" : "< Gelöscht Nein >");
 }
@@ -181,7 +229,7 @@ void AutostartRegistry(Form3Fenster& f) {
 }
 
 void AutostartOrdner(Form3Fenster& f) {
-    const bool ok = DateiLöschen(f.K().P(), f.Zeile2());
+    const bool ok = DateiEntfernen(f, f.Zeile2());
     f.K().Log("Neuer Eintrag im Autostart Ordner.", {"Datei: " + f.Zeile2()},
               ok ? "< Gelöscht OK >" : "< Gelöscht NEIN >");
 }
@@ -200,7 +248,7 @@ void DFÜ(Form3Fenster& f) {
 // favourite would stay and warn again.
 void Favoriten(Form3Fenster& f) {
     const std::string pfad = FavoritenPfad(f);
-    const bool ok = DateiLöschen(f.K().P(), pfad);
+    const bool ok = DateiEntfernen(f, pfad);
     f.K().Log("Neuer IExplorer Favorit gefunden.", {"Favorit: " + pfad},
               ok ? "< Favorit gelöscht OK >" : "< Favorit gelöscht NEIN >");
 }

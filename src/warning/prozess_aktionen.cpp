@@ -4,8 +4,10 @@
 #include <cstdlib>
 
 #include "common/fehler.h"
+#include "platform/hive_ocx.h"
 #include "platform/prozesse1.h"
 #include "warning/aktionen.h"
+#include "warning/antwort.h"
 #include "warning/form3.h"
 #include "watchers/alarm_daten.h"
 #include "watchers/startseite.h"
@@ -83,6 +85,11 @@ void StartPageOriginal(Form3Fenster& f) {
         if (i < 0 || i >= 21) throw Fehler(kFehlerIndex, "Index außerhalb des gültigen Bereichs");
         const std::string& gespeichert = f.K().W().StartSeiten[static_cast<std::size_t>(i)];
         const int hive = StartSeitenHive(f.Text1[0].Text);
+        if (hive > 0) {
+            Sicherung s = SicherungFür(f);
+            s.Wert(HandleVonHive(hive), f.Text1[1].Text, f.Text1[2].Text);
+            Sichern(f, s);
+        }
         if (hive > 0) StartSeiteSchreiben(f.K().P(), hive, f.Text1[1].Text, f.Text1[2].Text, gespeichert);
         f.K().Log("IExplorer " + f.Text1[2].Text + " wurde geändert.",
                   {"Registry: " + f.Text1[0].Text + "\\" + f.Text1[1].Text + "\\" + f.Text1[2].Text,

@@ -4,6 +4,7 @@
 #include "platform/allefunktionen.h"
 #include "platform/datei_ersetzen.h"
 #include "warning/aktionen.h"
+#include "warning/antwort.h"
 #include "warning/form3.h"
 #include "warning/kategorien.h"
 #include "watchers/alarm_daten.h"
@@ -82,8 +83,22 @@ void Form3Fenster::Image9_Click() {
 }
 
 void Form3Fenster::host1_Click(int index) {
+    try {
+        Antwort antwort(*this, host1[static_cast<std::size_t>(index == 1)].Caption);
+        Hosts(index);
+    } catch (const SicherungFehlt&) {
+        // The user has been told; the hosts file stands as it was, and the window stays.
+    }
+}
+
+void Form3Fenster::Hosts(int index) {
     const std::string hosts = HostsPfad(k_.W());
     Plattform& p = k_.P();
+    if (index == 0 || index == 1) {
+        Sicherung s = SicherungFür(*this);
+        s.Datei(hosts);
+        Sichern(*this, s);
+    }
     // Errors are passed over: the size is taken of whatever stands there afterwards, and a
     // length that cannot be read leaves the saved size as it was. The program's own file is
     // read before the old one goes, so that a lost copy of it never costs the user theirs.
@@ -98,6 +113,7 @@ void Form3Fenster::host1_Click(int index) {
 }
 
 void Form3Fenster::killprozess1_Click(int index) {
+    Antwort antwort(*this, killprozess1[static_cast<std::size_t>(index < 0 || index > 2 ? 0 : index)].Caption);
     weitere::ProzessZulassen(*this, index);
 }
 
