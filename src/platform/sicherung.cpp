@@ -22,13 +22,14 @@ std::optional<std::string> Sicherung::Schreiben() {
         const std::optional<std::string> daten = p_.files.ReadAll(datei_);
         if (!daten) return std::nullopt;  // there, but not to be read: it cannot be saved
         const std::size_t trenner = datei_.find_last_of('\\');
-        return Ablegen("-" + datei_.substr(trenner == std::string::npos ? 0 : trenner + 1), *daten);
+        return Ablegen("-" + datei_.substr(trenner == std::string::npos ? 0 : trenner + 1), *daten, datei_);
     }
     if (registry_.empty()) return std::string();
     return Ablegen(".reg", RegDateiText(registry_));
 }
 
-std::optional<std::string> Sicherung::Ablegen(const std::string& endung, const std::string& daten) {
+std::optional<std::string> Sicherung::Ablegen(const std::string& endung, const std::string& daten,
+                                              const std::string& herkunft) {
     // The data folder may be gone; an existing folder is no failure.
     p_.files.MakeDirectory(programmordner_ + "daten");
     p_.files.MakeDirectory(programmordner_ + "daten\\Sicherung");
@@ -36,11 +37,17 @@ std::optional<std::string> Sicherung::Ablegen(const std::string& endung, const s
     for (int n = 1; n < 10000; ++n) {
         const std::string name = stempel + "-" + std::to_string(n) + endung;
         const std::string ziel = Ordner() + name;
-        if (p_.files.GetAttributes(ziel) != kInvalidAttributes) continue;
+        if (p_.files.GetAttributes(ziel) != kInvalidAttributes ||
+            p_.files.GetAttributes(ziel + kHerkunftEndung) != kInvalidAttributes)
+            continue;
+        // A file's copy names where it came from, in a line beside it written first, so that
+        // the backup alone is enough to put it back.
+        if (!herkunft.empty() && !p_.files.WriteAll(ziel + kHerkunftEndung, herkunft + "\r\n")) return std::nullopt;
         // Under its own name only when whole: a backup cut short by a kill is a ".tmp".
         const std::string halb = ziel + ".tmp";
         if (!p_.files.WriteAll(halb, daten) || !p_.files.MoveReplacing(halb, ziel)) {
             p_.files.Delete(halb);
+            if (!herkunft.empty()) p_.files.Delete(ziel + kHerkunftEndung);
             return std::nullopt;
         }
         return name;
@@ -64,7 +71,7 @@ std::string Zeitstempel(const Uhrzeit& t) {
 namespace kes {
 
 std::string Wiederherstellen(Plattform& p, const std::string& programmordner, const std::string& name,
-                             const std::string& ziel, bool überschreiben) {
+                             const std::string& ursprung, bool überschreiben) {
     const std::string quelle = programmordner + kSicherungsordner + name;
     const std::optional<std::string> daten = p.files.ReadAll(quelle);
     if (!daten) return "Die Sicherung " + name + " ist nicht mehr da oder kann nicht gelesen werden.";
@@ -75,6 +82,10 @@ std::string Wiederherstellen(Plattform& p, const std::string& programmordner, co
         if (!da.empty() && !überschreiben) return "Schon vorhanden, nichts wurde geändert: " + da.front();
         if (!RegEinspielen(p.registry, *abschnitte)) return "Die Registry konnte nicht geschrieben werden.";
         return "";
+    }
+    std::string ziel = ursprung;
+    if (const auto herkunft = p.files.ReadAll(quelle + kHerkunftEndung)) {
+        ziel = herkunft->substr(0, herkunft->find_first_of("\r\n"));
     }
     if (ziel.empty()) return "Zur Sicherung " + name + " ist kein Ziel bekannt.";
     if (p.files.GetAttributes(ziel) != kInvalidAttributes && !überschreiben)

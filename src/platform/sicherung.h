@@ -13,6 +13,8 @@
 namespace kes {
 
 inline constexpr const char* kSicherungsordner = "daten\\Sicherung\\";
+// Beside a file's copy: the path it came from.
+inline constexpr const char* kHerkunftEndung = ".herkunft";
 
 // One action's backup: say what goes, then write it before anything goes.
 class Sicherung {
@@ -31,7 +33,8 @@ public:
     std::string Ordner() const { return programmordner_ + kSicherungsordner; }
 
 private:
-    std::optional<std::string> Ablegen(const std::string& endung, const std::string& daten);
+    std::optional<std::string> Ablegen(const std::string& endung, const std::string& daten,
+                                       const std::string& herkunft = "");
 
     Plattform& p_;
     std::string programmordner_;
@@ -49,8 +52,8 @@ std::string Zeitstempel(const Uhrzeit& t);
 
 namespace kes {
 
-// Puts back the backup NAME (a file of the backup folder) of a step on TARGET (the file
-// path for a file's backup; a .reg backup names its keys itself). Refuses, with the German
+// Puts back the backup NAME (a file of the backup folder). A .reg backup names its keys,
+// a file's copy its path; ZIEL stands in for a file's path only when its note is lost. Refuses, with the German
 // reason, to overwrite what stands there now unless ÜBERSCHREIBEN; "" when done.
 std::string Wiederherstellen(Plattform& p, const std::string& programmordner, const std::string& name,
                              const std::string& ziel, bool überschreiben);
