@@ -12,6 +12,8 @@
 
 #include "core/einstellungen.h"
 #include "core/programm.h"
+#include "platform/journal.h"
+#include "platform/sicherung.h"
 #include "core/property_bag.h"
 #include "core/starten.h"
 #include "fake_plattform.h"
@@ -239,6 +241,18 @@ protected:
     }
 
     // What the fakes record for the tests: emptied, so that only the program's own memory counts.
+    void AufDerPlatteAufräumen() {
+        const std::string sicherungen = std::string(kOrdner) + kSicherungsordner;
+        std::vector<std::string> namen;
+        FindData d;
+        for (FileFind f = fp.files.FindFirst(sicherungen + "*.*", &d); f; ) {
+            if (!(d.attributes & kAttrDirectory)) namen.push_back(d.name);
+            if (!fp.files.FindNext(f.Get(), &d)) break;
+        }
+        for (const std::string& n : namen) fp.files.Delete(sicherungen + n);
+        fp.files.Delete(std::string(kOrdner) + kJournaldatei);
+    }
+
     void Aufzeichnungen() {
         fp.dialogs.meldungen.clear();
         fp.dialogs.antworten.clear();
@@ -280,8 +294,12 @@ TEST_F(Dauerlauf, TenThousandTicksOfChangesAndAnswers_KeepFlagsListsAndHeapInSte
                     ASSERT_LE(nachher[i], vorher[i]) << "list " << i << " grew without an accept, tick " << tick;
             }
         }
-        // The user empties the log now and then, as the text box grows with every entry.
-        if (tick % 500 == 0) prg.Alarm().Command2_Click(0);
+        // The user empties the log now and then, as the text box grows with every entry, and
+        // clears away the journal and the backups, which otherwise keep every answer on disk.
+        if (tick % 500 == 0) {
+            prg.Alarm().Command2_Click(0);
+            AufDerPlatteAufräumen();
+        }
         Aufzeichnungen();
         for (int i = 0; i < 2; ++i)
             if (tick == kHaltenAn[i]) heap[i] = HeapInBenutzung();
