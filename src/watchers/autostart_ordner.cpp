@@ -5,6 +5,7 @@
 #include "platform/icoholen.h"
 #include "watchers/alarm_daten.h"
 #include "watchers/warnung.h"
+#include "watchers/selbsttaetig.h"
 
 namespace kes {
 
@@ -62,7 +63,10 @@ void AutostartOrdner::Entfernen(const std::string& name, const std::string& pfad
     if (k_.W().Soundflag == 1) SoundSpielen(p, "AUTO");
     // The balloon comes before the removal, whether it works or not.
     k_.Sprechblase(name, "Autostarteintrag wurde gelöscht!", "Kestrella");
-    const bool ok = DateiLöschen(p, pfad);
+    std::string sicherung;
+    const bool ok = DateiSelbstLöschen(k_, pfad, sicherung);
+    SelbstJournal(k_, Kategorie::AutostartOrdner, pfad, "Automatisch gelöscht", sicherung,
+                  {"Neuer Eintrag im Autostart Ordner.", ok ? "< Gelöscht OK >" : "< Gelöscht NEIN >"});
     try {
         k_.Log("Neuer Eintrag im Autostart Ordner.", {"Datei: " + name}, ok ? "< Gelöscht OK >" : "< Gelöscht NEIN >");
     } catch (...) {

@@ -5,6 +5,7 @@
 #include "watchers/alarm_daten.h"
 #include "watchers/autostart_ordner.h"
 #include "watchers/warnung.h"
+#include "watchers/selbsttaetig.h"
 
 namespace kes {
 
@@ -40,7 +41,11 @@ void Favoriten::TesteFavoriten() {
     Plattform& p = k_.P();
     if (k_.Box(6) == 1) {
         if (k_.W().Soundflag == 1) SoundSpielen(p, "AUTO");
-        const bool ok = DateiLöschen(p, pfad);
+        std::string sicherung;
+        const bool ok = DateiSelbstLöschen(k_, pfad, sicherung);
+        SelbstJournal(k_, Kategorie::Favoriten, pfad, "Automatisch gelöscht", sicherung,
+                      {"Neuer IExplorer Favorit gefunden.", ok ? "< Favorit Automatisch gelöscht OK >"
+                                                              : "< Favorit Automatisch gelöscht NEIN >"});
         // The balloon follows the removal, and only when asked for.
         if (k_.Box(7) == 1) k_.Sprechblase(name, "IExplorer Favorit wurde gelöscht ", "IExplorer Favorit");
         try {

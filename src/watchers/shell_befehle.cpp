@@ -4,6 +4,7 @@
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "watchers/warnung.h"
+#include "watchers/selbsttaetig.h"
 
 namespace kes {
 
@@ -70,8 +71,14 @@ bool ShellBefehle::Behandeln(const std::string& hive, const std::string& key, co
 
     if (k_.Box(31) == 1) {
         if (k_.W().Soundflag == 1) Übergehen([&] { SoundSpielen(k_.P(), "AUTO"); });
-        // A key that cannot be written keeps its value and comes up again next cycle.
+        // A key that cannot be written, or saved first, keeps its value and comes up again
+        // next cycle.
+        Sicherung s = SelbstSicherung(k_);
+        s.Wert(HandleVonHive(HiveCode(hive)), key, "");
+        const std::optional<std::string> name = SelbstSichern(k_, s);
+        if (!name) return true;
         Übergehen([&] { HiveOCX(k_.P().registry).WriteValue(HiveCode(hive), key, kStandardwert, erwartet); });
+        SelbstJournal(k_, Kategorie::HtaFile, aufschub, "Original", *name, {"Registryschlüssel wurde geändert.", werte});
         // The tip is the one the program has always left on the icon here.
         if (k_.Box(7) == 1)
             Übergehen([&] { k_.Sprechblase("Geändert: " + aufschub, werte, "IExplorer Favorit", "BLINKTRAY"); });

@@ -4,6 +4,7 @@
 #include "platform/hive_ocx.h"
 #include "watchers/startseiten_tabelle.h"
 #include "watchers/warnung.h"
+#include "watchers/selbsttaetig.h"
 
 namespace kes {
 
@@ -74,7 +75,15 @@ void StartSeite::TesteStartPage() {
 void StartSeite::Zurücksetzen(const ListItem& z, const std::string& aktuell, const std::string& gespeichert) {
     if (k_.W().Soundflag == 1) SoundSpielen(k_.P(), "AUTO");
     const int code = StartSeitenHive(z.Text);
-    if (code > 0) StartSeiteSchreiben(k_.P(), code, z.SubItem(1), z.SubItem(2), gespeichert);
+    if (code > 0) {
+        Sicherung s = SelbstSicherung(k_);
+        s.Wert(HandleVonHive(code), z.SubItem(1), z.SubItem(2));
+        const std::optional<std::string> name = SelbstSichern(k_, s);
+        if (!name) return;  // the next pass finds the difference again
+        StartSeiteSchreiben(k_.P(), code, z.SubItem(1), z.SubItem(2), gespeichert);
+        SelbstJournal(k_, Kategorie::StartPage, Registrypfad(z), "Original", *name,
+                      {"IExplorer " + z.SubItem(2) + " wurde geändert.", "Wert: " + aktuell, "Original: " + gespeichert});
+    }
     k_.Log("IExplorer " + z.SubItem(2) + " wurde geändert.", {"Registry: " + Registrypfad(z), "Wert: " + aktuell},
            "< Zurückgesetzt auf " + gespeichert + " >");
     if (k_.Box(7) == 1)

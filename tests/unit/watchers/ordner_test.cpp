@@ -2,6 +2,8 @@
 // leaves its loop, what a deferred file does, when the balloon comes, what the log says,
 // how an empty line of the baseline file reads, and which panes the warning shows.
 #include "panel/alarm.h"
+#include "platform/journal.h"
+#include "platform/sicherung.h"
 #include "programm_test_basis.h"
 #include "warning/form3.h"
 
@@ -266,6 +268,34 @@ TEST_F(Ordner, MissingBaselineFile_AutostartKeepsItsList_FavouritesEmpty) {
     EXPECT_TRUE(alarm().List4.Items.empty());
     EXPECT_EQ(alarm().Label2[0].Caption, kFavoriten);
     EXPECT_EQ(alarm().Label2[1].Caption, kFavoriten + "\\Links");
+}
+
+}  // namespace
+}  // namespace kes::test
+
+namespace kes::test {
+namespace {
+
+// The removal the program makes on its own: the file's copy first, the journal's "auto"
+// line after; with no backup possible the file stays and the balloon says why.
+TEST_F(Ordner, Autostart_AutomaticRemoval_SavesTheFileFirstAndJournalsIt) {
+    alarm().Box1[12].setValue(1);
+    fp.files.Put(kAutostart + "\\a.lnk", "Verknüpfung");
+    Autostart();
+    ASSERT_FALSE(fp.files.Exists(kAutostart + "\\a.lnk"));
+    const auto journal = Journal(fp.files, fp.system, prg.Programmordner).Lesen().einträge;
+    ASSERT_EQ(journal.size(), 1u);
+    EXPECT_EQ(journal[0].ereignis, "auto");
+    EXPECT_EQ(journal[0].ziel, kAutostart + "\\a.lnk");
+    EXPECT_EQ(Wiederherstellen(fp.plattform, prg.Programmordner, journal[0].sicherung, "", false), "");
+    EXPECT_EQ(fp.files.Content(kAutostart + "\\a.lnk"), "Verknüpfung");
+
+    fp.files.Put(prg.Programmordner + "daten\\Sicherung", "kein Ordner");
+    fp.files.Put(kAutostart + "\\b.lnk", "x");
+    Autostart();
+    Autostart();
+    EXPECT_TRUE(fp.files.Exists(kAutostart + "\\b.lnk"));
+    EXPECT_NE(fp.tray.Last().szInfo.find("Sicherung konnte nicht geschrieben werden"), std::string::npos);
 }
 
 }  // namespace
