@@ -368,27 +368,32 @@ TEST(Zurückholen, OfTwoBackupsTheOneThatMayGoBackDoesAndOnlyItIsJournalled) {
     EXPECT_EQ(zurück[0].sicherung, "20261122-140509-1.reg");
 }
 
-TEST(Zurückholen, ADeletedFileComesBackByteForByteToTheEntrysTarget) {
-    Wiederherstellung w;
-    const std::string pfad = "C:\\WINDOWS\\system32\\Neu;Datei.dll";
-    const std::string daten("MZ\0\x90\r\n\xFF;x", 9);
-    w.fp.files.Put(pfad, daten);
-    Sicherung s(w.fp.plattform, kOrdner);
-    s.Datei(pfad);
-    const auto name = s.Schreiben();
-    ASSERT_EQ(name, "20261122-140509-1-Neu;Datei.dll");
-    ASSERT_EQ(w.fp.files.Delete(pfad), 0);
-    JournalEintrag e = Eintrag("answer", pfad, "Datei löschen", *name);
-    e.kategorie = "WindowsDatei";
-    ASSERT_EQ(w.Zeile(w.fp.system.jetzt, e), 1);
+// The copy names its path in a note beside it; with the note lost, the entry's target
+// is the only place the file is known to have come from.
+TEST(Zurückholen, ADeletedFileComesBackByteForByteAlsoWithItsNoteLost) {
+    for (const bool notizWeg : {false, true}) {
+        Wiederherstellung w;
+        const std::string pfad = "C:\\WINDOWS\\system32\\Neu;Datei.dll";
+        const std::string daten("MZ\0\x90\r\n\xFF;x", 9);
+        w.fp.files.Put(pfad, daten);
+        Sicherung s(w.fp.plattform, kOrdner);
+        s.Datei(pfad);
+        const auto name = s.Schreiben();
+        ASSERT_EQ(name, "20261122-140509-1-Neu;Datei.dll");
+        ASSERT_EQ(w.fp.files.Delete(pfad), 0);
+        if (notizWeg) ASSERT_EQ(w.fp.files.Delete(kOrdner + kSicherungsordner + *name + kHerkunftEndung), 0);
+        JournalEintrag e = Eintrag("auto", pfad, "Automatisch gelöscht", *name);
+        e.kategorie = "AutostartOrdner";
+        ASSERT_EQ(w.Zeile(w.fp.system.jetzt, e), 1);
 
-    EXPECT_EQ(Zurückholen(w.fp.plattform, {kOrdner, 1, false}, w.o), kErledigt) << w.fehler.str();
-    EXPECT_EQ(w.fp.files.Content(pfad), daten);
-    const auto zurück = w.Wiederherstellungen();
-    ASSERT_EQ(zurück.size(), 1u);
-    EXPECT_EQ(zurück[0].ziel, pfad);
-    EXPECT_EQ(zurück[0].kategorie, "WindowsDatei");
-    EXPECT_EQ(zurück[0].sicherung, *name);
+        EXPECT_EQ(Zurückholen(w.fp.plattform, {kOrdner, 1, false}, w.o), kErledigt) << w.fehler.str();
+        EXPECT_EQ(w.fp.files.Content(pfad), daten) << "note lost: " << notizWeg;
+        const auto zurück = w.Wiederherstellungen();
+        ASSERT_EQ(zurück.size(), 1u);
+        EXPECT_EQ(zurück[0].ziel, pfad);
+        EXPECT_EQ(zurück[0].kategorie, "AutostartOrdner");
+        EXPECT_EQ(zurück[0].sicherung, *name);
+    }
 }
 
 // --- the native build's machine -------------------------------------------------------------
