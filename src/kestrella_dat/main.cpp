@@ -1,28 +1,46 @@
 // kestrella-dat: prints a kestrella.dat as text and sets or removes single keys, for
-// administrators who roll out settings and for tests that need a given state.
+// administrators who roll out settings and for tests that need a given state; shows the
+// journal of a program folder and puts back the backup of an answer.
 //
 //   kestrella-dat show FILE
 //   kestrella-dat set FILE KEY VALUE     (creates FILE when it does not exist)
 //   kestrella-dat del FILE KEY
+//   kestrella-dat journal DIR [--since TIME] [--json]
+//   kestrella-dat restore DIR ID [--force]
 //
-// The file holds code page 1252. The native Linux build converts names and values from and
-// to the terminal's UTF-8; the Windows build leaves that to the console's code page.
+// DIR is the program folder, the one that holds daten\. journal prints one line per entry of
+// daten\journal.jsonl; --json prints the entries' lines as the file holds them (UTF-8), and
+// --since TIME only those whose time is TIME or later, TIME being the start of a journal
+// time cut after a whole part (2026-11-24, 2026-11-24T10, 2026-11-24T10:00), compared as
+// text. Damaged lines are named on stderr and passed over. restore puts back every backup
+// of entry ID (the "id" of its line) and appends a "restore" line; it refuses to overwrite
+// what stands there now unless --force. Options may stand anywhere after the command.
+// Exit codes: 0 done, 1 the work could not be done (missing folder, unknown entry, no
+// backup, a refused restore), 2 a wrong call. The native Linux build has no registry: it
+// shows the journal and answers restore with exit code 2.
+//
+// kestrella.dat and the program's texts are code page 1252. The native Linux build converts
+// arguments and output from and to the terminal's UTF-8; the Windows build leaves that to the console's code page.
 #include <cstdio>
 #include <fstream>
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <variant>
+#include <vector>
 
 #include "common/fehler.h"
 #include "common/text.h"
 #include "core/property_bag.h"
 #include "common/zeichensatz.h"
+#include "kestrella_dat/befehle.h"
 
 using namespace kes;
 
 namespace {
 
 #ifdef _WIN32
+constexpr bool kUtf8 = false;
 // A console shows the file's bytes by its own code page; redirected output keeps them as
 // they are, in the program's code page.
 std::string Eingabe(const std::string& s) {
@@ -32,6 +50,7 @@ std::string Ausgabe(const std::string& s) {
     return s;
 }
 #else
+constexpr bool kUtf8 = true;
 // On Linux the terminal and the command line speak UTF-8, the file code page 1252.
 std::string Eingabe(const std::string& s) {
     return zeichensatz::NachCp1252(s);
@@ -107,13 +126,34 @@ bool Speichern(const std::string& pfad, const PropertyBag& bag) {
 int Hilfe() {
     std::cerr << "usage: kestrella-dat show FILE\n"
                  "       kestrella-dat set FILE KEY VALUE\n"
-                 "       kestrella-dat del FILE KEY\n";
+                 "       kestrella-dat del FILE KEY\n"
+                 "       kestrella-dat journal DIR [--since TIME] [--json]\n"
+                 "       kestrella-dat restore DIR ID [--force]\n";
     return 2;
+}
+
+// journal and restore, on the program folder.
+int Journalbefehl(const std::variant<werkzeug::Aufruf, werkzeug::Fehlaufruf>& aufruf) {
+    if (const auto* f = std::get_if<werkzeug::Fehlaufruf>(&aufruf)) {
+        std::cerr << "kestrella-dat: " << Ausgabe(f->grund) << "\n";
+        return Hilfe();
+    }
+    werkzeug::Ausgaben o{std::cout, std::cerr, kUtf8};
+    try {
+        return werkzeug::AufDiesemSystem(std::get<werkzeug::Aufruf>(aufruf), o);
+    } catch (const std::exception& e) {
+        // The journal and the backups come from outside; whatever they hold ends in a message.
+        std::cerr << "kestrella-dat: " << e.what() << "\n";
+        return werkzeug::kFehlgeschlagen;
+    }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    std::vector<std::string> argumente;
+    for (int i = 1; i < argc; ++i) argumente.push_back(Eingabe(argv[i]));
+    if (const auto aufruf = werkzeug::AufrufLesen(argumente)) return Journalbefehl(*aufruf);
     if (argc < 3) return Hilfe();
     const std::string befehl = argv[1], pfad = argv[2];
     try {

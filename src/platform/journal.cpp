@@ -87,13 +87,15 @@ std::int64_t Journal::Schreiben(JournalEintrag e) {
     return files_.Append(Pfad(), zeile) ? e.id : 0;
 }
 
-Journal::Inhalt Journal::Lesen() const {
+Journal::Inhalt Journal::Lesen(FileApi& files, const std::string& programmordner) {
     Inhalt inhalt;
-    Zeilen(files_.ReadAll(Pfad()).value_or(""), [&](std::size_t nummer, const std::string& z) {
-        if (auto e = AusJson(z))
+    Zeilen(files.ReadAll(programmordner + kJournaldatei).value_or(""), [&](std::size_t nummer, const std::string& z) {
+        if (auto e = AusJson(z)) {
             inhalt.einträge.push_back(std::move(*e));
-        else
+            inhalt.zeilen.push_back(z);
+        } else {
             inhalt.hinweise.push_back("Zeile " + std::to_string(nummer) + " des Journals ist beschädigt und wurde übergangen.");
+        }
     });
     return inhalt;
 }

@@ -37,9 +37,12 @@ public:
 
     struct Inhalt {
         std::vector<JournalEintrag> einträge;
+        std::vector<std::string> zeilen;    // each entry's line as the file holds it (UTF-8)
         std::vector<std::string> hinweise;  // one per line passed over
     };
-    Inhalt Lesen() const;
+    Inhalt Lesen() const { return Lesen(files_, programmordner_); }
+    // For a reader without a clock.
+    static Inhalt Lesen(FileApi& files, const std::string& programmordner);
     std::string Pfad() const { return programmordner_ + kJournaldatei; }
 
 private:

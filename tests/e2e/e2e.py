@@ -162,6 +162,7 @@ if __name__ == "__main__":
     import warnung  # noqa: F401
     import abbruch  # noqa: F401
     import antworten  # noqa: F401
+    import wiederherstellen  # noqa: F401
     import dauerlauf  # noqa: F401  # last: the longest
 
     sys.exit(main())

@@ -1,0 +1,176 @@
+"""End-to-end tests of the way back: a Run value and a file in the system folder, each
+deleted through its warning window, which writes a backup and journal lines first, and put
+back by `kestrella-dat.exe restore` with the number of the answer's journal line, exactly as
+they were.
+
+The program is stopped before the restore: it would warn of the value or file that comes
+back and write its own journal line at the moment the tool writes the restore's."""
+
+import json
+import os
+import time
+
+from autostart import RUN, accept_whatever_is_there, registry_row
+from e2e_gemeinsam import WARNING_TITLE, hidden_windows
+from harness import check, test, wait_until
+from ordner import TEST_NAME, remove
+
+VALUE = "Testwert"
+PROGRAM = r"C:\x.exe"
+DATA = PROGRAM + " /q"
+
+
+def read_bytes(path):
+    with open(path, "rb") as f:
+        return f.read()
+
+
+def journal(h):
+    """The journal's entries, each line parsed; a line that is no JSON fails the test."""
+    raw = read_bytes(os.path.join(h.folder, "daten", "journal.jsonl"))
+    check(raw.endswith(b"\r\n"), f"the journal does not end in CR LF: {raw[-80:]!r}")
+    lines = raw.decode("utf-8").split("\r\n")[:-1]
+    return [json.loads(line) for line in lines]
+
+
+def kestrella_dat(h, *args):
+    """Runs kestrella-dat.exe on this test's program folder; gives the finished process."""
+    return h.run(["wine", h.kestrella_dat, args[0], h.win_path(h.folder), *args[1:]], env=h.tool_env, check=False)
+
+
+def backups(h):
+    folder = os.path.join(h.folder, "daten", "Sicherung")
+    return sorted(os.listdir(folder)) if os.path.isdir(folder) else []
+
+
+def export_run(h, name):
+    """The Run key as `reg export` writes it, bytes."""
+    path = os.path.join(h.folder, name)
+    h.run(["wine", "reg", "export", RUN, h.win_path(path), "/y"], env=h.tool_env)
+    return read_bytes(path)
+
+
+def answer_with_backup(h, target_part):
+    """The one answer line of the journal whose target holds TARGET_PART and that names a
+    backup, as kestrella-dat's --json prints it."""
+    out = kestrella_dat(h, "journal", "--json")
+    check(out.returncode == 0, f"journal --json: exit {out.returncode}: {out.stderr!r}")
+    entries = [json.loads(line) for line in out.stdout.decode("utf-8").splitlines() if line.strip()]
+    check(entries == journal(h), "journal --json does not give the file's lines")
+    answers = [e for e in entries if e["event"] == "answer" and target_part.lower() in e["target"].lower()
+               and e.get("backup")]
+    check(len(answers) == 1, f"not one answer with a backup for {target_part}: {entries}")
+    return answers[0], entries
+
+
+def restored(h, answer):
+    """Runs the restore of ANSWER and checks what it says and the journal's new line."""
+    before = journal(h)
+    out = kestrella_dat(h, "restore", str(answer["id"]))
+    said = out.stdout.decode("cp1252") + out.stderr.decode("cp1252")
+    check(out.returncode == 0, f"restore {answer['id']}: exit {out.returncode}: {said!r}")
+    names = answer["backup"].split(";")
+    for name in names:
+        check(f"Sicherung {name} wiederhergestellt." in said, f"restore does not name {name}: {said!r}")
+    after = journal(h)
+    check(after[:len(before)] == before and len(after) == len(before) + 1,
+          f"restore changed the journal otherwise than by one line: {after[len(before) - 1:]}")
+    line = after[-1]
+    check(line["event"] == "restore" and line["action"] == "Wiederherstellen", f"the new line: {line}")
+    check(line["category"] == answer["category"] and line["target"] == answer["target"],
+          f"the restore line names another place than the answer {answer}: {line}")
+    check(line["backup"] == answer["backup"], f"the restore line's backup: {line}")
+    check(line["id"] > before[-1]["id"], f"the restore line's number {line['id']} does not follow {before[-1]['id']}")
+    # Asked again, the restore refuses: what it would write stands there now.
+    again = kestrella_dat(h, "restore", str(answer["id"]))
+    check(again.returncode == 1 and b"Schon vorhanden" in again.stderr,
+          f"a second restore did not refuse: exit {again.returncode}, {again.stderr!r}")
+    check(journal(h) == after, "a refused restore wrote to the journal")
+    text = kestrella_dat(h, "journal", "--since", line["time"][:19]).stdout.decode("cp1252")
+    check(f"Nr. {line['id']} | " in text and "| Wiederherstellung |" in text, f"journal shows no restore: {text!r}")
+    return line
+
+
+def delete_through_the_window(h, hwnd, caption):
+    h.click(hwnd, caption)
+    h.wait_window("Achtung!", 10)
+    h.click("Achtung!", "Ja löschen")
+    h.gone(hwnd, 10)
+
+
+@test
+def restore_of_a_deleted_run_value_brings_it_back_exactly(h):
+    h.reg_delete(RUN, VALUE)
+    try:
+        h.program_folder("wiederher-registry")
+        h.settings(box13=1, box2=1, aufab1=1)
+        h.start()
+        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+        accept_whatever_is_there(h)
+
+        h.reg_add(RUN, VALUE, DATA)
+        original = export_run(h, "vorher.reg")
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        row = registry_row(h)
+        check(row is not None and row[3] == VALUE and row[4] == DATA, f"the warning is not about {VALUE}: {row}")
+        delete_through_the_window(h, hwnd, "Registry löschen")
+        check(h.run(["wine", "reg", "query", RUN, "/v", VALUE], env=h.tool_env, check=False).returncode != 0,
+              f"{VALUE} is still in the registry after Ja löschen")
+        h.stop_program()
+
+        # The line's target is the program the value starts, as the window shows it.
+        answer, entries = answer_with_backup(h, PROGRAM)
+        check(answer["action"] == "Registry löschen" and answer["category"] == "AutostartRegistry",
+              f"the answer line: {answer}")
+        warnings = [e for e in entries if e["event"] == "warning" and e["target"].lower() == PROGRAM.lower()]
+        check(warnings and warnings[0]["id"] < answer["id"], f"no warning line before the answer: {entries}")
+        names = answer["backup"].split(";")
+        check(names and all(n.endswith(".reg") and n in backups(h) for n in names),
+              f"the answer's backups {names} are not .reg files of daten\\Sicherung: {backups(h)}")
+        saved = b"".join(read_bytes(os.path.join(h.folder, "daten", "Sicherung", n)) for n in names)
+        check(f'"{VALUE}"="{DATA}"'.replace("\\", "\\\\").encode("cp1252") in saved,
+              f"the backup does not hold {VALUE}: {saved!r}")
+
+        restored(h, answer)
+        query = h.run(["wine", "reg", "query", RUN, "/v", VALUE], env=h.tool_env).stdout.decode("cp1252")
+        check(any(line.split() == [VALUE, "REG_SZ", *DATA.split()] for line in query.splitlines()),
+              f"{VALUE} is not back as REG_SZ {DATA!r}: {query!r}")
+        check(export_run(h, "nachher.reg") == original, "the Run key's export differs from the one before the delete")
+    finally:
+        h.reg_delete(RUN, VALUE)
+
+
+@test
+def restore_of_a_deleted_system_file_brings_its_bytes_back(h):
+    system32 = os.path.join(h.prefix, "drive_c", "windows", "system32")
+    path = os.path.join(system32, TEST_NAME + "-wiederher.dll")
+    # Every byte value, and the line ends a text copy would change.
+    data = b"MZ\0\r\n\n\r" + bytes(range(256)) + "Grüße €".encode("cp1252")
+    remove(path)
+    try:
+        h.program_folder("wiederher-datei")
+        h.settings(box2=1, aufab1=1, box20=1, box16=1, box17=1)
+        h.start()
+        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+        # The system folder's baseline is taken at the first cycles, before the file exists.
+        time.sleep(2)
+        with open(path, "wb") as f:
+            f.write(data)
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        texts = [c["text"] for c in h.texts(hwnd) if c["visible"]]
+        check("Datei wurde erstellt!" in texts, f"not the system file warning: {texts}")
+        delete_through_the_window(h, hwnd, "Datei löschen")
+        check(not os.path.exists(path), "the file is still in system32 after Ja löschen")
+        h.stop_program()
+
+        answer, _ = answer_with_backup(h, os.path.basename(path))
+        check(answer["target"].lower() == h.win_path(path).lower(), f"the answer's target: {answer}")
+        check(answer["backup"] in backups(h) and answer["backup"].endswith("-" + os.path.basename(path)),
+              f"the answer's backup {answer['backup']!r} is no copy in daten\\Sicherung: {backups(h)}")
+        check(read_bytes(os.path.join(h.folder, "daten", "Sicherung", answer["backup"])) == data,
+              "the backup's bytes differ from the file's")
+
+        restored(h, answer)
+        check(read_bytes(path) == data, "the restored file's bytes differ from the deleted file's")
+    finally:
+        remove(path)
