@@ -12,12 +12,12 @@ JournalEintrag Journalzeile(Form3Fenster& f, const std::string& ereignis, const 
     e.ereignis = ereignis;
     e.kategorie = KategorieName(kategorie);
     e.aktion = aktion;
-    // The full path where the window has one, else what the deferred list would hold.
-    e.ziel = f.Zeile2();
-    if (e.ziel.empty()) {
-        const Aufschub später = Zeile(kategorie).später;
-        e.ziel = später ? später(f) : f.Text1[0].Text;
-    }
+    // What the deferred list would hold: a registry entry's key path with the value name, a
+    // file's path. A process goes by its path, not by the name the list takes.
+    const Aufschub später = Zeile(kategorie).später;
+    if (später && kategorie != Kategorie::Prozesse) e.ziel = später(f);
+    if (e.ziel.empty()) e.ziel = f.Zeile2();
+    if (e.ziel.empty()) e.ziel = f.Text1[0].Text;
     for (const Label& l : f.Label1)
         if (!l.Caption.empty()) e.texte.push_back(l.Caption);
     for (const ListItem& z : f.ListView2.Items)

@@ -118,11 +118,11 @@ def restore_of_a_deleted_run_value_brings_it_back_exactly(h):
               f"{VALUE} is still in the registry after Ja löschen")
         h.stop_program()
 
-        # The line's target is the program the value starts, as the window shows it.
-        answer, entries = answer_with_backup(h, PROGRAM)
+        # The line's target is the value: its key path with the value's name.
+        answer, entries = answer_with_backup(h, "\\Run\\" + VALUE)
         check(answer["action"] == "Registry löschen" and answer["category"] == "AutostartRegistry",
               f"the answer line: {answer}")
-        warnings = [e for e in entries if e["event"] == "warning" and e["target"].lower() == PROGRAM.lower()]
+        warnings = [e for e in entries if e["event"] == "warning" and e["target"].lower().endswith(("\\Run\\" + VALUE).lower())]
         check(warnings and warnings[0]["id"] < answer["id"], f"no warning line before the answer: {entries}")
         names = answer["backup"].split(";")
         check(names and all(n.endswith(".reg") and n in backups(h) for n in names),
