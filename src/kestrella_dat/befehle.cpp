@@ -121,26 +121,6 @@ std::optional<std::variant<Aufruf, Fehlaufruf>> AufrufLesen(const std::vector<st
     return Aufruf{r};
 }
 
-std::vector<std::string> SicherungenTeilen(const std::string& feld) {
-    // "20261124-100003-": eight digits, a dash, six digits, a dash.
-    const auto stempel = [&](std::size_t i) {
-        if (feld.size() < i + 16) return false;
-        for (std::size_t k = 0; k < 16; ++k) {
-            const char c = feld[i + k];
-            if ((k == 8 || k == 15) ? c != '-' : (c < '0' || c > '9')) return false;
-        }
-        return true;
-    };
-    std::vector<std::string> namen;
-    std::size_t anfang = 0;
-    for (std::size_t i = 0; i <= feld.size(); ++i) {
-        if (i < feld.size() && !(feld[i] == ';' && stempel(i + 1))) continue;
-        if (i > anfang) namen.push_back(feld.substr(anfang, i - anfang));
-        anfang = i + 1;
-    }
-    return namen;
-}
-
 int JournalZeigen(FileApi& files, const JournalAufruf& a, Ausgaben& o) {
     if (!OrdnerDa(files, a.ordner)) {
         Melden(o, "Der Programmordner ist nicht da: " + OhneTrenner(a.ordner));

@@ -50,9 +50,6 @@ inline constexpr int kErledigt = 0, kFehlgeschlagen = 1, kFalscherAufruf = 2;
 int JournalZeigen(FileApi& files, const JournalAufruf& a, Ausgaben& o);
 int Zurückholen(Plattform& p, const RestoreAufruf& a, Ausgaben& o);
 
-// The backup names of a journal line's "backup". A name starts with its time stamp
-// ("20261124-100003-1..."), so a ";" in a saved file's own name does not split it.
-std::vector<std::string> SicherungenTeilen(const std::string& feld);
 
 // Runs the command on this machine: the real platform on Windows; the native build only
 // reads files and answers "restore" with kFalscherAufruf.

@@ -24,8 +24,8 @@ inline constexpr long kLeisteRuhe = 12648384;
 inline constexpr long kLeisteGewählt = 255;
 inline constexpr long kLeisteGewähltText = 16777215;
 
-// The headings of the twenty pages, as they stand.
-inline constexpr const char* kSeitenTitel[20] = {"Aktuelle Einstellungen",
+// The headings of the pages, as they stand; the last one, the backups, came later.
+inline constexpr const char* kSeitenTitel[21] = {"Aktuelle Einstellungen",
                                                  "Prozesse",
                                                  "IExplorer Favoriten",
                                                  "IExplorer Startpage",
@@ -44,7 +44,9 @@ inline constexpr const char* kSeitenTitel[20] = {"Aktuelle Einstellungen",
                                                  "Sonstige Registry Einträge",
                                                  "Windows Dienste",
                                                  "IExploere Vertauenswürdige Seiten",
-                                                 "Autostart Registry [Sonstiges]"};
+                                                 "Autostart Registry [Sonstiges]",
+                                                 "Sicherungen"};
+inline constexpr int kSeiteSicherungen = 20;
 
 // A menu the view is asked to open: by name ("Internet", "autostart", "hijacker",
 // "PageÄndern"), at the right edge of sidebar entry Label (or at the pointer when -1).
@@ -58,8 +60,8 @@ public:
     explicit AlarmFenster(PanelKontext& k);
 
     AufAb AufAb1;
-    std::array<Label, 11> Label1;       // the sidebar entries
-    std::array<PictureBox, 20> Frame1;  // the pages
+    std::array<Label, 12> Label1;       // the sidebar entries
+    std::array<PictureBox, 21> Frame1;  // the pages
     std::array<MenuItem, 6> Internet1;
     std::array<MenuItem, 3> autostart1;
     std::array<MenuItem, 5> hijacker1;
@@ -73,6 +75,12 @@ public:
     MenüWunsch Menü;
     // The context menus of the lists that show baselines and exception lists.
     Ausnahmelisten Ausnahmen;
+    // The page "Sicherungen": what was saved before a removal, newest first, and the size of
+    // all backups together.
+    ListView Sicherungen;
+    Label SicherungenGrösse;
+    int SicherungenAuswahl = -1;  // 0-based; the view keeps it current
+    std::array<MenuItem, 2> sicherung1{MenuItem{"Wiederherstellen"}, MenuItem{"Löschen"}};
 
     void Form_Load();
     void Timer1_Timer();
@@ -95,6 +103,12 @@ public:
     void Image1_Click(int index);
     // A click on a column head of the dial-up list; spalte counts from 1.
     void ListView2_ColumnClick(int spalte);
+
+    // The backups as the journal names them, the ones still on disk.
+    void SicherungenLaden();
+    void Sicherungen_MouseUp();
+    // 0 puts the selected backup back, 1 deletes it.
+    void sicherung1_Click(int index);
 
     // The page that shows, or -1 when none does.
     int SichtbareSeite() const;

@@ -10,8 +10,8 @@
 namespace kes {
 
 namespace {
-constexpr const char* kLeiste[11] = {"Option",    "Prozesse",   "Internet", "Autostart", "Datei System", "Hijacker",
-                                     "Sonstiges", "Überwachen", "Dienste",  "Später",    "Zurücksetzen"};
+constexpr const char* kLeiste[12] = {"Option",     "Prozesse",   "Internet", "Autostart", "Datei System", "Hijacker",
+                                     "Sonstiges",  "Überwachen", "Dienste",  "Später",    "Zurücksetzen", "Sicherungen"};
 constexpr const char* kInternet[6] = {"IExplorer Favoriten", "IExplorer Startpage",
                                       "DFÜ-Verbindung",      "Nachrichtendienst",
                                       "Hosts-Datei",         "IExplorer Vertrauenswürtige Seiten"};
@@ -61,6 +61,8 @@ void AlarmFenster::SeitenleisteAnlegen() {
                           "Produktname", "Produkt Version", "Info",       "Datei-Version",   "Interner Name",
                           "Copyright",   "Orginal Name",    "Kommentar",  "LegalTradeMarks", "index"};
     ListView12.Columns = {"Name"};
+    Sicherungen.Columns = {"Zeit", "Kategorie", "Aktion", "Was", "Sicherung", "Nr."};
+    Sicherungen.ColumnWidths = {120, 100, 90, 200, 150, 40};
     const std::vector<std::string> klassen = {"Name",          "Wert",        "Info",    "CLISD", "Wert",
                                               "Firma",         "Produktname", "Version", "Info",  "Dateiversion",
                                               "Interner Name", "Copyright",   "index"};
@@ -100,7 +102,8 @@ void AlarmFenster::SeiteZeigen(int seite) {
 
 void AlarmFenster::Label1_MouseDown(int) {
     // "Zurücksetzen" has no resting colour of its own and is left as it is.
-    for (int i = 0; i <= 9; ++i) {
+    for (int i = 0; i < static_cast<int>(Label1.size()); ++i) {
+        if (i == 10) continue;
         Label1[i].BackColor = kLeisteRuhe;
         Label1[i].ForeColor = kSystemFensterText;
     }
@@ -152,6 +155,10 @@ void AlarmFenster::Label1_MouseUp(int index) {
         case 10:
             k_.W().Zurücksetzen = true;
             k_.AlarmSchliessen();
+            break;
+        case 11:
+            SicherungenLaden();
+            SeiteZeigen(kSeiteSicherungen);
             break;
         default:
             break;

@@ -55,6 +55,26 @@ std::optional<std::string> Sicherung::Ablegen(const std::string& endung, const s
     return std::nullopt;
 }
 
+std::vector<std::string> SicherungenTeilen(const std::string& feld) {
+    // "20261124-100003-": eight digits, a dash, six digits, a dash.
+    const auto stempel = [&](std::size_t i) {
+        if (feld.size() < i + 16) return false;
+        for (std::size_t k = 0; k < 16; ++k) {
+            const char c = feld[i + k];
+            if ((k == 8 || k == 15) ? c != '-' : (c < '0' || c > '9')) return false;
+        }
+        return true;
+    };
+    std::vector<std::string> namen;
+    std::size_t anfang = 0;
+    for (std::size_t i = 0; i <= feld.size(); ++i) {
+        if (i < feld.size() && !(feld[i] == ';' && stempel(i + 1))) continue;
+        if (i > anfang) namen.push_back(feld.substr(anfang, i - anfang));
+        anfang = i + 1;
+    }
+    return namen;
+}
+
 std::string SicherungFehlgeschlagenText(const std::string& ordner) {
     return "Die Sicherung konnte nicht geschrieben werden:\r\n" + ordner +
            "\r\n\r\nEs wurde nichts gelöscht oder geändert.";

@@ -42,6 +42,10 @@ private:
     std::string datei_;
 };
 
+// The backup names of a journal line's "backup". A name starts with its time stamp
+// ("20261124-100003-1..."), so a ";" in a saved file's own name does not split it.
+std::vector<std::string> SicherungenTeilen(const std::string& feld);
+
 // The German message that stops an action whose backup could not be written.
 std::string SicherungFehlgeschlagenText(const std::string& ordner);
 

@@ -1,7 +1,7 @@
 """End-to-end tests of the way back: a Run value and a file in the system folder, each
 deleted through its warning window, which writes a backup and journal lines first, and put
-back by `kestrella-dat.exe restore` with the number of the answer's journal line, exactly as
-they were.
+back by `kestrella-dat.exe restore` with the number of the answer's journal line, or from the
+panel's page "Sicherungen", exactly as they were.
 
 The program is stopped before the restore: it would warn of the value or file that comes
 back and write its own journal line at the moment the tool writes the restore's."""
@@ -10,8 +10,9 @@ import json
 import os
 import time
 
+from ausnahmen import menu_items, tray_menu
 from autostart import RUN, accept_whatever_is_there, registry_row
-from e2e_gemeinsam import WARNING_TITLE, hidden_windows
+from e2e_gemeinsam import PANEL_CLASS, WARNING_TITLE, hidden_windows, visible_of_class
 from harness import check, test, wait_until
 from ordner import TEST_NAME, remove
 
@@ -174,3 +175,48 @@ def restore_of_a_deleted_system_file_brings_its_bytes_back(h):
         check(read_bytes(path) == data, "the restored file's bytes differ from the deleted file's")
     finally:
         remove(path)
+
+
+@test
+def restore_from_the_panel_page_brings_a_deleted_run_value_back_exactly(h):
+    h.reg_delete(RUN, VALUE)
+    try:
+        h.program_folder("wiederher-seite")
+        h.settings(box13=1, box2=1, aufab1=1)
+        h.start()
+        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+        accept_whatever_is_there(h)
+
+        h.reg_add(RUN, VALUE, DATA)
+        original = export_run(h, "vorher.reg")
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        delete_through_the_window(h, hwnd, "Registry löschen")
+        check(h.run(["wine", "reg", "query", RUN, "/v", VALUE], env=h.tool_env, check=False).returncode != 0,
+              f"{VALUE} is still in the registry after Ja löschen")
+
+        tray_menu(h, "Einstellungen")
+        panel = wait_until(lambda: visible_of_class(h, PANEL_CLASS), 10)
+        check(panel, "the panel did not open")
+        h.click(panel, "Sicherungen")
+
+        def our_row():
+            rows = [r for c in h.texts(panel) if c["visible"] for r in c["rows"]]
+            return next((r for r in rows if len(r) > 3 and r[3].lower().endswith(("\\Run\\" + VALUE).lower())), None)
+
+        row = wait_until(our_row, 5)
+        check(row, f"the page of backups does not list {VALUE}: {[c['rows'] for c in h.texts(panel) if c['rows']]}")
+        check(row[2] == "Registry löschen" and row[1] == "AutostartRegistry", f"the row: {row}")
+        h.kd("row-click", panel, row[0])
+        check(wait_until(lambda: "Wiederherstellen" in menu_items(h), 5), f"no menu: {menu_items(h)}")
+        h.kd("menu-click", "Wiederherstellen")
+        h.wait_window("Kestrella-Info", 10)
+        said = [c["text"] for c in h.texts("Kestrella-Info") if c["visible"]]
+        check(any(t.startswith("Wiederhergestellt:") for t in said), f"the restore's message: {said}")
+        h.click("Kestrella-Info", "OK")
+        h.gone("Kestrella-Info", 10)
+        check(export_run(h, "nachher.reg") == original, "the Run key's export differs from the one before the delete")
+        lines = journal(h)
+        check(lines[-1]["event"] == "restore" and lines[-1]["target"].lower().endswith(("\\Run\\" + VALUE).lower()),
+              f"the journal's last line is not the restore: {lines[-1]}")
+    finally:
+        h.reg_delete(RUN, VALUE)

@@ -11,6 +11,7 @@
 #include "common/zeichensatz.h"
 #include "fake_plattform.h"
 #include "kestrella_dat/befehle.h"
+#include "platform/sicherung.h"
 #include "platform/journal.h"
 #include "platform/sicherung.h"
 

@@ -30,7 +30,7 @@ AlarmAnsicht::AlarmAnsicht(Programm& prg, AlarmFenster& modell)
     tipps_ = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0, h_,
                                nullptr, ::GetModuleHandleA(nullptr), nullptr);
     Seitenleiste();
-    for (int s = 0; s < 20; ++s)
+    for (int s = 0; s < kSeiten; ++s)
         Neu(s, "BUTTON", kSeitenTitel[s], BS_GROUPBOX, kIdSonst, 0, 0, kSeiteBreite, kSeiteHöhe);
     SeitenAllgemein();
     SeitenInternet();
@@ -90,8 +90,8 @@ void AlarmAnsicht::LabelNeu(int seite, const Label& modell, int x, int y, int b,
 }
 
 void AlarmAnsicht::Seitenleiste() {
-    // Eleven entries of 26 pixels from the top, the two links at the foot.
-    for (int i = 0; i < 11; ++i) {
+    // The entries, 26 pixels each from the top, the two links at the foot.
+    for (int i = 0; i < kLeisteEinträge; ++i) {
         leiste_[i] = Kind(h_, "BUTTON", f_.Label1[i].Caption, WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, kIdLeiste + i, 8,
                           kSeiteOben + 6 + i * 30, kSeiteLinks - 16, 26);
     }
@@ -173,7 +173,7 @@ void AlarmAnsicht::Abgleichen() {
 }
 
 void AlarmAnsicht::Inhalt() {
-    for (int i = 0; i < 11; ++i) {
+    for (int i = 0; i < kLeisteEinträge; ++i) {
         const Label& l = f_.Label1[i];
         if (leisteFarben_[2 * i] != l.BackColor || leisteFarben_[2 * i + 1] != l.ForeColor) {
             leisteFarben_[2 * i] = l.BackColor;
@@ -184,7 +184,7 @@ void AlarmAnsicht::Inhalt() {
     // The pages lie on top of each other, the higher number above: of two visible pages
     // only the upper one can be seen.
     int oben = -1;
-    for (int s = 0; s < 20; ++s)
+    for (int s = 0; s < kSeiten; ++s)
         if (f_.Frame1[s].Visible) oben = s;
     for (const Teil& t : teile_) Sichtbar(t.h, t.seite == oben);
     for (std::size_t i = 0; i < box_.size(); ++i)
@@ -221,6 +221,7 @@ void AlarmAnsicht::MenüZeigen() {
     if (wunsch.Name == "autostart") einträge.assign(f_.autostart1.begin(), f_.autostart1.end());
     if (wunsch.Name == "hijacker") einträge.assign(f_.hijacker1.begin(), f_.hijacker1.end());
     if (wunsch.Name == "PageÄndern") einträge.assign(f_.PageÄndern1.begin(), f_.PageÄndern1.end());
+    if (wunsch.Name == "sicherung") einträge.assign(f_.sicherung1.begin(), f_.sicherung1.end());
     if (einträge.empty()) return;
     POINT ort{};
     const POINT* wo = nullptr;
@@ -237,10 +238,11 @@ void AlarmAnsicht::MenüZeigen() {
     if (wunsch.Name == "autostart") f_.autostart1_Click(wahl);
     if (wunsch.Name == "hijacker") f_.hijacker1_Click(wahl);
     if (wunsch.Name == "PageÄndern") f_.PageÄndern1_Click(wahl);
+    if (wunsch.Name == "sicherung") f_.sicherung1_Click(wahl);
 }
 
 bool AlarmAnsicht::Befehl(int id, int code, HWND quelle) {
-    if (id >= kIdLeiste && id < kIdLeiste + 11 && code == BN_CLICKED) {
+    if (id >= kIdLeiste && id < kIdLeiste + kLeisteEinträge && code == BN_CLICKED) {
         // "Zurücksetzen" closes the panel: a close of the program's own, not one from outside.
         EigenesSchliessen eigenes;
         f_.Label1_MouseDown(id - kIdLeiste);
@@ -327,6 +329,11 @@ bool AlarmAnsicht::Benachrichtigung(LPARAM lp, LRESULT& ergebnis) {
         return true;
     }
     if (kopf->code == NM_CLICK || kopf->code == NM_RCLICK) AusnahmeMausLos(kopf->hwndFrom);
+    if (kopf->hwndFrom == sicherungen_ && (kopf->code == NM_CLICK || kopf->code == NM_RCLICK)) {
+        f_.SicherungenAuswahl = static_cast<int>(::SendMessageA(sicherungen_, LVM_GETNEXTITEM, -1, LVNI_SELECTED));
+        if (kopf->code == NM_RCLICK) f_.Sicherungen_MouseUp();
+        return true;
+    }
     if (kopf->hwndFrom == listView3_ && (kopf->code == NM_CLICK || kopf->code == NM_RCLICK)) {
         f_.ListView3Auswahl = static_cast<int>(::SendMessageA(listView3_, LVM_GETNEXTITEM, -1, LVNI_SELECTED));
         f_.ListView3_MouseUp();
@@ -354,7 +361,7 @@ bool AlarmAnsicht::Nachricht(UINT msg, WPARAM wp, LPARAM lp, LRESULT& ergebnis) 
             return Benachrichtigung(lp, ergebnis);
         case WM_DRAWITEM: {
             const auto& d = *reinterpret_cast<const DRAWITEMSTRUCT*>(lp);
-            if (d.CtlID >= kIdLeiste && d.CtlID < kIdLeiste + 11) LeisteMalen(d);
+            if (d.CtlID >= kIdLeiste && d.CtlID < kIdLeiste + kLeisteEinträge) LeisteMalen(d);
             if (d.CtlID == kIdImage || d.CtlID == kIdImage + 1) LinkMalen(d);
             ergebnis = TRUE;
             return true;

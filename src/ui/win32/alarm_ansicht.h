@@ -21,6 +21,10 @@ class Programm;
 
 namespace kes::ui {
 
+// The sidebar's entries and the pages, as many as the panel has.
+inline constexpr int kLeisteEinträge = static_cast<int>(std::tuple_size_v<decltype(AlarmFenster::Label1)>);
+inline constexpr int kSeiten = static_cast<int>(std::tuple_size_v<decltype(AlarmFenster::Frame1)>);
+
 class AlarmAnsicht : public FensterAnsicht {
 public:
     AlarmAnsicht(Programm& prg, AlarmFenster& modell);
@@ -89,7 +93,7 @@ private:
     };
     std::vector<Ausnahme> ausnahmen_;
     void AusnahmeMerken(HWND h, const void* modell);
-    std::array<HWND, 11> leiste_{};
+    std::array<HWND, kLeisteEinträge> leiste_{};
     std::array<long, 22> leisteFarben_{};
     std::array<HWND, 32> box_{};
     std::array<HWND, 2> image_{};
@@ -100,6 +104,7 @@ private:
     HWND command1_ = nullptr;
     HWND listView2_ = nullptr;
     HWND listView3_ = nullptr;
+    HWND sicherungen_ = nullptr;
     std::array<HWND, 3> text5_{};
     HWND tipps_ = nullptr;
 };

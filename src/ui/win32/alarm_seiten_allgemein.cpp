@@ -10,6 +10,10 @@ constexpr const char* kSpäterHilfe =
     "Hier stehen alle Einträge, die Sie in einer Warnung mit \"Später\" zurückgestellt haben. "
     "Kestrella meldet sie bis zum Ende dieser Sitzung nicht mehr. Beim nächsten Start ist die Liste "
     "wieder leer, und jeder Eintrag wird erneut gemeldet, solange er nicht übernommen wurde.";
+constexpr const char* kSicherungenHilfe =
+    "Bevor Kestrella etwas löscht oder überschreibt, wird es hier gesichert. Mit der rechten Maustaste "
+    "auf einem Eintrag holen Sie es zurück oder löschen die Sicherung. Zurückgeholte Einträge, die "
+    "noch nicht übernommen waren, werden wieder gemeldet.";
 }  // namespace
 
 void AlarmAnsicht::SeitenAllgemein() {
@@ -61,6 +65,11 @@ void AlarmAnsicht::SeitenAllgemein() {
     Hilfe(10, kSpäterHilfe, 12, 22, innen, 64);
     Überschrift(10, "Später:", 12, 96);
     ListBoxNeu(10, f_.List8, 12, 112, innen, 300);
+
+    // 20: the backups.
+    Hilfe(20, kSicherungenHilfe, 12, 22, innen, 64);
+    LabelNeu(20, f_.SicherungenGrösse, 12, 94, innen);
+    sicherungen_ = ListeNeu(20, f_.Sicherungen, 12, 114, innen, 298);
 
     // 15: the two locks.
     BoxNeu(15, 25, 12, 22);

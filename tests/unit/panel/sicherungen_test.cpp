@@ -1,0 +1,82 @@
+// The panel's page of backups: a value deleted through the warning window is listed, put
+// back from the page exactly, and its restore journalled; a restore that would overwrite
+// asks first; a deleted backup leaves the page and its size.
+#include "platform/journal.h"
+#include "platform/reg_datei.h"
+#include "programm_test_basis.h"
+
+namespace kes::test {
+namespace {
+
+const std::string kRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+
+class SicherungenSeite : public WarnungsTest {
+protected:
+    void RunWertGelöscht() {
+        fp.registry.SetString(kRun, "Tool", "\"C:\\tool.exe\" /q");
+        prg.AnzeigeLöschen = true;
+        Form3Fenster& f = Warnung(Kategorie::AutostartRegistry);
+        f.Text1[1].Text = "HKEY_CURRENT_USER";
+        f.Text1[2].Text = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+        f.Text1[3].Text = "Tool";
+        ListItem& z = f.ListView4.Add("Tool");  // the registry row, as the watcher fills it
+        z.SetSubItem(1, "HKEY_CURRENT_USER");
+        z.SetSubItem(2, "Software\\Microsoft\\Windows\\CurrentVersion\\Run");
+        z.SetSubItem(3, "Tool");
+        f.Image_Click(3);
+        ASSERT_FALSE(fp.registry.HasValue(kRun, "Tool"));
+    }
+    std::string Wert() {
+        return RegDateiText(RegWertLesen(fp.registry, kHkeyCurrentUser,
+                                         "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool"));
+    }
+    AlarmFenster& a() { return prg.Alarm(); }
+};
+
+TEST_F(SicherungenSeite, ADeletedValueIsListedAndComesBackFromThePage) {
+    fp.registry.SetString(kRun, "Tool", "\"C:\\tool.exe\" /q");
+    const std::string vorher = Wert();
+    RunWertGelöscht();
+    a().Label1_MouseDown(11);
+    a().Label1_MouseUp(11);
+    EXPECT_EQ(a().SichtbareSeite(), kSeiteSicherungen);
+    ASSERT_EQ(a().Sicherungen.Items.size(), 1u);
+    EXPECT_EQ(a().Sicherungen.Items[0].SubItem(3), kRun + "\\Tool");
+    EXPECT_NE(a().SicherungenGrösse.Caption.find("Sicherungen: 1"), std::string::npos);
+
+    a().SicherungenAuswahl = 0;
+    a().Sicherungen_MouseUp();
+    EXPECT_EQ(a().Menü.Name, "sicherung");
+    a().sicherung1_Click(0);
+    EXPECT_EQ(Wert(), vorher);
+    const auto journal = Journal(fp.files, fp.system, ordner).Lesen().einträge;
+    ASSERT_FALSE(journal.empty());
+    EXPECT_EQ(journal.back().ereignis, "restore");
+    EXPECT_EQ(journal.back().ziel, kRun + "\\Tool");
+
+    // The value stands again: a second restore asks, and "Nein" leaves it as it is.
+    fp.registry.SetString(kRun, "Tool", "neu");
+    fp.dialogs.antworten = {kIdNo};
+    a().sicherung1_Click(0);
+    EXPECT_NE(Wert(), vorher);
+    EXPECT_NE(fp.dialogs.meldungen.back().text.find("Nicht alles"), std::string::npos);
+    fp.dialogs.antworten = {kIdYes};
+    a().sicherung1_Click(0);
+    EXPECT_EQ(Wert(), vorher);
+}
+
+TEST_F(SicherungenSeite, ADeletedBackupLeavesThePageAndNothingElse) {
+    RunWertGelöscht();
+    a().SicherungenLaden();
+    ASSERT_EQ(a().Sicherungen.Items.size(), 1u);
+    a().SicherungenAuswahl = 0;
+    fp.dialogs.antworten = {kIdYes};
+    a().sicherung1_Click(1);
+    EXPECT_TRUE(a().Sicherungen.Items.empty());
+    EXPECT_NE(a().SicherungenGrösse.Caption.find("Sicherungen: 0"), std::string::npos);
+    EXPECT_FALSE(fp.registry.HasValue(kRun, "Tool")) << "deleting a backup restores nothing";
+    EXPECT_FALSE(Journal(fp.files, fp.system, ordner).Lesen().einträge.empty()) << "the journal stays";
+}
+
+}  // namespace
+}  // namespace kes::test
