@@ -6,6 +6,7 @@ settings file are rewritten; a run value the prefix brings along is accepted lik
 one), and a grown hosts file, with only the hosts file watched (the settings file takes
 the new size). KES_ABBRUCH_RUNDEN sets the number of accept actions (200 by default)."""
 
+import json
 import os
 import random
 import struct
@@ -130,3 +131,79 @@ def killed_during_accept_actions_leaves_each_file_old_or_new_and_no_first_run(h)
           f"longest action {longest / 1000:.1f} ms; outcomes (kill, dat, list, log):", flush=True)
     for key, n in sorted(outcomes.items()):
         print(f"       {n:4d}  {' '.join(key)}", flush=True)
+
+
+def journal_lines(folder):
+    """The journal's lines; a line that is no whole JSON object fails the test."""
+    path = os.path.join(folder, "daten", "journal.jsonl")
+    if not os.path.exists(path):
+        return []
+    with open(path, "rb") as f:
+        raw = f.read()
+    lines = [line for line in raw.split(b"\r\n") if line]
+    for line in lines:
+        try:
+            json.loads(line.decode("utf-8"))
+        except (UnicodeDecodeError, json.JSONDecodeError):
+            raise E2EError(f"a journal line is not whole: {line[:120]!r}")
+    return lines
+
+
+def saved_values(folder):
+    """The Run values that some whole backup of daten\\Sicherung holds."""
+    backup = os.path.join(folder, "daten", "Sicherung")
+    names = set()
+    for n in os.listdir(backup) if os.path.isdir(backup) else []:
+        if n.endswith(".reg"):
+            with open(os.path.join(backup, n), "rb") as f:
+                names.update(line.split(b'"')[1].decode("cp1252") for line in f.read().split(b"\r\n")
+                             if line.startswith(b'"KesWeg'))
+    return names
+
+
+@test
+def killed_during_delete_actions_leaves_every_journal_line_whole_and_nothing_removed_unsaved(h):
+    rounds = max(10, int(os.environ.get("KES_ABBRUCH_RUNDEN", "200")) // 2)
+    rng = random.Random(26)
+    folder = h.program_folder("abbruch-weg")
+    h.settings(box2=1, aufab1=1, box13=1, anzeigelöschen=1)
+    added, outcomes, longest, began = [], {}, 0, time.monotonic()
+    try:
+        for r in range(rounds):
+            h.reg_add(RUN, f"KesWeg{r}", f"C:\\kes-weg-{r}.exe")
+            added.append(f"KesWeg{r}")
+            program = h.start()
+            driver = subprocess.Popen(["wine", h.kdriver, "click-kill", WARNING_TITLE, "Registry löschen", "30"],
+                                      env=h.tool_env, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                      stderr=subprocess.DEVNULL)
+            h.procs.append(driver)
+            seen = h.read_line(driver, 60)
+            check(seen.startswith("seen"), f"round {r}: no warning came (driver said {seen!r})")
+            delay = 2_000_000 if r < CALIBRATION else rng.randrange(0, longest * 13 // 10 + 1)
+            driver.stdin.write(f"{delay}\n".encode())
+            driver.stdin.flush()
+            said = h.read_line(driver, 30).split("\t")
+            check(said[0] == "killed", f"round {r}: the driver did not kill the program: {said}")
+            longest = max(longest, int(said[2]))
+            driver.wait(15)
+            program.wait(15)
+            journal_lines(folder)
+            query = h.run(["wine", "reg", "query", RUN], env=h.tool_env).stdout.decode("cp1252")
+            gone = {n for n in added if n not in query.split()}
+            unsaved = gone - saved_values(folder)
+            check(not unsaved, f"round {r}: removed without a backup: {sorted(unsaved)}")
+            backup = os.path.join(folder, "daten", "Sicherung")
+            halves = {n for n in os.listdir(backup) if n.endswith(".tmp")} if os.path.isdir(backup) else set()
+            kind = ("removed" if len(gone) > outcomes.get("gone", 0) else "kept") + (
+                " backup cut" if halves - outcomes.get("halves", set()) else "")
+            outcomes["halves"] = halves
+            outcomes["gone"] = len(gone)
+            outcomes[kind] = outcomes.get(kind, 0) + 1
+    finally:
+        for name in added:
+            h.reg_delete(RUN, name)
+    secs = time.monotonic() - began
+    gone = outcomes.pop("gone", 0)
+    outcomes.pop("halves", None)
+    print(f"     {rounds} delete actions killed in {secs:.0f} s; longest action {longest / 1000:.1f} ms; "
+          f"{gone} values removed, each with its backup; journal lines whole; rounds: {outcomes}", flush=True)
