@@ -18,6 +18,12 @@ bool Da(FileApi& files, const std::string& ordner, const std::string& name) {
     return files.GetAttributes(ordner + kSicherungsordner + name) != kInvalidAttributes;
 }
 
+// "2026-11-24T09:47:12+01:00" as a German user reads it: "24.11.2026 09:47:12".
+std::string Ortszeit(const std::string& iso) {
+    if (iso.size() < 19 || iso[4] != '-' || iso[10] != 'T') return iso;
+    return iso.substr(8, 2) + "." + iso.substr(5, 2) + "." + iso.substr(0, 4) + " " + iso.substr(11, 8);
+}
+
 }  // namespace
 
 void AlarmFenster::SicherungenLaden() {
@@ -31,7 +37,7 @@ void AlarmFenster::SicherungenLaden() {
         const std::vector<std::string> namen = SicherungenTeilen(e->sicherung);
         if (std::none_of(namen.begin(), namen.end(), [&](const std::string& n) { return Da(p.files, ordner, n); }))
             continue;
-        ListItem& z = Sicherungen.Add(e->zeit.substr(0, 19));
+        ListItem& z = Sicherungen.Add(Ortszeit(e->zeit));
         z.SetSubItem(1, e->kategorie);
         z.SetSubItem(2, e->aktion);
         z.SetSubItem(3, e->ziel);

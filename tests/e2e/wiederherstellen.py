@@ -206,6 +206,7 @@ def restore_from_the_panel_page_brings_a_deleted_run_value_back_exactly(h):
         row = wait_until(our_row, 5)
         check(row, f"the page of backups does not list {VALUE}: {[c['rows'] for c in h.texts(panel) if c['rows']]}")
         check(row[2] == "Registry löschen" and row[1] == "AutostartRegistry", f"the row: {row}")
+        h.screenshot(os.path.join(h.shots, "panel-sicherungen.png"))
         h.kd("row-click", panel, row[0])
         check(wait_until(lambda: "Wiederherstellen" in menu_items(h), 5), f"no menu: {menu_items(h)}")
         h.kd("menu-click", "Wiederherstellen")

@@ -41,6 +41,7 @@ TEST_F(SicherungenSeite, ADeletedValueIsListedAndComesBackFromThePage) {
     a().Label1_MouseUp(11);
     EXPECT_EQ(a().SichtbareSeite(), kSeiteSicherungen);
     ASSERT_EQ(a().Sicherungen.Items.size(), 1u);
+    EXPECT_EQ(a().Sicherungen.Items[0].Text, "22.11.2026 14:05:09");
     EXPECT_EQ(a().Sicherungen.Items[0].SubItem(3), kRun + "\\Tool");
     EXPECT_NE(a().SicherungenGrösse.Caption.find("Sicherungen: 1"), std::string::npos);
 
