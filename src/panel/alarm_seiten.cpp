@@ -62,7 +62,7 @@ void AlarmFenster::SeitenleisteAnlegen() {
                           "Copyright",   "Orginal Name",    "Kommentar",  "LegalTradeMarks", "index"};
     ListView12.Columns = {"Name"};
     Sicherungen.Columns = {"Zeit", "Kategorie", "Aktion", "Was", "Sicherung", "Nr."};
-    Sicherungen.ColumnWidths = {120, 100, 90, 200, 150, 40};
+    Sicherungen.ColumnWidths = {130, 100, 90, 200, 150, 40};
     const std::vector<std::string> klassen = {"Name",          "Wert",        "Info",    "CLISD", "Wert",
                                               "Firma",         "Produktname", "Version", "Info",  "Dateiversion",
                                               "Interner Name", "Copyright",   "index"};
