@@ -1,7 +1,8 @@
 """End-to-end tests of the way back: a Run value and a file in the system folder, each
 deleted through its warning window, which writes a backup and journal lines first, and put
 back by `kestrella-dat.exe restore` with the number of the answer's journal line, or from the
-panel's page "Sicherungen", exactly as they were.
+panel's page "Sicherungen", exactly as they were; likewise a helper object's key tree and a
+start page that "Original" overwrote.
 
 The program is stopped before the restore: it would warn of the value or file that comes
 back and write its own journal line at the moment the tool writes the restore's."""
@@ -10,11 +11,12 @@ import json
 import os
 import time
 
-from ausnahmen import menu_items, tray_menu
+from ausnahmen import BHO, CLASS_KEY, HKLM_BHO, SERVER, menu_items, tray_menu, warning_of_our_class
 from autostart import RUN, accept_whatever_is_there, registry_row
-from e2e_gemeinsam import PANEL_CLASS, WARNING_TITLE, hidden_windows, visible_of_class
+from e2e_gemeinsam import PANEL_CLASS, WARNING_TITLE, hidden_windows, visible_of_class, visible_titles
 from harness import check, test, wait_until
 from ordner import TEST_NAME, remove
+from startseite import NEW_PAGE, START_PAGE, put_back, reg_read, start_watching
 
 VALUE = "Testwert"
 PROGRAM = r"C:\x.exe"
@@ -221,3 +223,81 @@ def restore_from_the_panel_page_brings_a_deleted_run_value_back_exactly(h):
               f"the journal's last line is not the restore: {lines[-1]}")
     finally:
         h.reg_delete(RUN, VALUE)
+
+
+def export(h, key, name):
+    """KEY with all below it as `reg export` writes it, bytes; b"" when it is missing."""
+    path = os.path.join(h.folder, name)
+    if h.run(["wine", "reg", "export", key, h.win_path(path), "/y"], env=h.tool_env, check=False).returncode != 0:
+        return b""
+    return read_bytes(path)
+
+
+@test
+def restore_of_a_deleted_helper_object_brings_its_key_tree_back_exactly(h):
+    h.reg_delete(HKLM_BHO + "\\" + BHO)
+    h.reg_delete(CLASS_KEY)
+    h.program_folder("wiederher-bho")
+    try:
+        h.run(["wine", "reg", "add", CLASS_KEY, "/ve", "/d", "Kestrella Wiederher", "/f"], env=h.tool_env)
+        h.run(["wine", "reg", "add", CLASS_KEY + r"\InprocServer32", "/ve", "/d", SERVER, "/f"], env=h.tool_env)
+        h.run(["wine", "reg", "add", CLASS_KEY + r"\InprocServer32", "/v", "ThreadingModel", "/d", "Apartment", "/f"],
+              env=h.tool_env)
+        h.run(["wine", "reg", "add", HKLM_BHO + "\\" + BHO, "/ve", "/d", "Kestrella Wiederher", "/f"], env=h.tool_env)
+        klasse, liste = export(h, CLASS_KEY, "klasse-vorher.reg"), export(h, HKLM_BHO, "bho-vorher.reg")
+        h.settings(box21=1, box2=1, aufab1=1)
+        h.start()
+        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+        hwnd = warning_of_our_class(h)
+        delete_through_the_window(h, hwnd, "Löschen")
+        check(wait_until(lambda: export(h, CLASS_KEY, "klasse-weg.reg") == b"", 10), "the class key is still there")
+        h.stop_program()
+
+        answer, _ = answer_with_backup(h, BHO)
+        check(answer["category"] == "BHO", f"the answer line: {answer}")
+        restored(h, answer)
+        check(export(h, CLASS_KEY, "klasse-nachher.reg") == klasse, "the class key's tree differs from before")
+        check(export(h, HKLM_BHO, "bho-nachher.reg") == liste, "the helper objects' key differs from before")
+    finally:
+        h.reg_delete(HKLM_BHO + "\\" + BHO)
+        h.reg_delete(CLASS_KEY)
+
+
+@test
+def restore_from_the_panel_page_brings_back_the_start_page_that_original_overwrote(h):
+    original = reg_read(h, START_PAGE, "Start Page")
+    try:
+        start_watching(h, "wiederher-startseite")
+        h.reg_add(START_PAGE, "Start Page", NEW_PAGE)
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        geändert = export(h, START_PAGE, "geaendert.reg")
+        h.click(hwnd, "Original")
+        h.gone(hwnd, 10)
+        check(reg_read(h, START_PAGE, "Start Page") == original, "Original did not put the saved page back")
+
+        tray_menu(h, "Einstellungen")
+        panel = wait_until(lambda: visible_of_class(h, PANEL_CLASS), 10)
+        check(panel, "the panel did not open")
+        h.click(panel, "Sicherungen")
+
+        def our_row():
+            rows = [r for c in h.texts(panel) if c["visible"] for r in c["rows"]]
+            return next((r for r in rows if len(r) > 3 and r[3].endswith("\\Start Page")), None)
+
+        row = wait_until(our_row, 5)
+        check(row and row[1] == "StartPage" and row[2] == "Original", f"no row of the start page: {row}")
+        h.kd("row-click", panel, row[0])
+        check(wait_until(lambda: "Wiederherstellen" in menu_items(h), 5), f"no menu: {menu_items(h)}")
+        h.kd("menu-click", "Wiederherstellen")
+        # The page Original put back stands there now: the restore asks before it overwrites.
+        h.wait_window("Kestrella-Info", 10)
+        said = " ".join(c["text"] for c in h.texts("Kestrella-Info") if c["visible"])
+        check("Schon vorhanden" in said and "Überschreiben?" in said, f"no question before overwriting: {said!r}")
+        h.click("Kestrella-Info", "Ja")
+        check(wait_until(lambda: any(c["text"].startswith("Wiederhergestellt:") for c in h.texts("Kestrella-Info")
+                                     if c["visible"]) if "Kestrella-Info" in visible_titles(h) else False, 10),
+              "no message that the page is back")
+        h.click("Kestrella-Info", "OK")
+        check(export(h, START_PAGE, "nachher.reg") == geändert, "the key differs from the one Original overwrote")
+    finally:
+        put_back(h, original)
