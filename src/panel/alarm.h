@@ -106,6 +106,7 @@ public:
 
     // The backups as the journal names them, the ones still on disk.
     void SicherungenLaden();
+    void NachWiederherstellen(const std::string& datei);
     void Sicherungen_MouseUp();
     // 0 puts the selected backup back, 1 deletes it.
     void sicherung1_Click(int index);

@@ -1,5 +1,7 @@
 #include "panel/ausnahmelisten.h"
 
+#include "platform/journal.h"
+#include "platform/sicherung.h"
 #include "watchers/waechter.h"
 
 namespace kes {
@@ -61,7 +63,49 @@ void Ausnahmelisten::MausLos(Ausnahmeliste liste) {
 }
 
 void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
-    Art(liste).wahl(a_, *this, index);
+    const Listenmenü& art = Art(liste);
+    const void* steuerelement = art.kasten ? static_cast<const void*>(&(a_.*art.kasten))
+                                           : static_cast<const void*>(&(a_.*art.ansicht));
+    const Grundliste* datei = nullptr;
+    for (const AlarmDaten::ListeMitDatei& l : a_.ListenMitDatei())
+        if (l.liste->Zeigt(steuerelement)) datei = l.liste;
+    // The deferred list lives in memory only: nothing to save.
+    if (!datei) return art.wahl(a_, *this, index);
+
+    // The list's file saved before the choice, kept only when the choice changed the file.
+    Plattform& p = k_.P();
+    const std::string& ordner = k_.W().Programmordner;
+    const std::optional<std::string> vorher = p.files.ReadAll(datei->Pfad());
+    std::string sicherung;
+    if (vorher) {
+        Sicherung s(p, ordner);
+        s.Datei(datei->Pfad());
+        const std::optional<std::string> name = s.Schreiben();
+        if (!name) {
+            p.dialogs.ShowMessage(SicherungFehlgeschlagenText(s.Ordner()), "Achtung!", kMbOk | kMbIconExclamation);
+            return;
+        }
+        sicherung = *name;
+    }
+    const std::string eintrag =
+        index >= 0 && index < static_cast<int>(Menü(liste).Einträge.size()) ? Menü(liste).Einträge[index].Caption : "";
+    art.wahl(a_, *this, index);
+    if (sicherung.empty()) return;
+    if (p.files.ReadAll(datei->Pfad()) == vorher) {
+        p.files.Delete(ordner + kSicherungsordner + sicherung);
+        p.files.Delete(ordner + kSicherungsordner + sicherung + kHerkunftEndung);
+        return;
+    }
+    JournalEintrag e;
+    e.ereignis = "answer";
+    for (const WächterZeile& z : Wächtertabelle())
+        for (const Listenmenü& m : z.listen)
+            if (&m == &art) e.kategorie = KategorieName(z.kategorien[0]);
+    e.ziel = datei->Pfad();
+    e.aktion = eintrag;
+    e.sicherung = sicherung;
+    e.texte = {std::string("Aus der Liste gelöscht (Menü ") + art.menü + ")", eintrag};
+    Journal(p.files, p.system, ordner).Schreiben(e);
 }
 
 void Ausnahmelisten::Fehlermeldung(const std::string& routine, int nummer) {

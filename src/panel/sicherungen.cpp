@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "panel/alarm.h"
+#include "common/text.h"
 #include "platform/allefunktionen.h"
 #include "platform/journal.h"
 #include "platform/sicherung.h"
@@ -55,6 +56,12 @@ void AlarmFenster::SicherungenLaden() {
                                 "   zusammen " + GrösseFormat(summe, false, p.system.NumberFormat());
 }
 
+void AlarmFenster::NachWiederherstellen(const std::string& datei) {
+    // A list's own file came back: the list shows it at once, and the next save keeps it.
+    for (const AlarmDaten::ListeMitDatei& l : ListenMitDatei())
+        if (!datei.empty() && Klein(l.liste->Pfad()) == Klein(datei)) l.laden(*this);
+}
+
 void AlarmFenster::Sicherungen_MouseUp() {
     if (SicherungenAuswahl < 0 || SicherungenAuswahl >= static_cast<int>(Sicherungen.Items.size())) return;
     Menü = {"sicherung", -1};
@@ -89,9 +96,10 @@ void AlarmFenster::sicherung1_Click(int index) {
             überschreiben = true;
             grund = Wiederherstellen(p, ordner, n, zeile.SubItem(3), true);
         }
-        if (grund.empty())
+        if (grund.empty()) {
             zurück += (zurück.empty() ? "" : ";") + n;
-        else
+            NachWiederherstellen(Herkunft(p.files, ordner, n));
+        } else
             gründe += grund + "\r\n";
     }
     if (!zurück.empty()) {

@@ -75,6 +75,11 @@ std::vector<std::string> SicherungenTeilen(const std::string& feld) {
     return namen;
 }
 
+std::string Herkunft(FileApi& files, const std::string& programmordner, const std::string& name) {
+    const auto notiz = files.ReadAll(programmordner + kSicherungsordner + name + kHerkunftEndung);
+    return notiz ? notiz->substr(0, notiz->find_first_of("\r\n")) : std::string();
+}
+
 std::string SicherungFehlgeschlagenText(const std::string& ordner) {
     return "Die Sicherung konnte nicht geschrieben werden:\r\n" + ordner +
            "\r\n\r\nEs wurde nichts gelöscht oder geändert.";
@@ -103,10 +108,8 @@ std::string Wiederherstellen(Plattform& p, const std::string& programmordner, co
         if (!RegEinspielen(p.registry, *abschnitte)) return "Die Registry konnte nicht geschrieben werden.";
         return "";
     }
-    std::string ziel = ursprung;
-    if (const auto herkunft = p.files.ReadAll(quelle + kHerkunftEndung)) {
-        ziel = herkunft->substr(0, herkunft->find_first_of("\r\n"));
-    }
+    std::string ziel = Herkunft(p.files, programmordner, name);
+    if (ziel.empty()) ziel = ursprung;
     if (ziel.empty()) return "Zur Sicherung " + name + " ist kein Ziel bekannt.";
     if (p.files.GetAttributes(ziel) != kInvalidAttributes && !überschreiben)
         return "Schon vorhanden, nichts wurde geändert: " + ziel;

@@ -42,6 +42,9 @@ private:
     std::string datei_;
 };
 
+// The path a file's backup came from, as its note says; "" for a .reg backup or a lost note.
+std::string Herkunft(FileApi& files, const std::string& programmordner, const std::string& name);
+
 // The backup names of a journal line's "backup". A name starts with its time stamp
 // ("20261124-100003-1..."), so a ";" in a saved file's own name does not split it.
 std::vector<std::string> SicherungenTeilen(const std::string& feld);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "common/box.h"
 #include "common/steuerelemente.h"
@@ -99,6 +100,14 @@ public:
     void Durchlauf();
     // Every watcher's loaders, in the order of the table.
     void Laden();
+
+    // A baseline or exception list with its file, and the loader that fills the list from
+    // the file alone (a file put back from a backup is read in again by it).
+    struct ListeMitDatei {
+        Grundliste* liste;
+        void (*laden)(AlarmDaten& a);
+    };
+    std::vector<ListeMitDatei> ListenMitDatei();
 
 private:
     WächterKontext& k_;

@@ -28,6 +28,8 @@ public:
 
     // The program folder and the file name.
     std::string Pfad() const;
+    // Whether this is the list of the control LISTE (a ListBox or a ListView).
+    bool Zeigt(const void* liste) const { return liste == box_ || liste == view_; }
     // Whether the file can be opened for reading, and its content; none when it cannot.
     bool Vorhanden() const;
     std::optional<std::string> Lesen() const;

@@ -4,6 +4,7 @@
 #include "platform/journal.h"
 #include "platform/reg_datei.h"
 #include "programm_test_basis.h"
+#include "watchers/waechter.h"
 
 namespace kes::test {
 namespace {
@@ -77,6 +78,59 @@ TEST_F(SicherungenSeite, ADeletedBackupLeavesThePageAndNothingElse) {
     EXPECT_NE(a().SicherungenGrösse.Caption.find("Sicherungen: 0"), std::string::npos);
     EXPECT_FALSE(fp.registry.HasValue(kRun, "Tool")) << "deleting a backup restores nothing";
     EXPECT_FALSE(Journal(fp.files, fp.system, ordner).Lesen().einträge.empty()) << "the journal stays";
+}
+
+// Every list of the panel that keeps a file is known with its file and loader, so that its
+// deletes are saved and a restored file is read in again.
+TEST_F(SicherungenSeite, EveryPanelListWithAFileHasItsLoader) {
+    for (const WächterZeile& z : Wächtertabelle())
+        for (const Listenmenü& m : z.listen) {
+            if (!m.menü) continue;
+            const void* steuer = m.kasten ? static_cast<const void*>(&(a().*m.kasten))
+                                          : static_cast<const void*>(&(a().*m.ansicht));
+            bool bekannt = false;
+            for (const auto& l : a().ListenMitDatei()) bekannt |= l.liste->Zeigt(steuer);
+            EXPECT_TRUE(bekannt) << m.menü << " has no file and loader in ListenMitDatei";
+        }
+}
+
+TEST_F(SicherungenSeite, AnEntryDeletedFromAListComesBackIntoListAndFile) {
+    const std::string datei = ordner + "daten\\AutostartREG.txt";
+    fp.files.Put(datei, "HKEY_CURRENT_USER\\Run\\A\r\nHKEY_CURRENT_USER\\Run\\B\r\n");
+    a().autostartRegistry.LadeAutostartregistry();
+    ASSERT_EQ(a().ListView1.Items.size(), 2u);
+    const std::string vorher = fp.files.Content(datei);
+    a().ListView1.Items[0].Selected = true;
+    a().Ausnahmen.MausLos(Ausnahmeliste::ListView1);
+    a().Ausnahmen.MenüKlick(Ausnahmeliste::ListView1, 0);
+    ASSERT_EQ(a().ListView1.Items.size(), 1u);
+
+    a().SicherungenLaden();
+    ASSERT_EQ(a().Sicherungen.Items.size(), 1u);
+    EXPECT_EQ(a().Sicherungen.Items[0].SubItem(3), datei);
+    a().SicherungenAuswahl = 0;
+    fp.dialogs.antworten = {kIdYes};  // the file stands: overwrite it
+    a().sicherung1_Click(0);
+    EXPECT_EQ(fp.files.Content(datei), vorher);
+    EXPECT_EQ(a().ListView1.Items.size(), 2u) << "the list reads its file again";
+}
+
+TEST_F(SicherungenSeite, AChoiceThatChangesNoFileLeavesNoBackup) {
+    fp.files.Put(ordner + "daten\\0190.txt", std::string("Netz\x80") + "0190123\r\n");
+    a().dfü.LadeDFÜ();
+    ASSERT_FALSE(a().ListView2.Items.empty());
+    a().ListView2.Items[0].Selected = true;
+    a().Ausnahmen.MausLos(Ausnahmeliste::ListView2);
+    a().Ausnahmen.MenüKlick(Ausnahmeliste::ListView2, 0);  // "Info zur DFÜ-Verbindung"
+    a().SicherungenLaden();
+    EXPECT_TRUE(a().Sicherungen.Items.empty());
+    FindData d;
+    int dateien = 0;
+    for (FileFind f = fp.files.FindFirst(ordner + "daten\\Sicherung\\*.*", &d); f;) {
+        dateien += !(d.attributes & kAttrDirectory);
+        if (!fp.files.FindNext(f.Get(), &d)) break;
+    }
+    EXPECT_EQ(dateien, 0);
 }
 
 }  // namespace
