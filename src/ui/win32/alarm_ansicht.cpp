@@ -54,8 +54,9 @@ HWND AlarmAnsicht::Hilfe(int seite, const std::string& text, int x, int y, int b
 }
 
 void AlarmAnsicht::BoxNeu(int seite, int index, int x, int y) {
-    box_[index] = BoxAnlegen(h_, f_.Box1[index], kIdBox + index, kSeiteLinks + x, kSeiteOben + y, 0);
-    teile_.push_back({seite, box_[index]});
+    const auto i = static_cast<std::size_t>(index);
+    box_.at(i) = BoxAnlegen(h_, f_.Box1.at(i), kIdBox + index, kSeiteLinks + x, kSeiteOben + y, 0);
+    teile_.push_back({seite, box_[i]});
 }
 
 HWND AlarmAnsicht::ListeNeu(int seite, const ListView& modell, int x, int y, int b, int h) {
