@@ -92,7 +92,9 @@ private:
         ListBox* kasten;    // the model of a list box, or null
     };
     std::vector<Ausnahme> ausnahmen_;
-    void AusnahmeMerken(HWND h, const void* modell);
+    // Binds a list the view shows to its menu, if the table gives it one.
+    void AusnahmeMerken(HWND h, const ListView& modell);
+    void AusnahmeMerken(HWND h, const ListBox& modell);
     std::array<HWND, kLeisteEinträge> leiste_{};
     std::array<long, 22> leisteFarben_{};
     std::array<HWND, kBoxAnzahl> box_{};
