@@ -42,7 +42,8 @@ void Properties_Load(Programm& prg) {
         prg.Intervallstufe = Lies<std::int16_t>(bag, "Aufab1", 5);
         for (int i = 0; i <= 20; ++i)
             prg.StartSeiten[i] = Lies<std::string>(bag, "InternetStartPage" + std::to_string(i), "");
-        for (int i = 1; i <= 31; ++i) {
+        // Box 0 is never stored: it mirrors the Run value.
+        for (int i = 1; i < kBoxAnzahl; ++i) {
             const auto wert = Lies<std::int16_t>(bag, "box" + std::to_string(i), 0);
             // The first touch loads Alarm with all its loaders, before any box has its value.
             prg.Alarm().Box1[i].setValue(wert);
@@ -86,7 +87,7 @@ void Properties_Save(Programm& prg) {
     // The writer's default for the pages is the number 0, never equal to a text: all 21 go in.
     for (int i = 0; i <= 20; ++i)
         bag.WriteProperty("InternetStartPage" + std::to_string(i), prg.StartSeiten[i], std::int16_t{0});
-    for (int i = 1; i <= 31; ++i)
+    for (int i = 1; i < kBoxAnzahl; ++i)
         bag.WriteProperty("Box" + std::to_string(i), prg.Alarm().Box1[i].value(), std::int16_t{0});
 
     // Errors are passed over. The old file stays until the new one is complete: without it

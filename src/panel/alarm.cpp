@@ -18,6 +18,7 @@ constexpr const char* kBoxTexte[] = {
     "Log-Datei erstellen",
     "Log.Datei bei jeden Start löschen",
 };
+static_assert(std::size(kBoxTexte) == kEigeneBoxen, "a caption for each of the panel's own boxes");
 }  // namespace
 
 AlarmFenster::AlarmFenster(PanelKontext& k) : AlarmDaten(k), Ausnahmen(k, *this, *this), k_(k) {

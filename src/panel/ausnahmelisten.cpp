@@ -108,6 +108,22 @@ void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
     Journal(p.files, p.system, ordner).Schreiben(e);
 }
 
+std::optional<Ausnahmeliste> Ausnahmelisten::ListeVon(const ListBox& kasten) const {
+    for (int i = 0; i < kAusnahmelistenAnzahl; ++i) {
+        const Listenmenü& art = Art(static_cast<Ausnahmeliste>(i));
+        if (art.kasten && &(a_.*art.kasten) == &kasten) return art.liste;
+    }
+    return std::nullopt;
+}
+
+std::optional<Ausnahmeliste> Ausnahmelisten::ListeVon(const ListView& ansicht) const {
+    for (int i = 0; i < kAusnahmelistenAnzahl; ++i) {
+        const Listenmenü& art = Art(static_cast<Ausnahmeliste>(i));
+        if (art.ansicht && &(a_.*art.ansicht) == &ansicht) return art.liste;
+    }
+    return std::nullopt;
+}
+
 void Ausnahmelisten::Fehlermeldung(const std::string& routine, int nummer) {
     k_.P().dialogs.ShowMessage("(Alarm, " + routine + ") Fehler: " + std::to_string(nummer), "", kMbOk);
 }

@@ -39,6 +39,11 @@ public:
     // The user chose entry index of the list's menu.
     void MenüKlick(Ausnahmeliste liste, int index);
 
+    // The list whose menu a list of Alarm has, if it has one: the view binds the lists it
+    // shows to their menus by this, from the rows that own them.
+    std::optional<Ausnahmeliste> ListeVon(const ListBox& kasten) const;
+    std::optional<Ausnahmeliste> ListeVon(const ListView& ansicht) const;
+
 private:
     // The menu's captions and what its choices do: from the watcher that owns the list, or
     // the panel's own for the deferred list.

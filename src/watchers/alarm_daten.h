@@ -37,13 +37,20 @@ enum TimerId : int {
     kTimerAufAb1 = 5,
 };
 
+// The option boxes of Alarm. Boxes 0 to 3 are the panel's own (autostart, sound, the log,
+// deleting the log at start); every other box belongs to one watcher row or one of its
+// options. A new box raises the count here; the watcher table's check fails the build
+// until it does, and the array, the view and the settings follow it.
+inline constexpr int kEigeneBoxen = 4;
+inline constexpr int kBoxAnzahl = 32;
+
 class AlarmDaten {
 public:
     explicit AlarmDaten(WächterKontext& k);
     AlarmDaten(const AlarmDaten&) = delete;
     AlarmDaten& operator=(const AlarmDaten&) = delete;
 
-    std::array<Box, 32> Box1;
+    std::array<Box, kBoxAnzahl> Box1;
     Timer Timer1;
     ListBox List8;  // the deferred list, in memory only
     TextBox Text2;  // the log's master text

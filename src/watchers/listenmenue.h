@@ -17,26 +17,37 @@ namespace kes {
 
 class AlarmDaten;
 
-// The panel's lists that have a context menu, by their control names.
+// The panel's lists that have a context menu, by their control names: the one list, in the
+// order of the enumeration, which the count follows.
+// clang-format off
+#define KES_AUSNAHMELISTEN(X) \
+    X(List1) \
+    X(ListView6) \
+    X(List4) \
+    X(ListView2) \
+    X(List3) \
+    X(ListView1) \
+    X(List5) \
+    X(List8) \
+    X(ListView8) \
+    X(List6) \
+    X(ListView9) \
+    X(ListView10) \
+    X(List9) \
+    X(List10) \
+    X(ListView11) \
+    X(ListView12)
+// clang-format on
+
 enum class Ausnahmeliste {
-    List1,
-    ListView6,
-    List4,
-    ListView2,
-    List3,
-    ListView1,
-    List5,
-    List8,
-    ListView8,
-    List6,
-    ListView9,
-    ListView10,
-    List9,
-    List10,
-    ListView11,
-    ListView12,
+#define KES_AUSNAHMELISTE_WERT(name) name,
+    KES_AUSNAHMELISTEN(KES_AUSNAHMELISTE_WERT)
+#undef KES_AUSNAHMELISTE_WERT
 };
-inline constexpr int kAusnahmelistenAnzahl = static_cast<int>(Ausnahmeliste::ListView12) + 1;
+
+#define KES_AUSNAHMELISTE_EINS(name) +1
+inline constexpr int kAusnahmelistenAnzahl = 0 KES_AUSNAHMELISTEN(KES_AUSNAHMELISTE_EINS);
+#undef KES_AUSNAHMELISTE_EINS
 
 // What a choice in a list's menu may ask of the panel.
 class ListenPanel {

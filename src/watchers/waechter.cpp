@@ -313,9 +313,38 @@ constexpr bool Vollständig() {
 }
 static_assert(Vollständig(), "every category key has a watcher, every watcher a name, a box and a pass");
 
+// A row's box and the boxes of its options lie past the panel's own and below the count,
+// none is taken twice, and the last one is taken, so that the settings store no box that
+// nothing uses.
+constexpr bool BoxenEindeutig() {
+    std::array<int, kBoxAnzahl> belegt{};
+    bool gut = true;
+    auto nehmen = [&](int box) {
+        if (box < kEigeneBoxen || box >= kBoxAnzahl || belegt[static_cast<std::size_t>(box)]++ > 0) gut = false;
+    };
+    for (const WächterZeile& z : kWächter) {
+        nehmen(z.box);
+        for (const Option& o : z.optionen)
+            if (o.box >= 0) nehmen(o.box);
+    }
+    return gut && belegt[kBoxAnzahl - 1] == 1;
+}
+static_assert(BoxenEindeutig(), "every box of the table below kBoxAnzahl, none twice, the last one taken");
+
 // Every list of the panel but the deferred one, which is the panel's own, has its menu in
-// exactly one row, bound to a list and with a handler.
+// exactly one row, bound to a list of its own and with a handler; the view finds a list's
+// menu by the list it is bound to.
 constexpr bool ListenVollständig() {
+    for (const WächterZeile& z : kWächter)
+        for (const Listenmenü& m : z.listen) {
+            if (!m.menü) continue;
+            if (m.kasten == &AlarmDaten::List8) return false;
+            for (const WächterZeile& z2 : kWächter)
+                for (const Listenmenü& m2 : z2.listen)
+                    if (m2.menü && &m2 != &m &&
+                        ((m.kasten && m.kasten == m2.kasten) || (m.ansicht && m.ansicht == m2.ansicht)))
+                        return false;
+        }
     for (int l = 0; l < kAusnahmelistenAnzahl; ++l) {
         int zeilen = 0;
         for (const WächterZeile& z : kWächter)

@@ -54,8 +54,9 @@ HWND AlarmAnsicht::Hilfe(int seite, const std::string& text, int x, int y, int b
 }
 
 void AlarmAnsicht::BoxNeu(int seite, int index, int x, int y) {
-    box_[index] = BoxAnlegen(h_, f_.Box1[index], kIdBox + index, kSeiteLinks + x, kSeiteOben + y, 0);
-    teile_.push_back({seite, box_[index]});
+    const auto i = static_cast<std::size_t>(index);
+    box_.at(i) = BoxAnlegen(h_, f_.Box1.at(i), kIdBox + index, kSeiteLinks + x, kSeiteOben + y, 0);
+    teile_.push_back({seite, box_[i]});
 }
 
 HWND AlarmAnsicht::ListeNeu(int seite, const ListView& modell, int x, int y, int b, int h) {
@@ -64,7 +65,7 @@ HWND AlarmAnsicht::ListeNeu(int seite, const ListView& modell, int x, int y, int
     HWND w = ansicht->Fenster();
     teile_.push_back({seite, w});
     listen_.push_back({seite, std::move(ansicht), &modell});
-    AusnahmeMerken(w, &modell);
+    AusnahmeMerken(w, modell);
     return w;
 }
 
@@ -72,7 +73,7 @@ void AlarmAnsicht::ListBoxNeu(int seite, const ListBox& modell, int x, int y, in
     HWND w = Neu(seite, "LISTBOX", "", WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOINTEGRALHEIGHT | LBS_NOTIFY,
                  kIdSonst, x, y, b, h);
     kästen_.push_back({w, &modell, {"\x01"}});
-    AusnahmeMerken(w, &modell);
+    AusnahmeMerken(w, modell);
     ::SetWindowSubclass(w, &AlarmAnsicht::KastenProc, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
@@ -277,19 +278,14 @@ bool AlarmAnsicht::Befehl(int id, int code, HWND quelle) {
     return false;
 }
 
-void AlarmAnsicht::AusnahmeMerken(HWND h, const void* modell) {
-    using L = Ausnahmeliste;
-    const std::pair<const ListView*, L> ansichten[] = {
-        {&f_.ListView6, L::ListView6},   {&f_.ListView2, L::ListView2},  {&f_.ListView1, L::ListView1},
-        {&f_.ListView8, L::ListView8},   {&f_.ListView9, L::ListView9},  {&f_.ListView10, L::ListView10},
-        {&f_.ListView11, L::ListView11}, {&f_.ListView12, L::ListView12}};
-    const std::pair<const ListBox*, L> kästen[] = {{&f_.List1, L::List1}, {&f_.List4, L::List4},  {&f_.List3, L::List3},
-                                                   {&f_.List5, L::List5}, {&f_.List8, L::List8},  {&f_.List6, L::List6},
-                                                   {&f_.List9, L::List9}, {&f_.List10, L::List10}};
-    for (const auto& [m, l] : ansichten)
-        if (m == modell) ausnahmen_.push_back({h, l, const_cast<ListView*>(m), nullptr});
-    for (const auto& [m, l] : kästen)
-        if (m == modell) ausnahmen_.push_back({h, l, nullptr, const_cast<ListBox*>(m)});
+void AlarmAnsicht::AusnahmeMerken(HWND h, const ListView& modell) {
+    if (const auto liste = f_.Ausnahmen.ListeVon(modell))
+        ausnahmen_.push_back({h, *liste, const_cast<ListView*>(&modell), nullptr});
+}
+
+void AlarmAnsicht::AusnahmeMerken(HWND h, const ListBox& modell) {
+    if (const auto liste = f_.Ausnahmen.ListeVon(modell))
+        ausnahmen_.push_back({h, *liste, nullptr, const_cast<ListBox*>(&modell)});
 }
 
 void AlarmAnsicht::AusnahmeMausLos(HWND liste) {

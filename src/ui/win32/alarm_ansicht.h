@@ -92,10 +92,12 @@ private:
         ListBox* kasten;    // the model of a list box, or null
     };
     std::vector<Ausnahme> ausnahmen_;
-    void AusnahmeMerken(HWND h, const void* modell);
+    // Binds a list the view shows to its menu, if the table gives it one.
+    void AusnahmeMerken(HWND h, const ListView& modell);
+    void AusnahmeMerken(HWND h, const ListBox& modell);
     std::array<HWND, kLeisteEinträge> leiste_{};
     std::array<long, 22> leisteFarben_{};
-    std::array<HWND, 32> box_{};
+    std::array<HWND, kBoxAnzahl> box_{};
     std::array<HWND, 2> image_{};
     HWND aufab_ = nullptr;
     HWND text2_ = nullptr;
@@ -124,6 +126,7 @@ enum AlarmId : int {
     kIdAufAb = 450,
     kIdSonst = 500,
 };
+static_assert(kIdBox + kBoxAnzahl <= kIdListe, "every box has an id of its own");
 
 // The page's corner in the client area: 1800 and 120 twips, 8175 by 6375 twips in size.
 inline constexpr int kSeiteLinks = 120, kSeiteOben = 8, kSeiteBreite = 545, kSeiteHöhe = 425;

@@ -6,6 +6,7 @@
 #include "core/starten.h"
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
+#include "watchers/waechter.h"
 
 namespace kes::test {
 namespace {
@@ -123,6 +124,35 @@ TEST_F(Start, StoredValues_SurviveARestartWithGreyAndStageIntact) {
     EXPECT_EQ(p2.Alarm().Box1[7].value(), 2);
     EXPECT_EQ(p2.Intervallstufe, 12);
     EXPECT_TRUE(p2.AnzeigeLöschen);
+}
+
+// The settings store each box from 1 to the highest one of the watcher table, in order, and
+// read them all back; box 0 mirrors the Run value and is not stored.
+TEST_F(Start, EveryBoxOfTheTable_IsStoredInOrderAndReadBack) {
+    int höchste = kEigeneBoxen - 1;
+    for (const WächterZeile& z : Wächtertabelle()) {
+        höchste = std::max(höchste, z.box);
+        for (const Option& o : z.optionen) höchste = std::max(höchste, o.box);
+    }
+    // Grey: stored like any value, but switches no watcher on.
+    PropertyBag bag;
+    for (int i = 1; i <= höchste; ++i) bag.WriteProperty("Box" + std::to_string(i), std::int16_t{2});
+    Einstellungen(bag);
+    ASSERT_TRUE(Main(prg));
+
+    std::vector<std::string> boxen;
+    for (const PropertyBag::Eintrag& e : GespeicherteEinstellungen().Einträge())
+        if (e.name.starts_with("Box")) boxen.push_back(e.name);
+    std::vector<std::string> erwartet;
+    for (int i = 1; i <= höchste; ++i) erwartet.push_back("Box" + std::to_string(i));
+    EXPECT_EQ(boxen, erwartet);
+
+    fake::FakePlattform zweite;
+    zweite.files.Put(datPfad, fp.files.Content(datPfad));
+    Programm p2(zweite.plattform);
+    ASSERT_TRUE(Main(p2));
+    for (int i = 1; i <= höchste; ++i)
+        EXPECT_EQ(p2.Alarm().Box1[static_cast<std::size_t>(i)].value(), 2) << "box " << i;
 }
 
 TEST_F(Start, StageMissingOrZero_BecomesFive) {

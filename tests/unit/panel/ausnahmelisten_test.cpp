@@ -3,6 +3,9 @@
 // sections removed one by one, the list that goes whole; and the deferred list in memory.
 #include "panel/ausnahmelisten.h"
 #include "programm_test_basis.h"
+#include "watchers/waechter.h"
+
+#include <set>
 
 namespace kes::test {
 namespace {
@@ -28,6 +31,27 @@ TEST_F(Ausnahmen, EmptyList_OpensNoMenu) {
         listen.MausLos(static_cast<L>(i));
         EXPECT_FALSE(listen.Popup.has_value()) << "list " << i;
     }
+}
+
+// The view binds each list it shows to its menu through the list itself: every menu of the
+// table, and the deferred list's, is found by its own list, and a list without one by none.
+TEST_F(Ausnahmen, EveryMenu_IsFoundByItsOwnList_AListWithoutOneFindsNone) {
+    std::set<L> gefunden;
+    auto prüfen = [&](const Listenmenü& m) {
+        const auto l = m.kasten ? listen.ListeVon(a().*m.kasten) : listen.ListeVon(a().*m.ansicht);
+        EXPECT_EQ(l, m.liste) << m.menü;
+        if (l) gefunden.insert(*l);
+    };
+    for (const WächterZeile& z : Wächtertabelle())
+        for (const Listenmenü& m : z.listen)
+            if (m.menü) prüfen(m);
+    EXPECT_EQ(listen.ListeVon(a().List8), L::List8);
+    gefunden.insert(L::List8);
+    EXPECT_EQ(gefunden.size(), static_cast<std::size_t>(kAusnahmelistenAnzahl));
+
+    for (const ListView* v : {&a().ListView3, &a().ListView4, &a().ListView5, &a().ListView7, &a().ListView33})
+        EXPECT_FALSE(listen.ListeVon(*v).has_value());
+    for (const ListBox* k : {&a().List2, &a().List7}) EXPECT_FALSE(listen.ListeVon(*k).has_value());
 }
 
 TEST_F(Ausnahmen, Captions_QuoteTheSelectionWithEachListsTail) {
