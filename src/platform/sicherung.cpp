@@ -22,7 +22,9 @@ std::optional<std::string> Sicherung::Schreiben() {
         const std::optional<std::string> daten = p_.files.ReadAll(datei_);
         if (!daten) return std::nullopt;  // there, but not to be read: it cannot be saved
         const std::size_t trenner = datei_.find_last_of('\\');
-        return Ablegen("-" + datei_.substr(trenner == std::string::npos ? 0 : trenner + 1), *daten, datei_);
+        std::string endung = "-";  // appended, not "-" + ...: GCC 12 warns of a false overlap there
+        endung += datei_.substr(trenner == std::string::npos ? 0 : trenner + 1);
+        return Ablegen(endung, *daten, datei_);
     }
     if (registry_.empty()) return std::string();
     return Ablegen(".reg", RegDateiText(registry_));
