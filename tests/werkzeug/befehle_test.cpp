@@ -382,7 +382,9 @@ TEST(Zurückholen, ADeletedFileComesBackByteForByteAlsoWithItsNoteLost) {
         const auto name = s.Schreiben();
         ASSERT_EQ(name, "20261122-140509-1-Neu;Datei.dll");
         ASSERT_EQ(w.fp.files.Delete(pfad), 0);
-        if (notizWeg) ASSERT_EQ(w.fp.files.Delete(kOrdner + kSicherungsordner + *name + kHerkunftEndung), 0);
+        if (notizWeg) {
+            ASSERT_EQ(w.fp.files.Delete(kOrdner + kSicherungsordner + *name + kHerkunftEndung), 0);
+        }
         JournalEintrag e = Eintrag("auto", pfad, "Automatisch gelöscht", *name);
         e.kategorie = "AutostartOrdner";
         ASSERT_EQ(w.Zeile(w.fp.system.jetzt, e), 1);

@@ -21,7 +21,7 @@ using K = Kategorie;
 struct Ort {
     enum Art { Baum, Wert, Datei } art;
     std::string pfad;  // full key path or file path
-    std::string name;  // the value's name
+    std::string name = "";  // the value's name
 };
 
 struct Zweig {
@@ -212,8 +212,9 @@ TEST(SicherungenTabelle, EveryBranchThatRemovesOrOverwritesIsInTheTable) {
         const K k = static_cast<K>(i);
         const KategorieZeile& z = Zeile(k);
         const bool ändert = z.löschen || (z.original && k != K::HostsDatei);
-        if (ändert && !kOhneSicherung.count(k))
+        if (ändert && !kOhneSicherung.count(k)) {
             EXPECT_TRUE(inTabelle.count(k)) << KategorieName(k) << " removes or overwrites without a row here";
+        }
     }
 }
 
