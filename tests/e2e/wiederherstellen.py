@@ -46,11 +46,17 @@ def backups(h):
     return sorted(os.listdir(folder)) if os.path.isdir(folder) else []
 
 
+def export(h, key, name):
+    """KEY with all below it as `reg export` writes it, bytes; b"" when it is missing."""
+    path = os.path.join(h.folder, name)
+    if h.run(["wine", "reg", "export", key, h.win_path(path), "/y"], env=h.tool_env, check=False).returncode != 0:
+        return b""
+    return read_bytes(path)
+
+
 def export_run(h, name):
     """The Run key as `reg export` writes it, bytes."""
-    path = os.path.join(h.folder, name)
-    h.run(["wine", "reg", "export", RUN, h.win_path(path), "/y"], env=h.tool_env)
-    return read_bytes(path)
+    return export(h, RUN, name)
 
 
 def answer_with_backup(h, target_part):
@@ -101,24 +107,60 @@ def delete_through_the_window(h, hwnd, caption):
     h.gone(hwnd, 10)
 
 
+def run_value_deleted_through_the_window(h, folder):
+    """Starts the program on FOLDER, adds the Run value, deletes it through its warning;
+    gives the Run key's export from before the delete."""
+    h.program_folder(folder)
+    h.settings(box13=1, box2=1, aufab1=1)
+    h.start()
+    check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+    accept_whatever_is_there(h)
+    h.reg_add(RUN, VALUE, DATA)
+    original = export_run(h, "vorher.reg")
+    hwnd = h.wait_window(WARNING_TITLE, 15)
+    row = registry_row(h)
+    check(row is not None and row[3] == VALUE and row[4] == DATA, f"the warning is not about {VALUE}: {row}")
+    delete_through_the_window(h, hwnd, "Registry löschen")
+    check(h.run(["wine", "reg", "query", RUN, "/v", VALUE], env=h.tool_env, check=False).returncode != 0,
+          f"{VALUE} is still in the registry after Ja löschen")
+    return original
+
+
+def restore_from_the_page(h, matches):
+    """Opens the panel's page of backups, finds the row MATCHES accepts, and chooses
+    "Wiederherstellen" in its menu; gives the row."""
+    tray_menu(h, "Einstellungen")
+    panel = wait_until(lambda: visible_of_class(h, PANEL_CLASS), 10)
+    check(panel, "the panel did not open")
+    h.click(panel, "Sicherungen")
+
+    def our_row():
+        rows = [r for c in h.texts(panel) if c["visible"] for r in c["rows"]]
+        return next((r for r in rows if len(r) > 3 and matches(r)), None)
+
+    row = wait_until(our_row, 5)
+    check(row, f"the page of backups has no such row: {[c['rows'] for c in h.texts(panel) if c['rows']]}")
+    h.screenshot(os.path.join(h.shots, "panel-sicherungen.png"))
+    h.kd("row-click", panel, row[0])
+    check(wait_until(lambda: "Wiederherstellen" in menu_items(h), 5), f"no menu: {menu_items(h)}")
+    h.kd("menu-click", "Wiederherstellen")
+    return row
+
+
+def info_says(h, start):
+    """Waits for the message box "Kestrella-Info" to say a text that begins with START."""
+    check(wait_until(lambda: "Kestrella-Info" in visible_titles(h) and any(
+        c["text"].startswith(start) for c in h.texts("Kestrella-Info") if c["visible"]), 10),
+          f"no message that begins {start!r}")
+    h.click("Kestrella-Info", "OK")
+    h.gone("Kestrella-Info", 10)
+
+
 @test
 def restore_of_a_deleted_run_value_brings_it_back_exactly(h):
     h.reg_delete(RUN, VALUE)
     try:
-        h.program_folder("wiederher-registry")
-        h.settings(box13=1, box2=1, aufab1=1)
-        h.start()
-        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
-        accept_whatever_is_there(h)
-
-        h.reg_add(RUN, VALUE, DATA)
-        original = export_run(h, "vorher.reg")
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        row = registry_row(h)
-        check(row is not None and row[3] == VALUE and row[4] == DATA, f"the warning is not about {VALUE}: {row}")
-        delete_through_the_window(h, hwnd, "Registry löschen")
-        check(h.run(["wine", "reg", "query", RUN, "/v", VALUE], env=h.tool_env, check=False).returncode != 0,
-              f"{VALUE} is still in the registry after Ja löschen")
+        original = run_value_deleted_through_the_window(h, "wiederher-registry")
         h.stop_program()
 
         # The line's target is the value: its key path with the value's name.
@@ -183,54 +225,16 @@ def restore_of_a_deleted_system_file_brings_its_bytes_back(h):
 def restore_from_the_panel_page_brings_a_deleted_run_value_back_exactly(h):
     h.reg_delete(RUN, VALUE)
     try:
-        h.program_folder("wiederher-seite")
-        h.settings(box13=1, box2=1, aufab1=1)
-        h.start()
-        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
-        accept_whatever_is_there(h)
-
-        h.reg_add(RUN, VALUE, DATA)
-        original = export_run(h, "vorher.reg")
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        delete_through_the_window(h, hwnd, "Registry löschen")
-        check(h.run(["wine", "reg", "query", RUN, "/v", VALUE], env=h.tool_env, check=False).returncode != 0,
-              f"{VALUE} is still in the registry after Ja löschen")
-
-        tray_menu(h, "Einstellungen")
-        panel = wait_until(lambda: visible_of_class(h, PANEL_CLASS), 10)
-        check(panel, "the panel did not open")
-        h.click(panel, "Sicherungen")
-
-        def our_row():
-            rows = [r for c in h.texts(panel) if c["visible"] for r in c["rows"]]
-            return next((r for r in rows if len(r) > 3 and r[3].lower().endswith(("\\Run\\" + VALUE).lower())), None)
-
-        row = wait_until(our_row, 5)
-        check(row, f"the page of backups does not list {VALUE}: {[c['rows'] for c in h.texts(panel) if c['rows']]}")
+        original = run_value_deleted_through_the_window(h, "wiederher-seite")
+        row = restore_from_the_page(h, lambda r: r[3].lower().endswith(("\\Run\\" + VALUE).lower()))
         check(row[2] == "Registry löschen" and row[1] == "AutostartRegistry", f"the row: {row}")
-        h.screenshot(os.path.join(h.shots, "panel-sicherungen.png"))
-        h.kd("row-click", panel, row[0])
-        check(wait_until(lambda: "Wiederherstellen" in menu_items(h), 5), f"no menu: {menu_items(h)}")
-        h.kd("menu-click", "Wiederherstellen")
-        h.wait_window("Kestrella-Info", 10)
-        said = [c["text"] for c in h.texts("Kestrella-Info") if c["visible"]]
-        check(any(t.startswith("Wiederhergestellt:") for t in said), f"the restore's message: {said}")
-        h.click("Kestrella-Info", "OK")
-        h.gone("Kestrella-Info", 10)
+        info_says(h, "Wiederhergestellt:")
         check(export_run(h, "nachher.reg") == original, "the Run key's export differs from the one before the delete")
         lines = journal(h)
         check(lines[-1]["event"] == "restore" and lines[-1]["target"].lower().endswith(("\\Run\\" + VALUE).lower()),
               f"the journal's last line is not the restore: {lines[-1]}")
     finally:
         h.reg_delete(RUN, VALUE)
-
-
-def export(h, key, name):
-    """KEY with all below it as `reg export` writes it, bytes; b"" when it is missing."""
-    path = os.path.join(h.folder, name)
-    if h.run(["wine", "reg", "export", key, h.win_path(path), "/y"], env=h.tool_env, check=False).returncode != 0:
-        return b""
-    return read_bytes(path)
 
 
 @test
@@ -275,29 +279,14 @@ def restore_from_the_panel_page_brings_back_the_start_page_that_original_overwro
         h.gone(hwnd, 10)
         check(reg_read(h, START_PAGE, "Start Page") == original, "Original did not put the saved page back")
 
-        tray_menu(h, "Einstellungen")
-        panel = wait_until(lambda: visible_of_class(h, PANEL_CLASS), 10)
-        check(panel, "the panel did not open")
-        h.click(panel, "Sicherungen")
-
-        def our_row():
-            rows = [r for c in h.texts(panel) if c["visible"] for r in c["rows"]]
-            return next((r for r in rows if len(r) > 3 and r[3].endswith("\\Start Page")), None)
-
-        row = wait_until(our_row, 5)
-        check(row and row[1] == "StartPage" and row[2] == "Original", f"no row of the start page: {row}")
-        h.kd("row-click", panel, row[0])
-        check(wait_until(lambda: "Wiederherstellen" in menu_items(h), 5), f"no menu: {menu_items(h)}")
-        h.kd("menu-click", "Wiederherstellen")
+        row = restore_from_the_page(h, lambda r: r[3].endswith("\\Start Page"))
+        check(row[1] == "StartPage" and row[2] == "Original", f"not the start page's row: {row}")
         # The page Original put back stands there now: the restore asks before it overwrites.
         h.wait_window("Kestrella-Info", 10)
         said = " ".join(c["text"] for c in h.texts("Kestrella-Info") if c["visible"])
         check("Schon vorhanden" in said and "Überschreiben?" in said, f"no question before overwriting: {said!r}")
         h.click("Kestrella-Info", "Ja")
-        check(wait_until(lambda: any(c["text"].startswith("Wiederhergestellt:") for c in h.texts("Kestrella-Info")
-                                     if c["visible"]) if "Kestrella-Info" in visible_titles(h) else False, 10),
-              "no message that the page is back")
-        h.click("Kestrella-Info", "OK")
+        info_says(h, "Wiederhergestellt:")
         check(export(h, START_PAGE, "nachher.reg") == geändert, "the key differs from the one Original overwrote")
     finally:
         put_back(h, original)
