@@ -141,7 +141,8 @@ TEST_F(Start, EveryBoxOfTheTable_IsStoredInOrderAndReadBack) {
     ASSERT_TRUE(Main(prg));
 
     std::vector<std::string> boxen;
-    for (const PropertyBag::Eintrag& e : GespeicherteEinstellungen().Einträge())
+    const PropertyBag gespeichert = GespeicherteEinstellungen();  // held: the loop reads into it
+    for (const PropertyBag::Eintrag& e : gespeichert.Einträge())
         if (e.name.starts_with("Box")) boxen.push_back(e.name);
     std::vector<std::string> erwartet;
     for (int i = 1; i <= höchste; ++i) erwartet.push_back("Box" + std::to_string(i));
