@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "platform/allefunktionen.h"
+
 namespace kes {
 
 void Sicherung::Wert(RegHandle root, const std::string& key, const std::string& name) {
@@ -75,6 +77,12 @@ std::vector<std::string> SicherungenTeilen(const std::string& feld) {
         anfang = i + 1;
     }
     return namen;
+}
+
+bool UnlesbarGemeldet(Plattform& p, const std::string& pfad) {
+    if (p.files.GetAttributes(pfad) == kInvalidAttributes || p.files.CanRead(pfad)) return false;
+    DateiNichtGelöscht(p, pfad, 32);  // ERROR_SHARING_VIOLATION
+    return true;
 }
 
 std::string Herkunft(FileApi& files, const std::string& programmordner, const std::string& name) {

@@ -42,6 +42,10 @@ private:
     std::string datei_;
 };
 
+// A file that is there but cannot be read cannot be saved, so it must not go: the user hears
+// of it as of any file in use that would not go. True when it was so reported.
+bool UnlesbarGemeldet(Plattform& p, const std::string& pfad);
+
 // The path a file's backup came from, as its note says; "" for a .reg backup or a lost note.
 std::string Herkunft(FileApi& files, const std::string& programmordner, const std::string& name);
 

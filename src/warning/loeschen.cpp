@@ -132,14 +132,10 @@ void Vorher(Form3Fenster& f, std::initializer_list<std::pair<RegHandle, std::str
     Sichern(f, s);
 }
 
-// The file's removal, after its backup. A file that cannot be read cannot be saved: it
-// stays, and the user hears of it as of any file in use that would not go.
+// The file's removal, after its backup.
 bool DateiEntfernen(Form3Fenster& f, const std::string& pfad) {
     Plattform& p = f.K().P();
-    if (p.files.GetAttributes(pfad) != kInvalidAttributes && !p.files.CanRead(pfad)) {
-        DateiNichtGelöscht(p, pfad, 32);  // ERROR_SHARING_VIOLATION
-        return false;
-    }
+    if (UnlesbarGemeldet(p, pfad)) return false;
     Sicherung s = SicherungFür(f);
     s.Datei(pfad);
     Sichern(f, s);

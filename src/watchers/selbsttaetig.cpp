@@ -23,10 +23,7 @@ std::optional<std::string> SelbstSichern(WächterKontext& k, Sicherung& s) {
 
 bool DateiSelbstLöschen(WächterKontext& k, const std::string& pfad, std::string& sicherung) {
     Plattform& p = k.P();
-    if (p.files.GetAttributes(pfad) != kInvalidAttributes && !p.files.CanRead(pfad)) {
-        DateiNichtGelöscht(p, pfad, 32);  // ERROR_SHARING_VIOLATION
-        return false;
-    }
+    if (UnlesbarGemeldet(p, pfad)) return false;
     Sicherung s = SelbstSicherung(k);
     s.Datei(pfad);
     const std::optional<std::string> name = SelbstSichern(k, s);

@@ -17,8 +17,8 @@ Sicherung SelbstSicherung(WächterKontext& k);
 // Writes the backup: its name, or nullopt when it could not be written; then the step must
 // not happen, and a balloon has told the user.
 std::optional<std::string> SelbstSichern(WächterKontext& k, Sicherung& s);
-// The removal of a file after its backup. A file that cannot be read cannot be saved: it
-// stays, reported as a file in use that would not go. SICHERUNG gets the backup's name.
+// The removal of a file after its backup (an unreadable one stays, see UnlesbarGemeldet).
+// SICHERUNG gets the backup's name.
 bool DateiSelbstLöschen(WächterKontext& k, const std::string& pfad, std::string& sicherung);
 // The journal's line of a step taken.
 void SelbstJournal(WächterKontext& k, Kategorie kategorie, const std::string& ziel, const std::string& aktion,
