@@ -19,6 +19,8 @@ void spä1_Click(AlarmDaten& a, ListenPanel&, int index) {
 constexpr Listenmenü kSpäter{Ausnahmeliste::List8,
                              &AlarmDaten::List8,
                              nullptr,
+                             nullptr,
+                             nullptr,
                              "spä",
                              {"Markierten Eintrag löschen", "Alle aus der Liste löschen"},
                              0,
@@ -64,11 +66,7 @@ void Ausnahmelisten::MausLos(Ausnahmeliste liste) {
 
 void Ausnahmelisten::MenüKlick(Ausnahmeliste liste, int index) {
     const Listenmenü& art = Art(liste);
-    const void* steuerelement = art.kasten ? static_cast<const void*>(&(a_.*art.kasten))
-                                           : static_cast<const void*>(&(a_.*art.ansicht));
-    const Grundliste* datei = nullptr;
-    for (const AlarmDaten::ListeMitDatei& l : a_.ListenMitDatei())
-        if (l.liste->Zeigt(steuerelement)) datei = l.liste;
+    const Grundliste* datei = art.datei ? &art.datei(a_) : nullptr;
     // The deferred list lives in memory only: nothing to save.
     if (!datei) return art.wahl(a_, *this, index);
 

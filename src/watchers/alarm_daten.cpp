@@ -1,6 +1,7 @@
 #include "watchers/alarm_daten.h"
 
 #include "common/pumpenfrei.h"
+#include "watchers/waechter.h"
 
 namespace kes {
 
@@ -25,24 +26,11 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
 }
 
 std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {
-    using A = AlarmDaten;
-    return {
-        {&prozesse.basis, [](A& a) { a.prozesse.LadeProzesse(); }},
-        {&prozesse.firmen, [](A& a) { a.prozesse.LadeProzessFirmen(); }},
-        {&favoriten.basis, [](A& a) { a.favoriten.LadeFavoriten(); }},
-        {&dfü.basis, [](A& a) { a.dfü.LadeDFÜ(); }},
-        {&autostartOrdner.basis, [](A& a) { a.autostartOrdner.LadeAutostart(); }},
-        {&autostartRegistry.basis, [](A& a) { a.autostartRegistry.LadeAutostartregistry(); }},
-        {&windowsDateien.ausnahmen, [](A& a) { a.windowsDateien.LadeWindowsausnahme(); }},
-        {&klassenlisten.bho, [](A& a) { a.klassenlisten.LadeBHO(); }},
-        {&klassenlisten.shellService, [](A& a) { a.klassenlisten.LadeShellService(); }},
-        {&klassenlisten.taskScheduler, [](A& a) { a.klassenlisten.LadeSharedTaskScheduler(); }},
-        {&klassenlisten.urlSearchHooks, [](A& a) { a.klassenlisten.LadeURLSearchHook(); }},
-        {&activeX.basis, [](A& a) { a.activeX.LadeActiveX(); }},
-        {&dienste.basis, [](A& a) { a.dienste.LadeDienste(); }},
-        {&dienste.firmen, [](A& a) { a.dienste.LadeDiensteHersteller(); }},
-        {&vertrauenswürdigeSeiten.basis, [](A& a) { a.vertrauenswürdigeSeiten.LadeToolbar(); }},
-    };
+    std::vector<ListeMitDatei> listen;
+    for (const WächterZeile& z : Wächtertabelle())
+        for (const Listenmenü& m : z.listen)
+            if (m.menü) listen.push_back({&m.datei(*this), m.laden});
+    return listen;
 }
 
 bool AlarmDaten::Später(const std::string& schlüssel) const {

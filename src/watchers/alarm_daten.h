@@ -109,7 +109,8 @@ public:
     void Laden();
 
     // A baseline or exception list with its file, and the loader that fills the list from
-    // the file alone (a file put back from a backup is read in again by it).
+    // the file alone (a file put back from a backup is read in again by it): the lists of
+    // the watcher table's menus.
     struct ListeMitDatei {
         Grundliste* liste;
         void (*laden)(AlarmDaten& a);

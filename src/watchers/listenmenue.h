@@ -16,6 +16,7 @@
 namespace kes {
 
 class AlarmDaten;
+class Grundliste;
 
 // The panel's lists that have a context menu, by their control names: the one list, in the
 // order of the enumeration, which the count follows.
@@ -83,6 +84,10 @@ struct Listenmenü {
     // The list the menu belongs to: a list box or a list view of Alarm.
     ListBox AlarmDaten::*kasten = nullptr;
     ListView AlarmDaten::*ansicht = nullptr;
+    // The list with its file, and the loader that fills the list from the file alone (a
+    // file put back from a backup is read in again by it).
+    Grundliste& (*datei)(AlarmDaten& a) = nullptr;
+    void (*laden)(AlarmDaten& a) = nullptr;
     const char* menü = nullptr;
     // Design captions; "" where the caption is set before each opening.
     std::array<const char*, 2> einträge{};

@@ -21,10 +21,21 @@ constexpr WächterZeile kWächter[] = {
      .zurücksetzen = {{{2, kProzesseDatei}, {13, kFirmaDatei}}},
      .erstaufnahme = ErstemalAnzeigen,
      .assistent = true,
-     .listen = {{{L::List1, &A::List1, nullptr, "Prozess", {""}, 0, " Eintrag löschen", Pro_Click},
+     .listen = {{{L::List1,
+                  &A::List1,
+                  nullptr,
+                  [](A& a) -> Grundliste& { return a.prozesse.firmen; },
+                  [](A& a) { a.prozesse.LadeProzessFirmen(); },
+                  "Prozess",
+                  {""},
+                  0,
+                  " Eintrag löschen",
+                  Pro_Click},
                  {L::ListView6,
                   nullptr,
                   &A::ListView6,
+                  [](A& a) -> Grundliste& { return a.prozesse.basis; },
+                  [](A& a) { a.prozesse.LadeProzesse(); },
                   "ProzessListview6",
                   {"Löschen"},
                   0,
@@ -46,8 +57,16 @@ constexpr WächterZeile kWächter[] = {
      .laden = {[](A& a, W&) { a.favoriten.LadeFavoriten(); }},
      .zurücksetzen = {{{7, kFavoritenDatei}}},
      .assistent = true,
-     .listen =
-         {{{L::List4, &A::List4, nullptr, "LöschFavoriten", {""}, 0, " Eintrag löschen", LöscheFavoriten_Click}}}},
+     .listen = {{{L::List4,
+                  &A::List4,
+                  nullptr,
+                  [](A& a) -> Grundliste& { return a.favoriten.basis; },
+                  [](A& a) { a.favoriten.LadeFavoriten(); },
+                  "LöschFavoriten",
+                  {""},
+                  0,
+                  " Eintrag löschen",
+                  LöscheFavoriten_Click}}}},
     {.name = "start pages",
      .box = 8,
      .beschriftung = "IExplorer Überwachung Registry",
@@ -69,6 +88,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::ListView2,
                   nullptr,
                   &A::ListView2,
+                  [](A& a) -> Grundliste& { return a.dfü.basis; },
+                  [](A& a) { a.dfü.LadeDFÜ(); },
                   "löschedfü",
                   {"Info zur DFÜ-Verbindung", "lösche"},
                   1,
@@ -96,6 +117,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::List3,
                   &A::List3,
                   nullptr,
+                  [](A& a) -> Grundliste& { return a.autostartOrdner.basis; },
+                  [](A& a) { a.autostartOrdner.LadeAutostart(); },
                   "LöscheAutostartordner",
                   {"lösche"},
                   0,
@@ -114,6 +137,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::ListView1,
                   nullptr,
                   &A::ListView1,
+                  [](A& a) -> Grundliste& { return a.autostartRegistry.basis; },
+                  [](A& a) { a.autostartRegistry.LadeAutostartregistry(); },
                   "löscheRegistry",
                   {""},
                   0,
@@ -156,8 +181,16 @@ constexpr WächterZeile kWächter[] = {
              if (a.ListView4.Items.empty()) a.windowsDateien.LadeWindows();
          },
      .assistent = true,
-     .listen =
-         {{{L::List5, &A::List5, nullptr, "Löschewindows", {"lösche"}, 0, " Eintrag löschen", Löschewindows1_Click}}}},
+     .listen = {{{L::List5,
+                  &A::List5,
+                  nullptr,
+                  [](A& a) -> Grundliste& { return a.windowsDateien.ausnahmen; },
+                  [](A& a) { a.windowsDateien.LadeWindowsausnahme(); },
+                  "Löschewindows",
+                  {"lösche"},
+                  0,
+                  " Eintrag löschen",
+                  Löschewindows1_Click}}}},
     {.name = "system folder",
      .box = 20,
      // Its caption is the folder, set when the panel loads.
@@ -180,6 +213,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::List6,
                   &A::List6,
                   nullptr,
+                  [](A& a) -> Grundliste& { return a.activeX.basis; },
+                  [](A& a) { a.activeX.LadeActiveX(); },
                   "löscheactivex",
                   {"löschen"},
                   0,
@@ -194,6 +229,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::ListView8,
                   nullptr,
                   &A::ListView8,
+                  [](A& a) -> Grundliste& { return a.klassenlisten.bho; },
+                  [](A& a) { a.klassenlisten.LadeBHO(); },
                   "bho",
                   {"bholöschen"},
                   0,
@@ -209,6 +246,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::ListView9,
                   nullptr,
                   &A::ListView9,
+                  [](A& a) -> Grundliste& { return a.klassenlisten.shellService; },
+                  [](A& a) { a.klassenlisten.LadeShellService(); },
                   "shellservice",
                   {"löschen"},
                   0,
@@ -224,6 +263,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::ListView10,
                   nullptr,
                   &A::ListView10,
+                  [](A& a) -> Grundliste& { return a.klassenlisten.taskScheduler; },
+                  [](A& a) { a.klassenlisten.LadeSharedTaskScheduler(); },
                   "taskscheduler",
                   {"löschen"},
                   0,
@@ -246,8 +287,16 @@ constexpr WächterZeile kWächter[] = {
      .zyklus = {[](A& a, W&) { a.klassenlisten.TesteSonstiges2(); }},
      .laden = {[](A& a, W&) { a.klassenlisten.LadeURLSearchHook(); }},
      .zurücksetzen = {{{10, kURLSearchHookDatei}}},
-     .listen =
-         {{{L::List9, &A::List9, nullptr, "searchhook", {"löschen"}, 0, " ---> Eintrag löschen", searchhook1_Click}}}},
+     .listen = {{{L::List9,
+                  &A::List9,
+                  nullptr,
+                  [](A& a) -> Grundliste& { return a.klassenlisten.urlSearchHooks; },
+                  [](A& a) { a.klassenlisten.LadeURLSearchHook(); },
+                  "searchhook",
+                  {"löschen"},
+                  0,
+                  " ---> Eintrag löschen",
+                  searchhook1_Click}}}},
     {.name = "services",
      .box = 28,
      .beschriftung = "Sofort Melden, wenn ein Dienst hinzugefügt wird.",
@@ -259,6 +308,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::List10,
                   &A::List10,
                   nullptr,
+                  [](A& a) -> Grundliste& { return a.dienste.firmen; },
+                  [](A& a) { a.dienste.LadeDiensteHersteller(); },
                   "dienst2",
                   {"Alle Einträge aus der liste entfernen", "löschen"},
                   1,
@@ -267,6 +318,8 @@ constexpr WächterZeile kWächter[] = {
                  {L::ListView11,
                   nullptr,
                   &A::ListView11,
+                  [](A& a) -> Grundliste& { return a.dienste.basis; },
+                  [](A& a) { a.dienste.LadeDienste(); },
                   "dienst",
                   {"", "Alle Dienste aus der Liste entfernen"},
                   0,
@@ -285,6 +338,8 @@ constexpr WächterZeile kWächter[] = {
      .listen = {{{L::ListView12,
                   nullptr,
                   &A::ListView12,
+                  [](A& a) -> Grundliste& { return a.vertrauenswürdigeSeiten.basis; },
+                  [](A& a) { a.vertrauenswürdigeSeiten.LadeToolbar(); },
                   "Toolbarlöschen1",
                   {"Toolbarlöschen"},
                   0,
@@ -332,8 +387,8 @@ constexpr bool BoxenEindeutig() {
 static_assert(BoxenEindeutig(), "every box of the table below kBoxAnzahl, none twice, the last one taken");
 
 // Every list of the panel but the deferred one, which is the panel's own, has its menu in
-// exactly one row, bound to a list of its own and with a handler; the view finds a list's
-// menu by the list it is bound to.
+// exactly one row, bound to a list of its own, with its file, its loader and a handler; the
+// view finds a list's menu by the list it is bound to.
 constexpr bool ListenVollständig() {
     for (const WächterZeile& z : kWächter)
         for (const Listenmenü& m : z.listen) {
@@ -351,6 +406,7 @@ constexpr bool ListenVollständig() {
             for (const Listenmenü& m : z.listen)
                 if (m.menü && static_cast<int>(m.liste) == l) {
                     if (!m.schwanz || (m.kasten == nullptr) == (m.ansicht == nullptr)) return false;
+                    if (!m.datei || !m.laden) return false;
 #ifndef __SANITIZE_ADDRESS__
                     // The sanitizer build cannot compare the address of a function of another
                     // file in a constant expression; every other build checks it.
@@ -367,6 +423,14 @@ static_assert(ListenVollständig(), "every list of the panel has one menu in one
 
 std::span<const WächterZeile> Wächtertabelle() {
     return kWächter;
+}
+
+Listensteuerelement SteuerelementVon(AlarmDaten& a, Ausnahmeliste liste) {
+    for (const WächterZeile& z : kWächter)
+        for (const Listenmenü& m : z.listen)
+            if (m.menü && m.liste == liste)
+                return {m.kasten ? &(a.*m.kasten) : nullptr, m.ansicht ? &(a.*m.ansicht) : nullptr};
+    return {&a.List8, nullptr};
 }
 
 }  // namespace kes

@@ -64,4 +64,12 @@ struct WächterZeile {
 
 std::span<const WächterZeile> Wächtertabelle();
 
+// The control of a panel list: its list box or its list view, the other null. The deferred
+// list is the panel's own and in no row.
+struct Listensteuerelement {
+    ListBox* kasten = nullptr;
+    ListView* ansicht = nullptr;
+};
+Listensteuerelement SteuerelementVon(AlarmDaten& a, Ausnahmeliste liste);
+
 }  // namespace kes

@@ -28,8 +28,8 @@ protected:
         ASSERT_FALSE(fp.registry.HasValue(kRun, "Tool"));
     }
     std::string Wert() {
-        return RegDateiText(RegWertLesen(fp.registry, kHkeyCurrentUser,
-                                         "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool"));
+        return RegDateiText(
+            RegWertLesen(fp.registry, kHkeyCurrentUser, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool"));
     }
     AlarmFenster& a() { return prg.Alarm(); }
 };
@@ -80,17 +80,28 @@ TEST_F(SicherungenSeite, ADeletedBackupLeavesThePageAndNothingElse) {
     EXPECT_FALSE(Journal(fp.files, fp.system, ordner).Lesen().einträge.empty()) << "the journal stays";
 }
 
-// Every list of the panel that keeps a file is known with its file and loader, so that its
-// deletes are saved and a restored file is read in again.
-TEST_F(SicherungenSeite, EveryPanelListWithAFileHasItsLoader) {
+// Every menu's file is the file of the list it is bound to, and its loader reads that file
+// back, so that a delete from the list is saved and a restored file is read in again.
+TEST_F(SicherungenSeite, EveryPanelListsFileAndLoaderBelongToIt) {
     for (const WächterZeile& z : Wächtertabelle())
         for (const Listenmenü& m : z.listen) {
             if (!m.menü) continue;
-            const void* steuer = m.kasten ? static_cast<const void*>(&(a().*m.kasten))
-                                          : static_cast<const void*>(&(a().*m.ansicht));
-            bool bekannt = false;
-            for (const auto& l : a().ListenMitDatei()) bekannt |= l.liste->Zeigt(steuer);
-            EXPECT_TRUE(bekannt) << m.menü << " has no file and loader in ListenMitDatei";
+            ListBox* kasten = m.kasten ? &(a().*m.kasten) : nullptr;
+            ListView* ansicht = m.ansicht ? &(a().*m.ansicht) : nullptr;
+            const Grundliste& datei = m.datei(a());
+            EXPECT_TRUE(datei.Zeigt(kasten ? static_cast<const void*>(kasten) : ansicht)) << m.menü;
+            if (kasten) kasten->Items = {"Eintrag"};
+            if (ansicht) {
+                ansicht->Items.assign(1, ListItem{});
+                ansicht->Items[0].Text = "Eintrag";
+                ansicht->Items[0].SetSubItem(2, "1");
+            }
+            datei.Speichern();
+            if (kasten) kasten->Items.clear();
+            if (ansicht) ansicht->Items.clear();
+            m.laden(a());
+            EXPECT_EQ(kasten ? kasten->Items.size() : ansicht->Items.size(), 1u)
+                << m.menü << " does not read its file back";
         }
 }
 

@@ -13,6 +13,7 @@
 #include "platform/hive_ocx.h"
 #include "programm_test_basis.h"
 #include "warning/kategorien.h"
+#include "watchers/waechter.h"
 
 namespace kes::test {
 namespace {
@@ -153,44 +154,9 @@ protected:
     }
     // The last entry of a list selected, as the user does before the menu.
     void Markieren(L liste) {
-        auto box = [](ListBox& l) { l.ListIndex = static_cast<int>(l.Items.size()) - 1; };
-        auto view = [](ListView& l) {
-            if (!l.Items.empty()) l.Items.back().Selected = true;
-        };
-        switch (liste) {
-            case L::List1:
-                return box(a().List1);
-            case L::List3:
-                return box(a().List3);
-            case L::List4:
-                return box(a().List4);
-            case L::List5:
-                return box(a().List5);
-            case L::List6:
-                return box(a().List6);
-            case L::List8:
-                return box(a().List8);
-            case L::List9:
-                return box(a().List9);
-            case L::List10:
-                return box(a().List10);
-            case L::ListView1:
-                return view(a().ListView1);
-            case L::ListView2:
-                return view(a().ListView2);
-            case L::ListView6:
-                return view(a().ListView6);
-            case L::ListView8:
-                return view(a().ListView8);
-            case L::ListView9:
-                return view(a().ListView9);
-            case L::ListView10:
-                return view(a().ListView10);
-            case L::ListView11:
-                return view(a().ListView11);
-            case L::ListView12:
-                return view(a().ListView12);
-        }
+        const Listensteuerelement l = SteuerelementVon(a(), liste);
+        if (l.kasten) l.kasten->ListIndex = static_cast<int>(l.kasten->Items.size()) - 1;
+        if (l.ansicht && !l.ansicht->Items.empty()) l.ansicht->Items.back().Selected = true;
     }
     static const Szenario& Von(K k);
 };

@@ -159,57 +159,14 @@ const Wächterzeile kZeilen[] = {
 
 enum class Änderung { Entfernen, Hinzufügen, Leeren };
 
-// The rows of a panel list as the user and the warning actions change them.
-struct Liste {
-    ListBox* box = nullptr;
-    ListView* view = nullptr;
-};
-Liste Von(AlarmDaten& a, L l) {
-    switch (l) {
-        case L::List1:
-            return {&a.List1, nullptr};
-        case L::ListView6:
-            return {nullptr, &a.ListView6};
-        case L::List4:
-            return {&a.List4, nullptr};
-        case L::ListView2:
-            return {nullptr, &a.ListView2};
-        case L::List3:
-            return {&a.List3, nullptr};
-        case L::ListView1:
-            return {nullptr, &a.ListView1};
-        case L::List5:
-            return {&a.List5, nullptr};
-        case L::List8:
-            return {&a.List8, nullptr};
-        case L::ListView8:
-            return {nullptr, &a.ListView8};
-        case L::List6:
-            return {&a.List6, nullptr};
-        case L::ListView9:
-            return {nullptr, &a.ListView9};
-        case L::ListView10:
-            return {nullptr, &a.ListView10};
-        case L::List9:
-            return {&a.List9, nullptr};
-        case L::List10:
-            return {&a.List10, nullptr};
-        case L::ListView11:
-            return {nullptr, &a.ListView11};
-        case L::ListView12:
-            return {nullptr, &a.ListView12};
-    }
-    return {};
-}
-
 void Ändern(AlarmFenster& a, L l, Änderung ä) {
-    const Liste liste = Von(a, l);
+    const Listensteuerelement liste = SteuerelementVon(a, l);
     switch (ä) {
         case Änderung::Entfernen: {
             // The first row, through the panel's own menu entry that deletes one row (the
             // search hooks have only the one that deletes them all).
-            if (liste.box && !liste.box->Items.empty()) liste.box->ListIndex = 0;
-            if (liste.view && !liste.view->Items.empty()) liste.view->Items[0].Selected = true;
+            if (liste.kasten && !liste.kasten->Items.empty()) liste.kasten->ListIndex = 0;
+            if (liste.ansicht && !liste.ansicht->Items.empty()) liste.ansicht->Items[0].Selected = true;
             const int eintrag = l == L::ListView2 || l == L::List10 ? 1 : 0;
             a.Ausnahmen.MenüKlick(l, eintrag);
             break;
@@ -218,13 +175,13 @@ void Ändern(AlarmFenster& a, L l, Änderung ä) {
             // As the accept actions add: enough rows that the list must grow its memory.
             for (int i = 0; i < 40; ++i) {
                 const std::string text = "zugefügt " + std::to_string(i);
-                if (liste.box) liste.box->Items.push_back(text);
-                if (liste.view) liste.view->Add(text);
+                if (liste.kasten) liste.kasten->Items.push_back(text);
+                if (liste.ansicht) liste.ansicht->Add(text);
             }
             break;
         case Änderung::Leeren:
-            if (liste.box) liste.box->Items = {};
-            if (liste.view) liste.view->Items = {};
+            if (liste.kasten) liste.kasten->Items = {};
+            if (liste.ansicht) liste.ansicht->Items = {};
             break;
     }
 }
