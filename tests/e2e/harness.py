@@ -247,6 +247,8 @@ class Harness:
         """A fresh folder drive_c/Kestrella-NAME with the program and its daten folder."""
         self.folder = os.path.join(self.prefix, "drive_c", "Kestrella-" + name)
         shutil.rmtree(self.folder, ignore_errors=True)
+        if os.path.exists(self.folder + ".stderr"):
+            os.remove(self.folder + ".stderr")
         os.makedirs(self.folder)
         shutil.copy2(self.kestrella, self.folder)
         daten = os.path.join(os.path.dirname(self.kestrella), "daten")
@@ -265,9 +267,19 @@ class Harness:
         for key, value in values.items():
             self.run(["wine", self.kestrella_dat, "set", dat, key, str(value)], env=self.tool_env)
 
+    def program_said(self):
+        """What the program of this test wrote to its error output, beside its folder."""
+        try:
+            with open(self.folder + ".stderr", encoding="cp1252", errors="replace") as f:
+                return f.read().strip()
+        except (OSError, TypeError):
+            return ""
+
     def start(self, *args):
-        proc = subprocess.Popen(["wine", os.path.join(self.folder, "Kestrella.exe"), *args], cwd=self.folder,
-                                env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # The error output goes beside the program folder, so that a failure can quote it.
+        with open(self.folder + ".stderr", "ab") as err:
+            proc = subprocess.Popen(["wine", os.path.join(self.folder, "Kestrella.exe"), *args], cwd=self.folder,
+                                    env=self.env, stdout=subprocess.DEVNULL, stderr=err)
         self.procs.append(proc)
         return proc
 
@@ -481,6 +493,9 @@ def keep_failure(h, kept):
     if h.folder and os.path.isdir(h.folder):
         shutil.copytree(h.folder, os.path.join(kept, "program"), ignore=shutil.ignore_patterns("*.exe"),
                         dirs_exist_ok=True)
+    said = h.program_said()
+    if said:
+        lines += "\n    the program said: " + said[-500:]
     try:
         shown = [f"{w['title']!r} ({w['class']})" for w in h.windows() if w["visible"]]
         lines += "\n    visible windows: " + (", ".join(shown) or "none")

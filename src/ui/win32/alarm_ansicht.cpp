@@ -2,6 +2,9 @@
 
 #include <commctrl.h>
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "core/programm.h"
 #include "platform/win32/unique_handle.h"
 #include "ui/win32/aufab_ansicht.h"
@@ -35,7 +38,24 @@ AlarmAnsicht::AlarmAnsicht(Programm& prg, AlarmFenster& modell)
     SeitenAllgemein();
     SeitenInternet();
     SeitenRegistry();
+    AllesPlatziert();
     Abgleichen();
+}
+
+// A box or list that no page places could not be switched or edited at all, and nothing
+// else would notice: the program stops at its first start instead, naming what is missing.
+void AlarmAnsicht::AllesPlatziert() const {
+    std::string fehlt;
+    for (int i = 0; i < kBoxAnzahl; ++i)
+        if (!box_[static_cast<std::size_t>(i)]) fehlt += " Box1(" + std::to_string(i) + ")";
+    for (int l = 0; l < kAusnahmelistenAnzahl; ++l) {
+        bool da = false;
+        for (const Ausnahme& a : ausnahmen_) da = da || a.liste == static_cast<Ausnahmeliste>(l);
+        if (!da) fehlt += " Liste " + std::to_string(l);
+    }
+    if (fehlt.empty()) return;
+    std::fprintf(stderr, "Kestrella: auf keiner Seite des Panels:%s\n", fehlt.c_str());
+    std::abort();
 }
 
 HWND AlarmAnsicht::Neu(int seite, const char* klasse, const std::string& text, DWORD stil, int id, int x, int y, int b,

@@ -52,6 +52,8 @@ private:
     void SeitenAllgemein();  // 0, 1, 9, 10, 15, 17
     void SeitenInternet();   // 2, 3, 4, 7, 8, 18
     void SeitenRegistry();   // 5, 6, 11, 12, 13, 14, 16, 19
+    // Stops the program when a box of Box1 or a list of the watcher table has no control.
+    void AllesPlatziert() const;
     HWND Neu(int seite, const char* klasse, const std::string& text, DWORD stil, int id, int x, int y, int b, int h);
     HWND Überschrift(int seite, const std::string& text, int x, int y, int b = 300);
     HWND Hilfe(int seite, const std::string& text, int x, int y, int b, int h);
