@@ -10,6 +10,7 @@
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
 #include "warning/form3.h"
+#include "watchers/waechter.h"
 
 namespace kes::test {
 
