@@ -10,8 +10,8 @@
 namespace kes {
 
 namespace {
-constexpr const char* kLeiste[12] = {"Option",     "Prozesse",   "Internet", "Autostart", "Datei System", "Hijacker",
-                                     "Sonstiges",  "Überwachen", "Dienste",  "Später",    "Zurücksetzen", "Sicherungen"};
+constexpr const char* kLeiste[12] = {"Option",    "Prozesse",   "Internet", "Autostart", "Datei System", "Hijacker",
+                                     "Sonstiges", "Überwachen", "Dienste",  "Später",    "Zurücksetzen", "Sicherungen"};
 constexpr const char* kInternet[6] = {"IExplorer Favoriten", "IExplorer Startpage",
                                       "DFÜ-Verbindung",      "Nachrichtendienst",
                                       "Hosts-Datei",         "IExplorer Vertrauenswürtige Seiten"};
@@ -21,21 +21,6 @@ constexpr int kAutostartSeite[3] = {5, 6, 19};
 constexpr const char* kHijacker[5] = {"Browser Helper Objects", "ActiveX-Objekte", "ShellServiceObjectDelayLoad",
                                       "SharedTaskScheduler", "Sonstige Registry Einträge"};
 constexpr int kHijackerSeite[5] = {11, 12, 13, 14, 16};
-
-// The ten watched keys and what the three texts are for.
-constexpr const char* kShellOrte[13] = {"HKEY_CLASSES_ROOT\\exefile\\shell\\open\\command",
-                                        "HKEY_CLASSES_ROOT\\comfile\\shell\\open\\command",
-                                        "HKEY_CLASSES_ROOT\\batfile\\shell\\open\\command",
-                                        "HKEY_CLASSES_ROOT\\piffile\\shell\\open\\command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\exefile\\shell\\open\\command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\batfile\\shell\\open\\command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\comfile\\shell\\open\\command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\piffile\\shell\\open\\command",
-                                        "HKEY_CLASSES_ROOT\\htafile\\Shell\\Open\\Command",
-                                        "HKEY_LOCAL_MACHINE\\Software\\CLASSES\\htafile\\Shell\\Open\\Command",
-                                        "Zuletzt geprüft:",
-                                        "exe, com, bat, pif:",
-                                        "hta:"};
 
 }  // namespace
 
@@ -71,21 +56,13 @@ void AlarmFenster::SeitenleisteAnlegen() {
     ListView8.ColumnWidths = ListView9.ColumnWidths = ListView10.ColumnWidths = std::vector<int>(13, 90);
     ListView11.ColumnWidths = std::vector<int>(15, 90);
 
-    // The watched places of page 6, as the autostart registry watcher walks them.
-    const char* orte[12] = {"HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run",
-                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce",
-                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnceEx",
-                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunServices",
-                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunServicesOnce",
-                            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run",
-                            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce",
-                            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\RunServices",
-                            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\RunServicesOnce",
-                            "HKEY_USERS\\<Benutzer>\\Software\\Microsoft\\Windows\\CurrentVersion\\Run",
-                            "HKEY_USERS\\<Benutzer>\\Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce",
-                            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon"};
-    for (std::size_t i = 0; i < 12; ++i) Label2[4 + i].Caption = orte[i];
-    for (std::size_t i = 0; i < 13; ++i) ww[22 + i].Caption = kShellOrte[i];
+    // The watched places of pages 6 and 19, as their watchers walk them.
+    for (std::size_t i = 0; i < 12; ++i) Label2[4 + i].Caption = kAutostartOrte[i];
+    const auto shellOrte = ShellBefehle::Orte();
+    for (std::size_t i = 0; i < shellOrte.size(); ++i) ww[22 + i].Caption = shellOrte[i];
+    ww[32].Caption = "Zuletzt geprüft:";
+    ww[33].Caption = "exe, com, bat, pif:";
+    ww[34].Caption = "hta:";
     // The services watcher adds the count when it loads.
     ww[19].Caption = "Ausnahmen:";
 }

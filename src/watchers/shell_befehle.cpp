@@ -3,8 +3,8 @@
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
-#include "watchers/warnung.h"
 #include "watchers/selbsttaetig.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
@@ -78,7 +78,8 @@ bool ShellBefehle::Behandeln(const std::string& hive, const std::string& key, co
         const std::optional<std::string> name = SelbstSichern(k_, s);
         if (!name) return true;
         Übergehen([&] { HiveOCX(k_.P().registry).WriteValue(HiveCode(hive), key, kStandardwert, erwartet); });
-        SelbstJournal(k_, Kategorie::HtaFile, aufschub, "Original", *name, {"Registryschlüssel wurde geändert.", werte});
+        SelbstJournal(k_, Kategorie::HtaFile, aufschub, "Original", *name,
+                      {"Registryschlüssel wurde geändert.", werte});
         // The tip is the one the program has always left on the icon here.
         if (k_.Box(7) == 1)
             Übergehen([&] { k_.Sprechblase("Geändert: " + aufschub, werte, "IExplorer Favorit", "BLINKTRAY"); });
@@ -115,6 +116,12 @@ bool ShellBefehle::Behandeln(const std::string& hive, const std::string& key, co
         Übergehen([&] { f.picProcIcon.Bild = 4; });
     });
     return true;
+}
+
+std::array<std::string, 10> ShellBefehle::Orte() {
+    std::array<std::string, 10> orte;
+    for (std::size_t i = 0; i < orte.size(); ++i) orte[i] = std::string(kSchlüssel[i].hive) + "\\" + kSchlüssel[i].key;
+    return orte;
 }
 
 }  // namespace kes

@@ -23,6 +23,10 @@ public:
 
     std::array<TextBox, 3>& Text5;
 
+    // The watched keys by their whole names, in the order in which they are tested, as the
+    // control panel lists them.
+    static std::array<std::string, 10> Orte();
+
 private:
     // A key whose default value differs: true when the routine ends here (a repair or a
     // warning), false when the key is deferred and the next one is to be tested.
