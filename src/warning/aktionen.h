@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "warning/aufschub.h"
+
 namespace kes {
 
 class Form3Fenster;
@@ -43,16 +45,6 @@ void Favoriten(Form3Fenster& f);
 // The file a favourites warning is about: the folder of Label1(1), which ends in "\", and
 // the name of Label1(2). The watcher defers by this path, and it is the file to delete.
 std::string FavoritenPfad(const Form3Fenster& f);
-
-namespace später {
-std::string Text0(const Form3Fenster& f);
-std::string Text1(const Form3Fenster& f);
-std::string Text3(const Form3Fenster& f);
-std::string Zeile2(const Form3Fenster& f);
-std::string Label1_1(const Form3Fenster& f);
-std::string Zeile1(const Form3Fenster& f);
-std::string Registryzeile(const Form3Fenster& f);
-}  // namespace später
 
 // The answers of the process and start page warnings.
 namespace weitere {

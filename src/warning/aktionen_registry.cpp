@@ -5,20 +5,11 @@
 #include "platform/hive_ocx.h"
 #include "warning/aktionen.h"
 #include "warning/antwort.h"
+#include "warning/fehlerausgang.h"
 #include "warning/form3.h"
 #include "watchers/sperren.h"
 
 namespace kes {
-
-namespace {
-void Loggen(WarnKontext& k, const std::string& titel, const std::vector<std::string>& zeilen,
-            const std::string& ergebnis) {
-    try {
-        k.Log(titel, zeilen, ergebnis);
-    } catch (const Fehler&) {
-    }
-}
-}  // namespace
 
 namespace weitere {
 

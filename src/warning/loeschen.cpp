@@ -1,12 +1,14 @@
 // "Löschen": the delete action of the warning window. It removes the warned-of thing from
 // the system, by the registry control, by a REG DELETE command or by deleting a file; the
 // baseline is not touched, so a thing that comes back is warned of again.
+#include "warning/loeschen.h"
+
 #include "common/fehler.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "platform/reg_befehl.h"
-#include "warning/antwort.h"
 #include "warning/aktionen.h"
+#include "warning/antwort.h"
 #include "warning/form1.h"
 #include "warning/form3.h"
 #include "warning/kategorien.h"
@@ -113,26 +115,18 @@ void Form3Fenster::löschen(bool ja) {
 
 namespace entfernen {
 
-namespace {
-const std::string& T(const Form3Fenster& f, int i) {
-    return f.Text1[i].Text;
-}
-// REG DELETE for the key pfad + name, started minimised, not waited for; its result is not
-// looked at. löschen has made sure the name is safe on the command line.
-void Shell(Form3Fenster& f, const std::string& pfad, const std::string& name, const char* schalter = "/f") {
+void RegDeleteStarten(Form3Fenster& f, const std::string& pfad, const std::string& name, const char* schalter) {
     f.K().P().shell.RunCommand(RegDelete(pfad, name, schalter), 2);
 }
 
-// The backup of keys and values before the branch removes them.
-void Vorher(Form3Fenster& f, std::initializer_list<std::pair<RegHandle, std::string>> bäume,
-            std::initializer_list<std::tuple<RegHandle, std::string, std::string>> werte = {}) {
+void VorherSichern(Form3Fenster& f, std::initializer_list<std::pair<RegHandle, std::string>> bäume,
+                   std::initializer_list<std::tuple<RegHandle, std::string, std::string>> werte) {
     Sicherung s = SicherungFür(f);
     for (const auto& [root, key] : bäume) s.Schlüssel(root, key);
     for (const auto& [root, key, name] : werte) s.Wert(root, key, name);
     Sichern(f, s);
 }
 
-// The file's removal, after its backup.
 bool DateiEntfernen(Form3Fenster& f, const std::string& pfad) {
     Plattform& p = f.K().P();
     if (UnlesbarGemeldet(p, pfad)) return false;
@@ -142,68 +136,74 @@ bool DateiEntfernen(Form3Fenster& f, const std::string& pfad) {
     return DateiLöschen(p, pfad);
 }
 
+namespace {
 constexpr const char* kClsid = "CLSID\\";
 }  // namespace
 
 void ToolBar(Form3Fenster& f) {
     // The command's /v also takes a value of the domain's name beside the keys.
     const std::string domains(kZoneMap, std::char_traits<char>::length(kZoneMap) - 1);
-    Vorher(f, {{kHkeyLocalMachine, kZoneMap + T(f, 0)}}, {{kHkeyLocalMachine, domains, T(f, 0)}});
-    Shell(f, "HKLM\\" + std::string(kZoneMap), T(f, 0), "/v/f");
-    HiveOCX(f.K().P().registry).DeleteKeyTree(static_cast<std::int32_t>(0x80000002u), kZoneMap + T(f, 0));
+    VorherSichern(f, {{kHkeyLocalMachine, kZoneMap + Feld(f, 0)}}, {{kHkeyLocalMachine, domains, Feld(f, 0)}});
+    RegDeleteStarten(f, "HKLM\\" + std::string(kZoneMap), Feld(f, 0), "/v/f");
+    HiveOCX(f.K().P().registry).DeleteKeyTree(static_cast<std::int32_t>(0x80000002u), kZoneMap + Feld(f, 0));
     f.K().Log("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
-              {"Registry: " + T(f, 1) + "\\" + T(f, 2) + "\\" + T(f, 3), "Wert: " + T(f, 0)}, "< gelöscht OK >\"");
+              {"Registry: " + Feld(f, 1) + "\\" + Feld(f, 2) + "\\" + Feld(f, 3), "Wert: " + Feld(f, 0)},
+              "< gelöscht OK >\"");
 }
 
 void ToolBar1(Form3Fenster& f) {
-    Vorher(f, {{kHkeyCurrentUser, kZoneMap + T(f, 0)}});
-    Shell(f, "HKCU\\" + std::string(kZoneMap), T(f, 0));
-    HiveOCX(f.K().P().registry).DeleteKeyTree(static_cast<std::int32_t>(0x80000001u), kZoneMap + T(f, 0));
+    VorherSichern(f, {{kHkeyCurrentUser, kZoneMap + Feld(f, 0)}});
+    RegDeleteStarten(f, "HKCU\\" + std::string(kZoneMap), Feld(f, 0));
+    HiveOCX(f.K().P().registry).DeleteKeyTree(static_cast<std::int32_t>(0x80000001u), kZoneMap + Feld(f, 0));
     f.K().Log("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).",
-              {"Registry: " + T(f, 1) + "\\" + T(f, 2) + "\\" + T(f, 3), "Wert: " + T(f, 0)}, "< gelöscht OK >\"");
+              {"Registry: " + Feld(f, 1) + "\\" + Feld(f, 2) + "\\" + Feld(f, 3), "Wert: " + Feld(f, 0)},
+              "< gelöscht OK >\"");
 }
 
 void Dienste(Form3Fenster& f) {
     if (f.K().P().dialogs.ShowMessage(kDiensteFrage, "Kestrella Info!", kMbYesNo) != kIdYes) return;
-    Vorher(f, {{kHkeyLocalMachine, "SYSTEM\\CurrentControlSet\\Services\\" + T(f, 0)}});
-    Shell(f, "HKLM\\SYSTEM\\CurrentControlSet\\Services\\", T(f, 0));
-    f.K().Log("Neuer Dienst wurde erstellt.", {"Name: " + T(f, 0), "Datei: " + T(f, 3)}, "< Gelöscht OK >");
+    VorherSichern(f, {{kHkeyLocalMachine, "SYSTEM\\CurrentControlSet\\Services\\" + Feld(f, 0)}});
+    RegDeleteStarten(f, "HKLM\\SYSTEM\\CurrentControlSet\\Services\\", Feld(f, 0));
+    f.K().Log("Neuer Dienst wurde erstellt.", {"Name: " + Feld(f, 0), "Datei: " + Feld(f, 3)}, "< Gelöscht OK >");
 }
 
 void URLSearchHooks(Form3Fenster& f) {
-    Vorher(f, {{kHkeyClassesRoot, kClsid + T(f, 0)}},
-           {{kHkeyCurrentUser, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks", T(f, 0)}});
-    HiveOCX(f.K().P().registry).DeleteValue(1, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks", T(f, 0));
-    Shell(f, "HKCR\\CLSID\\", T(f, 0));
-    f.K().Log("IExplorer URLSearchHooks geändert.", {"Name: " + T(f, 0), "Wert: " + T(f, 1)}, "< gelöscht OK >");
+    VorherSichern(f, {{kHkeyClassesRoot, kClsid + Feld(f, 0)}},
+                  {{kHkeyCurrentUser, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks", Feld(f, 0)}});
+    HiveOCX(f.K().P().registry).DeleteValue(1, "Software\\Microsoft\\Internet Explorer\\URLSearchHooks", Feld(f, 0));
+    RegDeleteStarten(f, "HKCR\\CLSID\\", Feld(f, 0));
+    f.K().Log("IExplorer URLSearchHooks geändert.", {"Name: " + Feld(f, 0), "Wert: " + Feld(f, 1)}, "< gelöscht OK >");
 }
 
 void TaskScheduler(Form3Fenster& f) {
-    Vorher(f, {{kHkeyClassesRoot, kClsid + T(f, 0)}},
-           {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler", T(f, 0)}});
+    VorherSichern(f, {{kHkeyClassesRoot, kClsid + Feld(f, 0)}},
+                  {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler",
+                    Feld(f, 0)}});
     HiveOCX(f.K().P().registry)
-        .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler", T(f, 0));
-    Shell(f, "HKCR\\CLSID\\", T(f, 0));
-    f.K().Log("Neuer SharedTaskScheduler-Autostarteintrag wurde erstellt.", {"Name: " + T(f, 0)}, "< Gelöscht OK >");
+        .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler", Feld(f, 0));
+    RegDeleteStarten(f, "HKCR\\CLSID\\", Feld(f, 0));
+    f.K().Log("Neuer SharedTaskScheduler-Autostarteintrag wurde erstellt.", {"Name: " + Feld(f, 0)}, "< Gelöscht OK >");
 }
 
 // No log entry at all for this one.
 void ShellService(Form3Fenster& f) {
-    Vorher(f, {{kHkeyClassesRoot, kClsid + T(f, 1)}},
-           {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad", T(f, 0)}});
-    Shell(f, "HKCR\\CLSID\\", T(f, 1));
+    VorherSichern(
+        f, {{kHkeyClassesRoot, kClsid + Feld(f, 1)}},
+        {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad", Feld(f, 0)}});
+    RegDeleteStarten(f, "HKCR\\CLSID\\", Feld(f, 1));
     HiveOCX(f.K().P().registry)
-        .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad", T(f, 0));
+        .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad", Feld(f, 0));
 }
 
 void BHO(Form3Fenster& f) {
-    Vorher(f, {{kHkeyClassesRoot, kClsid + T(f, 0)}},
-           {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects", T(f, 0)}});
-    Shell(f, "HKCR\\CLSID\\", T(f, 0));
+    VorherSichern(f, {{kHkeyClassesRoot, kClsid + Feld(f, 0)}},
+                  {{kHkeyLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects",
+                    Feld(f, 0)}});
+    RegDeleteStarten(f, "HKCR\\CLSID\\", Feld(f, 0));
     // A value named after the class, not its subkey: so it stands.
     HiveOCX(f.K().P().registry)
-        .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects", T(f, 0));
-    f.K().Log("Neuer BHO Eintrag erstellt.", {"Name: " + T(f, 0), "Datei: " + T(f, 1)}, "< Gelöscht OK >");
+        .DeleteValue(2, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects", Feld(f, 0));
+    f.K().Log("Neuer BHO Eintrag erstellt.", {"Name: " + Feld(f, 0), "Datei: " + Feld(f, 1)}, "< Gelöscht OK >");
 }
 
 void ActiveX(Form3Fenster& f) {
@@ -218,9 +218,9 @@ void WindowsDatei(Form3Fenster& f) {
 }
 
 void AutostartRegistry(Form3Fenster& f) {
-    const bool ok = f.RegistryLöschenValue(T(f, 1), T(f, 2), T(f, 3), T(f, 4));
+    const bool ok = f.RegistryLöschenValue(Feld(f, 1), Feld(f, 2), Feld(f, 3), Feld(f, 4));
     f.K().Log("Neuer Eintrag in der Registry Autostart.",
-              {"Registry: " + T(f, 1) + "\\" + T(f, 2) + "\\" + T(f, 3), "Wert: " + T(f, 4)},
+              {"Registry: " + Feld(f, 1) + "\\" + Feld(f, 2) + "\\" + Feld(f, 3), "Wert: " + Feld(f, 4)},
               ok ? "< Gelöscht OK >" : "< Gelöscht Nein >");
 }
 
@@ -231,12 +231,12 @@ void AutostartOrdner(Form3Fenster& f) {
 }
 
 void DFÜ(Form3Fenster& f) {
-    const bool ok = f.K().P().dialup.DeleteEntry(T(f, 0)) == 0;
+    const bool ok = f.K().P().dialup.DeleteEntry(Feld(f, 0)) == 0;
     if (!ok)
         f.K().P().dialogs.ShowMessage(
-            "DFÜ-Verbindung konnte nicht gelöscht werden.\r\n" + T(f, 0) + " Nummer: " + T(f, 1), "Achtung!",
+            "DFÜ-Verbindung konnte nicht gelöscht werden.\r\n" + Feld(f, 0) + " Nummer: " + Feld(f, 1), "Achtung!",
             kMbOk | kMbSystemModal);
-    f.K().Log("DFÜ-Verbindung wurde erstellt. ", {"DFÜ: " + T(f, 0) + "   Nummer: " + T(f, 1)},
+    f.K().Log("DFÜ-Verbindung wurde erstellt. ", {"DFÜ: " + Feld(f, 0) + "   Nummer: " + Feld(f, 1)},
               ok ? "< Gelöscht OK >" : "< Gelöscht NEIN >");
 }
 

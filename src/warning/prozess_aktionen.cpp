@@ -8,6 +8,7 @@
 #include "platform/prozesse1.h"
 #include "warning/aktionen.h"
 #include "warning/antwort.h"
+#include "warning/fehlerausgang.h"
 #include "warning/form3.h"
 #include "watchers/alarm_daten.h"
 #include "watchers/startseite.h"
@@ -15,20 +16,6 @@
 namespace kes {
 
 namespace {
-// A failure outside the passed-over steps ends the action with its number, and the
-// warning stays open.
-template <class Tun>
-void MitFehlerausgang(Form3Fenster& f, const char* aktion, Tun tun) {
-    try {
-        tun();
-    } catch (const Fehler& e) {
-        f.K().P().dialogs.ShowMessage("(Form3, " + std::string(aktion) + ") Fehler: " + std::to_string(e.Nummer()), "",
-                                      kMbOk);
-    } catch (const std::exception&) {
-        f.K().P().dialogs.ShowMessage("(Form3, " + std::string(aktion) + ") Fehler: 5", "", kMbOk);
-    }
-}
-
 // Val: blanks skipped, then a sign and the digits up to the first other character.
 long long Zahlwert(const std::string& text) {
     return std::strtoll(text.c_str(), nullptr, 10);

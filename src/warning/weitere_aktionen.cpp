@@ -12,34 +12,6 @@
 
 namespace kes {
 
-namespace später {
-std::string Text0(const Form3Fenster& f) {
-    return f.Text1[0].Text;
-}
-std::string Text1(const Form3Fenster& f) {
-    return f.Text1[1].Text;
-}
-std::string Text3(const Form3Fenster& f) {
-    return f.Text1[3].Text;
-}
-std::string Zeile2(const Form3Fenster& f) {
-    return f.Zeile2();
-}
-std::string Label1_1(const Form3Fenster& f) {
-    return f.Label1[1].Caption;
-}
-// The watcher asks by the process name, with case; the path on row 2 would never match.
-std::string Zeile1(const Form3Fenster& f) {
-    return f.ListView2.Items.empty() ? std::string() : f.ListView2.Items[0].Text;
-}
-// Without the data: a deferred value that changes stays deferred.
-std::string Registryzeile(const Form3Fenster& f) {
-    if (f.ListView4.Items.empty()) return "\\\\";
-    const ListItem& z = f.ListView4.Items[0];
-    return z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3);
-}
-}  // namespace später
-
 namespace weitere {
 void HostsMenü(Form3Fenster& f) {
     f.Popup = PopupWunsch{"host", 0, false, 0};  // the menu finishes the job
