@@ -20,14 +20,6 @@ std::string Zeile2(const Form3Fenster& f) {
 std::string Label1_1(const Form3Fenster& f) {
     return f.Label1[1].Caption;
 }
-std::string Zeile1(const Form3Fenster& f) {
-    return f.ListView2.Items.empty() ? std::string() : f.ListView2.Items[0].Text;
-}
-std::string Registryzeile(const Form3Fenster& f) {
-    if (f.ListView4.Items.empty()) return "\\\\";
-    const ListItem& z = f.ListView4.Items[0];
-    return z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3);
-}
 }  // namespace später
 
 }  // namespace kes

@@ -1,5 +1,6 @@
 // What "Später" puts on the deferred list for a category: the text its watcher asks the
-// list by.
+// list by. These read one field of the window and serve the rows of several watchers; a
+// watcher with a text of its own declares it beside its branches.
 #pragma once
 
 #include <string>
@@ -14,10 +15,6 @@ std::string Text1(const Form3Fenster& f);
 std::string Text3(const Form3Fenster& f);
 std::string Zeile2(const Form3Fenster& f);
 std::string Label1_1(const Form3Fenster& f);
-// The watcher asks by the process name, with case; the path on row 2 would never match.
-std::string Zeile1(const Form3Fenster& f);
-// Without the data: a deferred value that changes stays deferred.
-std::string Registryzeile(const Form3Fenster& f);
 }  // namespace später
 
 }  // namespace kes
