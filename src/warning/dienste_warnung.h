@@ -27,6 +27,7 @@ inline constexpr KategorieZeile kDiensteZeilen[] = {
      .infosText = "Service-Dienste",
      .übernehmen = übernehmen::Dienste,
      .löschen = entfernen::Dienste,
+     .regDeleteFeld = 0,
      .später = später::Text3,
      .infos = weitere::DiensteÖffnen},
 };

@@ -1,6 +1,7 @@
 #include "warning/kategorien.h"
 
 #include <cstddef>
+#include <tuple>
 
 #include "warning/activex_warnung.h"
 #include "warning/autostart_ordner_warnung.h"
@@ -16,6 +17,7 @@
 #include "warning/startseite_warnung.h"
 #include "warning/systemordner_warnung.h"
 #include "warning/vertrauenswuerdige_seiten_warnung.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
@@ -62,6 +64,13 @@ constexpr bool InDerReihe() {
     return true;
 }
 static_assert(InDerReihe(), "the rows stand in the order of the keys");
+
+constexpr bool FelderImFenster() {
+    for (const KategorieZeile& z : kTabelle)
+        if (z.regDeleteFeld >= static_cast<int>(std::tuple_size_v<decltype(Warnung::Text1)>)) return false;
+    return true;
+}
+static_assert(FelderImFenster(), "a row's REG DELETE field is one of the window's Text1 fields");
 }  // namespace
 
 const KategorieZeile& Zeile(Kategorie k) {

@@ -25,24 +25,6 @@ int HiveCode(const std::string& name) {
         if (name == kHives[i]) return i;
     return -1;
 }
-
-// The field whose text a category's branch puts on a REG DELETE command line; null for the
-// branches that start no command.
-const std::string* Befehlsname(const Form3Fenster& f, Kategorie k) {
-    switch (k) {
-        case Kategorie::ToolBar:
-        case Kategorie::ToolBar1:
-        case Kategorie::Dienste:
-        case Kategorie::URLSearchHooks:
-        case Kategorie::TaskScheduler:
-        case Kategorie::BHO:
-            return &f.Text1[0].Text;
-        case Kategorie::ShellService:
-            return &f.Text1[1].Text;
-        default:
-            return nullptr;
-    }
-}
 }  // namespace
 
 bool Form3Fenster::RegistryLöschenValue(const std::string& hive, const std::string& schlüssel, const std::string& wert,
@@ -86,8 +68,9 @@ void Form3Fenster::löschen(bool ja) {
         const KategorieZeile& z = Zeile(k_.W().Kategorieschlüssel);
         // A name that would make the command delete another key: nothing happens, the user
         // is told, and the window stays for another answer.
-        if (const std::string* name = Befehlsname(*this, k_.W().Kategorieschlüssel); name && !RegNameSicher(*name)) {
-            k_.P().dialogs.ShowMessage(RegNameUnsicherText(*name), "Achtung!", kMbOk | kMbIconExclamation);
+        if (z.regDeleteFeld >= 0 && !RegNameSicher(Feld(*this, z.regDeleteFeld))) {
+            k_.P().dialogs.ShowMessage(RegNameUnsicherText(Feld(*this, z.regDeleteFeld)), "Achtung!",
+                                       kMbOk | kMbIconExclamation);
             return;
         }
         if (z.löschen) z.löschen(*this);

@@ -24,13 +24,15 @@ inline constexpr KategorieZeile kVertrauenswürdigeSeitenZeilen[] = {
      .übernehmen = übernehmen::ToolBar,
      .löschen = entfernen::ToolBar,
      .löschenZweimalRaus = true,
+     .regDeleteFeld = 0,
      .später = später::Text0},
     // No deferral: the same warning comes again at the next cycle.
     {.kategorie = Kategorie::ToolBar1,
      .knöpfe = {1, 3},
      .übernehmen = übernehmen::ToolBar,
      .löschen = entfernen::ToolBar1,
-     .löschenZweimalRaus = true},
+     .löschenZweimalRaus = true,
+     .regDeleteFeld = 0},
 };
 
 }  // namespace kes
