@@ -106,6 +106,12 @@ private:
     WarnKontext& k_;
 };
 
+// Text1(i) of the window: the field whose meaning the category gives, which the
+// category's branches read and log.
+inline const std::string& Feld(const Form3Fenster& f, int i) {
+    return f.Text1[i].Text;
+}
+
 // Height in pixels that the title bar and frame add to the panes (555 twips at 96 dpi).
 inline constexpr int kForm3Rahmen = 37;
 

@@ -1,145 +1,80 @@
 #include "warning/kategorien.h"
 
-#include "warning/aktionen.h"
+#include <cstddef>
+#include <tuple>
+
+#include "warning/activex_warnung.h"
+#include "warning/autostart_ordner_warnung.h"
+#include "warning/autostart_registry_warnung.h"
+#include "warning/dfue_warnung.h"
+#include "warning/dienste_warnung.h"
+#include "warning/favoriten_warnung.h"
+#include "warning/hosts_warnung.h"
+#include "warning/klassenlisten_warnung.h"
+#include "warning/prozesse_warnung.h"
+#include "warning/shell_befehle_warnung.h"
+#include "warning/sperren_warnung.h"
+#include "warning/startseite_warnung.h"
+#include "warning/systemordner_warnung.h"
+#include "warning/vertrauenswuerdige_seiten_warnung.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
 namespace {
-using K = Kategorie;
+// Keine is the key of no warning.
+constexpr KategorieZeile kOhneWarnung[] = {{Kategorie::Keine}};
 
-// One row per key. Captions and tips are the window's own texts.
-constexpr KategorieZeile kTabelle[] = {
-    {K::Keine},
-    {.kategorie = K::Prozesse,
-     .knöpfe = {1, 2},
-     .übernehmen = übernehmen::Prozesse,
-     .später = später::Zeile1,  // the name: the watcher asks by it
-     .töten = weitere::ProzessTöten},
-    {.kategorie = K::HostsDatei,
-     .knöpfe = {1, 8, 9},
-     .originalText = "Original",
-     .originalTipp = "Original Grösse setzen",
-     .infosText = "Öffnen",
-     .übernehmen = übernehmen::HostsDatei,
-     .später = später::Label1_1,
-     .original = weitere::HostsMenü,
-     .infos = weitere::HostsÖffnen},
-    {.kategorie = K::Favorit1,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::Favoriten,
-     .löschen = entfernen::Favoriten,
-     .später = FavoritenPfad},
-    {.kategorie = K::Favorit2,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::Favoriten,
-     .löschen = entfernen::Favoriten,
-     .später = FavoritenPfad},
-    {.kategorie = K::Favoriten,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::Favoriten,
-     .löschen = entfernen::Favoriten,
-     .später = FavoritenPfad},
-    {.kategorie = K::StartPage,
-     .knöpfe = {1, 8},
-     .originalText = "Original",
-     .originalTipp = "Original Wert setzen",
-     .übernehmen = übernehmen::StartPage,
-     .später = später::Label1_1,
-     .original = weitere::StartPageOriginal},
-    {.kategorie = K::DFÜ,
-     .knöpfe = {1, 3, 9},
-     .übernehmen = übernehmen::DFÜ,
-     .löschen = entfernen::DFÜ,
-     .später = später::Label1_1,
-     .infos = weitere::DFÜMenü},
-    {K::Ordnermeister},
-    {K::OrdnerAllUser},
-    {.kategorie = K::AutostartOrdner,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::AutostartOrdner,
-     .löschen = entfernen::AutostartOrdner,
-     .später = später::Zeile2},
-    {.kategorie = K::AutostartRegistry,
-     .knöpfe = {1, 3},
-     .löschenText = "Registry löschen",
-     .übernehmen = übernehmen::AutostartRegistry,
-     .löschen = entfernen::AutostartRegistry,
-     .später = später::Registryzeile},
-    // The file watchers show their buttons themselves, by the event.
-    {.kategorie = K::WindowsDatei,
-     .übernehmen = übernehmen::WindowsDatei,
-     .löschen = entfernen::WindowsDatei,
-     .später = später::Text0,
-     .ausnahme = weitere::Ausnahmeliste,
-     .nagut = weitere::NaGut},
-    {.kategorie = K::BHO,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::KlassenIni,
-     .löschen = entfernen::BHO,
-     .später = später::Text0},
-    {.kategorie = K::ShellService,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::KlassenIni,
-     .löschen = entfernen::ShellService,
-     .später = später::Text0},
-    {.kategorie = K::TaskScheduler,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::KlassenIni,
-     .löschen = entfernen::TaskScheduler,
-     .später = später::Text1},
-    {.kategorie = K::URLSearchHooks,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::URLSearchHooks,
-     .löschen = entfernen::URLSearchHooks,
-     .löschenZweimalRaus = true,
-     .später = später::Text0},
-    {.kategorie = K::ActiveX,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::ActiveX,
-     .löschen = entfernen::ActiveX,
-     .später = später::Zeile2},
-    {.kategorie = K::Dienste,
-     .knöpfe = {1, 3, 9},
-     .infosText = "Service-Dienste",
-     .übernehmen = übernehmen::Dienste,
-     .löschen = entfernen::Dienste,
-     .später = später::Text3,
-     .infos = weitere::DiensteÖffnen},
-    // The lock watchers show "Freigeben" themselves and hide "Später".
-    {.kategorie = K::RegeditDeaktiviert, .original = weitere::SperreFreigeben},
-    {.kategorie = K::TaskmanagerDeaktiviert, .original = weitere::SperreFreigeben},
-    {.kategorie = K::HtaFile,
-     .knöpfe = {8},
-     .originalText = "Original",
-     .originalTipp = "Original Wert setzen",
-     .später = später::Text3,
-     .original = weitere::ShellBefehlOriginal},
-    {.kategorie = K::ToolBar,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::ToolBar,
-     .löschen = entfernen::ToolBar,
-     .löschenZweimalRaus = true,
-     .später = später::Text0},
-    // No deferral: the same warning comes again at the next cycle.
-    {.kategorie = K::ToolBar1,
-     .knöpfe = {1, 3},
-     .übernehmen = übernehmen::ToolBar,
-     .löschen = entfernen::ToolBar1,
-     .löschenZweimalRaus = true},
-};
+// The rows of the watchers one after another.
+template <std::size_t... N>
+constexpr auto Aneinander(const KategorieZeile (&... teile)[N]) {
+    std::array<KategorieZeile, (N + ...)> alle{};
+    std::size_t i = 0;
+    auto anhängen = [&](const auto& teil) {
+        for (const KategorieZeile& z : teil) alle[i++] = z;
+    };
+    (anhängen(teile), ...);
+    return alle;
+}
+
+// One row per key, each watcher's rows from its warning, in the order of the keys.
+// clang-format off
+constexpr auto kTabelle = Aneinander(kOhneWarnung,
+                                     kProzesseZeilen,
+                                     kHostsZeilen,
+                                     kFavoritenZeilen,
+                                     kStartseiteZeilen,
+                                     kDfueZeilen,
+                                     kAutostartOrdnerZeilen,
+                                     kAutostartRegistryZeilen,
+                                     kSystemordnerZeilen,
+                                     kKlassenlistenZeilen,
+                                     kActiveXZeilen,
+                                     kDiensteZeilen,
+                                     kSperrenZeilen,
+                                     kShellBefehleZeilen,
+                                     kVertrauenswürdigeSeitenZeilen);
+// clang-format on
 
 static_assert(std::size(kTabelle) == kKategorieAnzahl, "one row for every category key");
 
 constexpr bool InDerReihe() {
     for (int i = 0; i < kKategorieAnzahl; ++i)
-        if (static_cast<int>(kTabelle[i].kategorie) != i) return false;
+        if (static_cast<int>(kTabelle[static_cast<std::size_t>(i)].kategorie) != i) return false;
     return true;
 }
 static_assert(InDerReihe(), "the rows stand in the order of the keys");
+
+constexpr bool FelderImFenster() {
+    for (const KategorieZeile& z : kTabelle)
+        if (z.regDeleteFeld >= static_cast<int>(std::tuple_size_v<decltype(Warnung::Text1)>)) return false;
+    return true;
+}
+static_assert(FelderImFenster(), "a row's REG DELETE field is one of the window's Text1 fields");
 }  // namespace
 
 const KategorieZeile& Zeile(Kategorie k) {
-    return kTabelle[static_cast<int>(k)];
+    return kTabelle[static_cast<std::size_t>(k)];
 }
 
 }  // namespace kes

@@ -30,6 +30,7 @@ struct KategorieZeile {
     Übernahme übernehmen = nullptr;      // Image1; none: only raus
     Aktion löschen = nullptr;            // Image3 after the question; none: only raus
     bool löschenZweimalRaus = false;     // the branch closes the window and saves once more
+    int regDeleteFeld = -1;              // Text1 field the branch puts on a REG DELETE line; -1 none
     Aufschub später = nullptr;           // Image6; none: nothing added, raus all the same
     Aktion töten = nullptr;              // Image2
     Aktion ausnahme = nullptr;           // Image4

@@ -1,57 +1,11 @@
 // The other buttons of the warning window: end a process, the file warnings' own answers,
-// put off until the end of the run, put an original back, open a tool; and the menus
-// behind them.
-#include "platform/allefunktionen.h"
-#include "platform/datei_ersetzen.h"
-#include "warning/aktionen.h"
-#include "warning/antwort.h"
+// put off until the end of the run, put an original back, open a tool. Each leads where the
+// row of the current category says; the branches lie with their watcher's warning.
 #include "warning/form3.h"
 #include "warning/kategorien.h"
 #include "watchers/alarm_daten.h"
-#include "watchers/hosts.h"
 
 namespace kes {
-
-namespace später {
-std::string Text0(const Form3Fenster& f) {
-    return f.Text1[0].Text;
-}
-std::string Text1(const Form3Fenster& f) {
-    return f.Text1[1].Text;
-}
-std::string Text3(const Form3Fenster& f) {
-    return f.Text1[3].Text;
-}
-std::string Zeile2(const Form3Fenster& f) {
-    return f.Zeile2();
-}
-std::string Label1_1(const Form3Fenster& f) {
-    return f.Label1[1].Caption;
-}
-// The watcher asks by the process name, with case; the path on row 2 would never match.
-std::string Zeile1(const Form3Fenster& f) {
-    return f.ListView2.Items.empty() ? std::string() : f.ListView2.Items[0].Text;
-}
-// Without the data: a deferred value that changes stays deferred.
-std::string Registryzeile(const Form3Fenster& f) {
-    if (f.ListView4.Items.empty()) return "\\\\";
-    const ListItem& z = f.ListView4.Items[0];
-    return z.SubItem(1) + "\\" + z.SubItem(2) + "\\" + z.SubItem(3);
-}
-}  // namespace später
-
-namespace weitere {
-void HostsMenü(Form3Fenster& f) {
-    f.Popup = PopupWunsch{"host", 0, false, 0};  // the menu finishes the job
-}
-void HostsÖffnen(Form3Fenster& f) {
-    f.K().P().shell.RunCommand("notepad.exe " + HostsPfad(f.K().W()), kSwShowNormal);
-}
-void DiensteÖffnen(Form3Fenster& f) {
-    ImmerOben(f, false);
-    f.K().P().shell.RunCommand("mmc.exe " + f.K().W().Windowsordner + "\\system32\\services.msc", kSwShowNormal);
-}
-}  // namespace weitere
 
 void Form3Fenster::Image2_Click() {
     if (const Aktion a = Zeile(k_.W().Kategorieschlüssel).töten) return a(*this);
@@ -80,41 +34,6 @@ void Form3Fenster::Image8_Click() {
 
 void Form3Fenster::Image9_Click() {
     if (const Aktion a = Zeile(k_.W().Kategorieschlüssel).infos) a(*this);
-}
-
-void Form3Fenster::host1_Click(int index) {
-    try {
-        Antwort antwort(*this, host1[static_cast<std::size_t>(index == 1)].Caption);
-        Hosts(index);
-    } catch (const SicherungFehlt&) {
-        // The user has been told; the hosts file stands as it was, and the window stays.
-    }
-}
-
-void Form3Fenster::Hosts(int index) {
-    const std::string hosts = HostsPfad(k_.W());
-    Plattform& p = k_.P();
-    if (index == 0 || index == 1) {
-        Sicherung s = SicherungFür(*this);
-        s.Datei(hosts);
-        Sichern(*this, s);
-    }
-    // Errors are passed over: the size is taken of whatever stands there afterwards, and a
-    // length that cannot be read leaves the saved size as it was. The program's own file is
-    // read before the old one goes, so that a lost copy of it never costs the user theirs.
-    if (index == 0) {
-        DateiErsetzen(p.files, hosts, "127.0.0.1  localhost\r\n#Orginal Host Datei\r\n");
-    } else if (index == 1) {
-        if (const auto eigene = p.files.ReadAll(k_.W().Programmordner + "daten\\hosts"))
-            DateiErsetzen(p.files, hosts, *eigene);
-    }
-    if (const auto länge = p.files.Length(hosts)) k_.W().Hostsgrösse = static_cast<std::int32_t>(*länge);
-    raus();
-}
-
-void Form3Fenster::killprozess1_Click(int index) {
-    Antwort antwort(*this, killprozess1[static_cast<std::size_t>(index < 0 || index > 2 ? 0 : index)].Caption);
-    weitere::ProzessZulassen(*this, index);
 }
 
 }  // namespace kes

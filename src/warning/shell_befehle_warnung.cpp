@@ -1,27 +1,13 @@
-// "Original" of a changed shell open command and "Freigeben" of a policy lock: the two
-// Image8 actions that put a registry value right. The log follows the change, and a log
-// that cannot be written does not keep the window open: the change is made by then.
-#include "common/fehler.h"
+#include "warning/shell_befehle_warnung.h"
+
 #include "platform/hive_ocx.h"
-#include "warning/aktionen.h"
 #include "warning/antwort.h"
+#include "warning/fehlerausgang.h"
 #include "warning/form3.h"
-#include "watchers/sperren.h"
 
 namespace kes {
 
-namespace {
-void Loggen(WarnKontext& k, const std::string& titel, const std::vector<std::string>& zeilen,
-            const std::string& ergebnis) {
-    try {
-        k.Log(titel, zeilen, ergebnis);
-    } catch (const Fehler&) {
-    }
-}
-}  // namespace
-
 namespace weitere {
-
 void ShellBefehlOriginal(Form3Fenster& f) {
     WarnKontext& k = f.K();
     const std::string& hive = f.Text1[0].Text;
@@ -43,19 +29,6 @@ void ShellBefehlOriginal(Form3Fenster& f) {
         "< Zurückgesetzt OK > auf " + k.W().StartSeiten[0]);
     f.raus();
 }
-
-void SperreFreigeben(Form3Fenster& f) {
-    WarnKontext& k = f.K();
-    const bool regedit = k.W().Kategorieschlüssel == Kategorie::RegeditDeaktiviert;
-    Sicherung s = SicherungFür(f);
-    s.Wert(kHkeyCurrentUser, kPoliciesSystem, regedit ? "DisableRegistryTools" : "DisableTaskMgr");
-    Sichern(f, s);
-    HiveOCX(k.P().registry).DeleteValue(1, kPoliciesSystem, regedit ? "DisableRegistryTools" : "DisableTaskMgr");
-    Loggen(k, regedit ? "Zugang auf Regedit wurde Deaktiviert." : "Zugang auf den Taskmanager wurde Deaktiviert.",
-           {"Name: " + f.Label1[1].Caption}, "< Freigegeben OK >");
-    f.raus();
-}
-
 }  // namespace weitere
 
 }  // namespace kes

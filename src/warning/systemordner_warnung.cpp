@@ -1,17 +1,21 @@
-// The two answers of a system folder warning besides accept and delete: "Ausnahmeliste"
-// puts a created file on the exception list of the Windows folder for good, "Na gut.."
+// The answers of a system folder warning. Besides accept and delete, "Ausnahmeliste" puts
+// a created file on the exception list of the Windows folder for good, and "Na gut.."
 // takes a deleted file out of the baseline, so it is no longer expected.
+#include "warning/systemordner_warnung.h"
+
 #include <cstdlib>
 
 #include "common/fehler.h"
-#include "warning/aktionen.h"
 #include "warning/form3.h"
+#include "warning/loeschen.h"
+#include "warning/uebernehmen.h"
 #include "watchers/alarm_daten.h"
 
 namespace kes {
 
 namespace {
 // A failure that is not passed over ends the action with its number; the window stays.
+// Unlike the shared exit (fehlerausgang.h), a failure without a number is not caught here.
 template <typename Tun>
 void MitFehlerausgang(Form3Fenster& f, const char* routine, Tun&& tun) {
     try {
@@ -22,6 +26,35 @@ void MitFehlerausgang(Form3Fenster& f, const char* routine, Tun&& tun) {
     }
 }
 }  // namespace
+
+namespace übernehmen {
+bool WindowsDatei(Form3Fenster& f) {
+    AlarmDaten& a = f.K().Alarm();
+    const std::string pfad = f.Zeile2();
+    const std::string länge = std::to_string(DateiLänge(f, pfad));
+    if (Feld(f, 3) == "1") {
+        a.ListView4.Add(pfad).SetSubItem(1, länge);
+        f.K().Log("Neue Datei wurde erstellt.", {"Datei: " + pfad}, kOk);
+    }
+    if (Feld(f, 3) == "3") {
+        const long zeile = std::strtol(Feld(f, 4).c_str(), nullptr, 10);
+        if (zeile < 1 || zeile > static_cast<long>(a.ListView4.Items.size()) ||
+            a.ListView4.Items[zeile - 1].Text != pfad)
+            return false;  // a row that no longer matches ends the action unchanged
+        a.ListView4.Items[zeile - 1].SetSubItem(1, länge);
+        f.K().Log("Datei wurde geändert.", {"Datei: " + pfad}, "< OK >");
+    }
+    return true;
+}
+}  // namespace übernehmen
+
+namespace entfernen {
+void WindowsDatei(Form3Fenster& f) {
+    const bool ok = DateiEntfernen(f, f.Zeile2());
+    f.K().Log("Datei wurde erstellt oder geändert.", {"Datei: " + f.Zeile2()},
+              ok ? "< Gelöscht OK >" : "< Gelöscht Nein >");
+}
+}  // namespace entfernen
 
 namespace weitere {
 
