@@ -69,7 +69,7 @@ std::string HiveOCX::ReadValueText(int hive, std::string& key, std::string& name
 void HiveOCX::WriteValue(int hive, const std::string& key, const std::string& name, const std::string& data) {
     const RegHandle root = HandleVonHive(hive);
     RegKey k;
-    if (root == 0 || reg_.CreateKeyEx(root, key, &k) != kErrorSuccess) return;
+    if (root == 0 || reg_.CreateKeyEx(root, key, kKeyAllAccess, &k) != kErrorSuccess) return;
     reg_.SetValueEx(k.Get(), Wertname(name), kRegSz, reinterpret_cast<const std::uint8_t*>(data.c_str()),
                     static_cast<std::uint32_t>(data.size() + 1));
 }
@@ -81,7 +81,7 @@ void HiveOCX::DeleteValue(int hive, const std::string& key, const std::string& n
 
 void HiveOCX::DeleteKey(int hive, const std::string& key) {
     const RegHandle root = HandleVonHive(hive);
-    if (root != 0) reg_.DeleteKey(root, key);
+    if (root != 0) reg_.DeleteKey(root, key, kAnsichtNativ);
 }
 
 void HiveOCX::DeleteKeyTree(std::int32_t root, const std::string& key) {
@@ -109,7 +109,7 @@ void HiveOCX::Baum(RegHandle root, const std::string& key, int tiefe) {
         }
     }
     for (const auto& kind : kinder) Baum(root, key + "\\" + kind, tiefe + 1);
-    reg_.DeleteKey(root, key);
+    reg_.DeleteKey(root, key, kAnsichtNativ);
 }
 
 bool HiveOCX::KeyExists(int hive, const std::string& key) {

@@ -285,7 +285,7 @@ bool RegEinspielen(RegistryApi& reg, const std::vector<RegAbschnitt>& abschnitte
         auto teile = RegPfadTeilen(a.pfad);
         if (!teile) return false;
         RegKey k;
-        if (reg.CreateKeyEx(teile->first, teile->second, &k) != kErrorSuccess) return false;
+        if (reg.CreateKeyEx(teile->first, teile->second, kKeyAllAccess, &k) != kErrorSuccess) return false;
         for (const RegWert& w : a.werte)
             if (reg.SetValueEx(k.Get(), w.name.c_str(), w.typ, reinterpret_cast<const std::uint8_t*>(w.daten.data()),
                                static_cast<std::uint32_t>(w.daten.size())) != kErrorSuccess)

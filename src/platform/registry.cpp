@@ -40,8 +40,8 @@ int HiveVonHandle(RegHandle root) {
     return static_cast<int>(root - kHkeyClassesRoot);
 }
 
-void Registry::OpenKey(RegHandle root, const std::string& key, RegKey& handle) {
-    p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &handle);
+void Registry::OpenKey(RegHandle root, const std::string& key, RegKey& handle, Ansicht ansicht) {
+    p_.registry.OpenKeyEx(root, key, kKeyAllAccess | AnsichtFlag(ansicht), &handle);
 }
 
 bool Registry::CloseKey(RegKey& handle) {
@@ -100,25 +100,25 @@ void Registry::Nachholen(int pumpen) {
 }
 
 std::vector<std::string> Registry::GetSubkeys(RegHandle root, const std::string& key,
-                                              const Kategorie& kategorieschlüssel) {
+                                              const Kategorie& kategorieschlüssel, Ansicht ansicht) {
     p_.timers.PumpMessages();
     int pumpen = 0;
     std::vector<std::string> namen;
     {
         RegKey k;
-        p_.registry.OpenKeyEx(root, key, kKeyAllAccess, &k);
+        OpenKey(root, key, k, ansicht);
         namen = Unterschlüssel(k.Get(), kategorieschlüssel, [&] { ++pumpen; });
     }
     Nachholen(pumpen);
     return namen;
 }
 
-std::vector<std::string> Registry::GetValueNames(RegHandle root, const std::string& key) {
+std::vector<std::string> Registry::GetValueNames(RegHandle root, const std::string& key, Ansicht ansicht) {
     int pumpen = 0;
     std::vector<WertEintrag> werte;
     {
         RegKey k;
-        OpenKey(root, key, k);
+        OpenKey(root, key, k, ansicht);
         werte = Werte(k.Get(), [&] { ++pumpen; });
     }
     Nachholen(pumpen);
@@ -129,10 +129,10 @@ std::vector<std::string> Registry::GetValueNames(RegHandle root, const std::stri
 }
 
 std::vector<WertDaten> Registry::GetValueList(RegHandle root, const std::string& key,
-                                              const std::function<void(const WertDaten&)>& zeile) {
+                                              const std::function<void(const WertDaten&)>& zeile, Ansicht ansicht) {
     std::vector<WertDaten> liste;
     RegKey k;
-    if (p_.registry.OpenKeyEx(root, key, kKeyQueryValue, &k) != kErrorSuccess) return liste;
+    if (p_.registry.OpenKeyEx(root, key, kKeyQueryValue | AnsichtFlag(ansicht), &k) != kErrorSuccess) return liste;
     const RegHandle h = k.Get();
 
     // The enumeration is told of 256 bytes while it has 255 to spare: the buffer really
@@ -163,10 +163,10 @@ std::vector<WertDaten> Registry::GetValueList(RegHandle root, const std::string&
     return liste;
 }
 
-std::vector<std::string> ListSubkeys(Plattform& p, RegHandle root, const std::string& key) {
+std::vector<std::string> ListSubkeys(Plattform& p, RegHandle root, const std::string& key, Ansicht ansicht) {
     std::vector<std::string> namen(1);
     RegKey k;
-    if (p.registry.OpenKeyEx(root, key, kKeyEnumerateSubKeys, &k) != kErrorSuccess) return namen;
+    if (p.registry.OpenKeyEx(root, key, kKeyEnumerateSubKeys | AnsichtFlag(ansicht), &k) != kErrorSuccess) return namen;
     for (std::uint32_t i = 0;; ++i) {
         char puffer[kListenPuffer];
         std::memset(puffer, ' ', sizeof puffer);

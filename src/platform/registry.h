@@ -4,6 +4,8 @@
 // watchers' baselines depend on what these limits let through: EnumSubkeys and EnumValues
 // end with the entry of the failing call, GetValueList drops values of 256 bytes or more,
 // and a subkey walk under the category key "Dienste" gives up past a fixed count.
+// Each opens in the view it is given: the program's own unless the caller asks for the one
+// of the 32-bit programs.
 #pragma once
 
 #include <cstddef>
@@ -45,7 +47,7 @@ public:
 
     // RegOpenKeyExA with all access; the return code is dropped, so a failed open leaves
     // the handle as it was (empty when the caller started from an empty one).
-    void OpenKey(RegHandle root, const std::string& key, RegKey& handle);
+    void OpenKey(RegHandle root, const std::string& key, RegKey& handle, Ansicht ansicht = Ansicht::Nativ);
     // Closes now: true when RegCloseKey returned 0.
     bool CloseKey(RegKey& handle);
 
@@ -60,15 +62,17 @@ public:
     std::vector<WertEintrag> EnumValues(RegHandle handle);
 
     // Opens with all access whatever the outcome, walks, closes.
-    std::vector<std::string> GetSubkeys(RegHandle root, const std::string& key, const Kategorie& kategorieschlüssel);
+    std::vector<std::string> GetSubkeys(RegHandle root, const std::string& key, const Kategorie& kategorieschlüssel,
+                                        Ansicht ansicht = Ansicht::Nativ);
     // The names of EnumValues, surplus entry included.
-    std::vector<std::string> GetValueNames(RegHandle root, const std::string& key);
+    std::vector<std::string> GetValueNames(RegHandle root, const std::string& key, Ansicht ansicht = Ansicht::Nativ);
     // Opens with query rights only. Only the last value survives in the result (the array
     // is redimensioned each round); every value is also handed to zeile as it is read,
     // which is the real result for the caller that lists rows. A missing key gives an empty
     // result and no call.
     std::vector<WertDaten> GetValueList(RegHandle root, const std::string& key,
-                                        const std::function<void(const WertDaten&)>& zeile = {});
+                                        const std::function<void(const WertDaten&)>& zeile = {},
+                                        Ansicht ansicht = Ansicht::Nativ);
 
 private:
     std::vector<std::string> Unterschlüssel(RegHandle handle, const Kategorie& kategorieschlüssel,
@@ -81,6 +85,7 @@ private:
 
 // Subkey names, opened with enumerate rights only: exactly one entry per subkey, or one
 // empty entry when there are none or the key cannot be opened.
-std::vector<std::string> ListSubkeys(Plattform& p, RegHandle root, const std::string& key);
+std::vector<std::string> ListSubkeys(Plattform& p, RegHandle root, const std::string& key,
+                                     Ansicht ansicht = Ansicht::Nativ);
 
 }  // namespace kes

@@ -19,7 +19,7 @@ protected:
 
     void Schlüssel(const std::string& pfad) {
         RegKey k;
-        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, pfad, &k), kErrorSuccess);
+        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, pfad, kKeyAllAccess, &k), kErrorSuccess);
         const std::uint8_t eins[4] = {1, 0, 0, 0};
         p.registry.SetValueEx(k.Get(), "wert", kRegDword, eins, 4);
     }
@@ -55,10 +55,10 @@ protected:
     }
     void TearDown() override {
         for (const char* k : {"\\Weg\\Kind", "\\Weg", "\\Bleibt"})
-            p.registry.DeleteKey(kHkeyCurrentUser, std::string(kTestSchlüssel) + k);
+            p.registry.DeleteKey(kHkeyCurrentUser, std::string(kTestSchlüssel) + k, kAnsichtNativ);
         for (const char* k : {"a b", "a /va", "a", "/f", "b  ", "b", "c\tx", "c"})
-            p.registry.DeleteKey(kHkeyCurrentUser, dienste + "\\" + k);
-        p.registry.DeleteKey(kHkeyCurrentUser, dienste);
+            p.registry.DeleteKey(kHkeyCurrentUser, dienste + "\\" + k, kAnsichtNativ);
+        p.registry.DeleteKey(kHkeyCurrentUser, dienste, kAnsichtNativ);
     }
 };
 

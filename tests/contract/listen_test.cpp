@@ -41,11 +41,11 @@ protected:
     std::string Pfad(const std::string& unter) const { return unter.empty() ? wurzel : wurzel + "\\" + unter; }
     void Schlüssel(const std::string& unter) {
         RegKey k;
-        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, Pfad(unter), &k), kErrorSuccess);
+        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, Pfad(unter), kKeyAllAccess, &k), kErrorSuccess);
     }
     void Roh(const std::string& unter, const char* name, std::uint32_t typ, const std::string& daten) {
         RegKey k;
-        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, Pfad(unter), &k), kErrorSuccess);
+        ASSERT_EQ(p.registry.CreateKeyEx(kHkeyCurrentUser, Pfad(unter), kKeyAllAccess, &k), kErrorSuccess);
         ASSERT_EQ(p.registry.SetValueEx(k.Get(), name, typ, reinterpret_cast<const std::uint8_t*>(daten.data()),
                                         static_cast<std::uint32_t>(daten.size())),
                   kErrorSuccess);

@@ -18,7 +18,7 @@ protected:
 
     void SetUp() override {
         Löschen(kHkeyCurrentUser, kTestSchlüssel);
-        ASSERT_EQ(r.CreateKeyEx(kHkeyCurrentUser, kTestSchlüssel, &wurzelSchlüssel), kErrorSuccess);
+        ASSERT_EQ(r.CreateKeyEx(kHkeyCurrentUser, kTestSchlüssel, kKeyAllAccess, &wurzelSchlüssel), kErrorSuccess);
         wurzel = wurzelSchlüssel.Get();
     }
     void TearDown() override {
@@ -38,12 +38,12 @@ protected:
                 Löschen(k.Get(), name);
             }
         }
-        r.DeleteKey(root, pfad);
+        r.DeleteKey(root, pfad, kAnsichtNativ);
     }
 
     RegKey Schlüssel(const std::string& unter) {
         RegKey k;
-        EXPECT_EQ(r.CreateKeyEx(wurzel, unter, &k), kErrorSuccess);
+        EXPECT_EQ(r.CreateKeyEx(wurzel, unter, kKeyAllAccess, &k), kErrorSuccess);
         return k;
     }
     void Text(RegHandle h, const char* name, const std::string& daten) {
@@ -188,9 +188,9 @@ TEST_F(Registry, EnumValue_DataSizeLimitAt256) {
 
 TEST_F(Registry, DeleteKey_RefusesAKeyWithSubkeys) {
     Schlüssel("Eltern\\Kind");
-    EXPECT_NE(r.DeleteKey(wurzel, "Eltern"), kErrorSuccess);
-    EXPECT_EQ(r.DeleteKey(wurzel, "Eltern\\Kind"), kErrorSuccess);
-    EXPECT_EQ(r.DeleteKey(wurzel, "Eltern"), kErrorSuccess);
+    EXPECT_NE(r.DeleteKey(wurzel, "Eltern", kAnsichtNativ), kErrorSuccess);
+    EXPECT_EQ(r.DeleteKey(wurzel, "Eltern\\Kind", kAnsichtNativ), kErrorSuccess);
+    EXPECT_EQ(r.DeleteKey(wurzel, "Eltern", kAnsichtNativ), kErrorSuccess);
     RegKey h;
     EXPECT_EQ(r.OpenKeyEx(wurzel, "Eltern", kKeyRead, &h), kErrorFileNotFound);
 }
@@ -199,7 +199,7 @@ TEST_F(Registry, KeyDeletedWhileOpen_StopsAnsweringThroughTheOldHandle) {
     const RegKey k = Schlüssel("Verschwindet");
     const RegHandle h = k.Get();
     Text(h, "wert", "x");
-    ASSERT_EQ(r.DeleteKey(wurzel, "Verschwindet"), kErrorSuccess);
+    ASSERT_EQ(r.DeleteKey(wurzel, "Verschwindet", kAnsichtNativ), kErrorSuccess);
     std::uint32_t grösse = 0;
     EXPECT_EQ(r.QueryValueEx(h, "wert", nullptr, nullptr, &grösse), kErrorKeyDeleted);
     char name[64];

@@ -31,12 +31,12 @@ protected:
             for (std::uint32_t l = sizeof name; r.EnumKeyEx(k.Get(), 0, name, &l) == kErrorSuccess; l = sizeof name)
                 Weg(pfad + "\\" + std::string(name, l));
         }
-        r.DeleteKey(kHkeyCurrentUser, pfad);
+        r.DeleteKey(kHkeyCurrentUser, pfad, kAnsichtNativ);
     }
     void Setzen(const std::string& unter, const std::string& name, std::uint32_t typ, const std::string& daten) {
+        const std::string pfad = unter.empty() ? kTestSchlüssel : std::string(kTestSchlüssel) + "\\" + unter;
         RegKey k;
-        ASSERT_EQ(r.CreateKeyEx(kHkeyCurrentUser, unter.empty() ? kTestSchlüssel : std::string(kTestSchlüssel) + "\\" + unter, &k),
-                  kErrorSuccess);
+        ASSERT_EQ(r.CreateKeyEx(kHkeyCurrentUser, pfad, kKeyAllAccess, &k), kErrorSuccess);
         ASSERT_EQ(r.SetValueEx(k.Get(), name.c_str(), typ, reinterpret_cast<const std::uint8_t*>(daten.data()),
                                static_cast<std::uint32_t>(daten.size())),
                   kErrorSuccess);

@@ -7,6 +7,8 @@ namespace kes::vertrag {
 
 namespace {
 constexpr const char* kPeOrdner = "C:\\Programme\\Vertrag";
+// The suite runs under Wine in a 64-bit prefix: the fake is the same kind of machine.
+constexpr fake::Maschine kMaschine = fake::Maschine::Bit64;
 
 // The same version data as the resources of the test DLLs of the Windows build.
 void PeDateienAnlegen(fake::FakePlattform& p) {
@@ -67,7 +69,7 @@ public:
     void Sperren(const std::string& pfad) override { p_->files.Lock(pfad, true); }
     void Freigeben(const std::string& pfad) override { p_->files.Lock(pfad, false); }
     void Neu() override {
-        p_ = std::make_unique<fake::FakePlattform>();
+        p_ = std::make_unique<fake::FakePlattform>(kMaschine);
         p_->files.MakeDirs(Ordner());
         PeDateienAnlegen(*p_);
         ProzesseAnlegen(*p_);
@@ -76,7 +78,7 @@ public:
     std::string PeDatei(const std::string& name) override { return std::string(kPeOrdner) + "\\" + name; }
 
 private:
-    std::unique_ptr<fake::FakePlattform> p_ = std::make_unique<fake::FakePlattform>();
+    std::unique_ptr<fake::FakePlattform> p_ = std::make_unique<fake::FakePlattform>(kMaschine);
 };
 }  // namespace
 

@@ -1,6 +1,7 @@
 // Every fake of the platform seam in one bundle, set up as a small German machine with
-// the program in C:\Programme\Kestrella. When the bundle goes with handles of its seams
-// still open, it tells the test harness's handler (a leak fails the test that made it).
+// the program in C:\Programme\Kestrella: a 32-bit one with one registry view, unless the
+// test asks for a 64-bit one. When the bundle goes with handles of its seams still open,
+// it tells the test harness's handler (a leak fails the test that made it).
 #pragma once
 
 #include <functional>
@@ -136,7 +137,7 @@ struct FakePlattform {
     Plattform plattform{registry, files,  shell, dialogs,   sound,   timers,
                         system,   dialup, tray,  processes, details, profiles};
 
-    FakePlattform() {
+    explicit FakePlattform(Maschine maschine = Maschine::Bit32) : registry(maschine) {
         shell.ordner[kCsidlWindows] = "C:\\WINDOWS";
         shell.ordner[kCsidlSystem] = "C:\\WINDOWS\\system32";
         shell.ordner[kCsidlStartup] = "C:\\Dokumente und Einstellungen\\Benutzer\\Startmenü\\Programme\\Autostart";

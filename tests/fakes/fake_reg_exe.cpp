@@ -68,7 +68,7 @@ void Baumlöschen(RegistryApi& reg, RegHandle root, const std::string& pfad) {
         while ((länge = sizeof name, reg.EnumKeyEx(k.Get(), 0, name, &länge)) == kErrorSuccess)
             Baumlöschen(reg, k.Get(), name);
     }
-    reg.DeleteKey(root, pfad);
+    reg.DeleteKey(root, pfad, kAnsichtNativ);
 }
 
 bool Schalter(const std::string& a, const char* name) {

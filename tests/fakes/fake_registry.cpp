@@ -27,12 +27,13 @@ const char* NameOderStandard(const char* name) {
 }
 }  // namespace
 
-FakeRegistry::FakeRegistry() {
+FakeRegistry::FakeRegistry(Maschine maschine) : zweiAnsichten_(maschine == Maschine::Bit64) {
     for (RegHandle h : {kHkeyLocalMachine, kHkeyUsers, kHkeyCurrentConfig, kHkeyPerformanceData, kHkeyDynData})
         wurzeln_[h] = std::make_shared<Knoten>();
-    Anlegen(wurzeln_[kHkeyUsers], ".DEFAULT");
-    wurzeln_[kHkeyCurrentUser] = Anlegen(wurzeln_[kHkeyUsers], kBenutzerSid);
-    wurzeln_[kHkeyClassesRoot] = Anlegen(wurzeln_[kHkeyLocalMachine], "Software\\Classes");
+    Gehe(wurzeln_[kHkeyUsers], ".DEFAULT", false, true);
+    wurzeln_[kHkeyCurrentUser] = Gehe(wurzeln_[kHkeyUsers], kBenutzerSid, false, true);
+    wurzeln_[kHkeyClassesRoot] = Gehe(wurzeln_[kHkeyLocalMachine], "Software\\Classes", false, true);
+    if (zweiAnsichten_) ZweiteAnsichtAnlegen();
 }
 
 FakeRegistry::KnotenPtr FakeRegistry::Wurzel(RegHandle root) const {
@@ -47,23 +48,39 @@ FakeRegistry::KnotenPtr FakeRegistry::Knoten_(RegHandle h) const {
     return it->second;
 }
 
-FakeRegistry::KnotenPtr FakeRegistry::Finde(KnotenPtr von, const std::string& pfad) const {
-    for (const auto& teil : Teile(pfad)) {
-        auto it = von->kinder.find(Klein(teil));
-        if (it == von->kinder.end()) return nullptr;
-        von = it->second;
+FakeRegistry::KnotenPtr FakeRegistry::Kind(const KnotenPtr& von, const std::string& name) {
+    auto& kind = von->kinder[Klein(name)];
+    if (!kind) {
+        kind = std::make_shared<Knoten>();
+        kind->name = name;
+        kind->eltern = von;
     }
-    return von;
+    return kind;
 }
 
-FakeRegistry::KnotenPtr FakeRegistry::Anlegen(KnotenPtr von, const std::string& pfad) {
-    for (const auto& teil : Teile(pfad)) {
-        auto& kind = von->kinder[Klein(teil)];
-        if (!kind) {
-            kind = std::make_shared<Knoten>();
-            kind->name = teil;
-        }
-        von = kind;
+FakeRegistry::KnotenPtr FakeRegistry::Umgeleitet(const KnotenPtr& k) const {
+    auto it = k->kinder.find("wow6432node");
+    return it == k->kinder.end() ? k : it->second;
+}
+
+FakeRegistry::KnotenPtr FakeRegistry::Verfolgt(const KnotenPtr& k, bool anlegen) {
+    if (k->verweis.empty()) return k;
+    return Gehe(wurzeln_[kHkeyLocalMachine], k->verweis, false, anlegen);
+}
+
+// Wine's walk: the 32-bit view turns to Wow6432Node at the start key and at every key on
+// the way, except before a step that names Wow6432Node itself, so that both the plain path
+// and the one through Wow6432Node reach the 32-bit key. Links are followed in both views.
+FakeRegistry::KnotenPtr FakeRegistry::Gehe(KnotenPtr von, const std::string& pfad, bool bit32, bool anlegen) {
+    const bool umleiten = bit32 && zweiAnsichten_;
+    const auto teile = Teile(pfad);
+    if (umleiten) von = Umgeleitet(von);
+    for (std::size_t i = 0; i < teile.size(); ++i) {
+        auto it = von->kinder.find(Klein(teile[i]));
+        if (it == von->kinder.end() && !anlegen) return nullptr;
+        von = it != von->kinder.end() ? it->second : Kind(von, teile[i]);
+        if (umleiten && (i + 1 == teile.size() || !GleichOhneFall(teile[i + 1], "Wow6432Node"))) von = Umgeleitet(von);
+        if (!(von = Verfolgt(von, anlegen))) return nullptr;
     }
     return von;
 }
@@ -87,21 +104,21 @@ FakeRegistry::Wert* FakeRegistry::FindeWert(Knoten& k, const char* name) {
     return nullptr;
 }
 
-long FakeRegistry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t, RegKey* out) {
+long FakeRegistry::OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) {
     if (beimÖffnen) beimÖffnen(subkey);
     auto von = Knoten_(root);
     if (!von) return Ungültig(root);
     // The ANSI call sees the path up to its first NUL, as the platform's does.
-    auto k = Finde(von, subkey.substr(0, subkey.find('\0')));
+    auto k = Gehe(von, subkey.substr(0, subkey.find('\0')), (sam & kKeyWow64_32Key) != 0, false);
     if (!k) return kErrorFileNotFound;
     *out = RegKey(*this, NeuerHandle(k));
     return kErrorSuccess;
 }
 
-long FakeRegistry::CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) {
+long FakeRegistry::CreateKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) {
     auto von = Knoten_(root);
     if (!von) return Ungültig(root);
-    *out = RegKey(*this, NeuerHandle(Anlegen(von, subkey)));
+    *out = RegKey(*this, NeuerHandle(Gehe(von, subkey, (sam & kKeyWow64_32Key) != 0, true)));
     return kErrorSuccess;
 }
 
@@ -187,22 +204,17 @@ long FakeRegistry::DeleteValue(RegHandle key, const char* name) {
     return kErrorFileNotFound;
 }
 
-long FakeRegistry::DeleteKey(RegHandle key, const std::string& subkey) {
+long FakeRegistry::DeleteKey(RegHandle key, const std::string& subkey, std::uint32_t view) {
     auto von = Knoten_(key);
     if (!von) return Ungültig(key);
-    auto teile = Teile(subkey.substr(0, subkey.find('\0')));
-    if (teile.empty()) return kErrorAccessDenied;
-    const std::string letzter = teile.back();
-    teile.pop_back();
-    std::string eltern;
-    for (const auto& t : teile) eltern += t + "\\";
-    auto elternKnoten = Finde(von, eltern);
-    if (!elternKnoten) return kErrorFileNotFound;
-    auto it = elternKnoten->kinder.find(Klein(letzter));
-    if (it == elternKnoten->kinder.end()) return kErrorFileNotFound;
-    if (!it->second->kinder.empty()) return kErrorAccessDenied;
-    it->second->gelöscht = true;
-    elternKnoten->kinder.erase(it);
+    const std::string pfad = subkey.substr(0, subkey.find('\0'));
+    if (Teile(pfad).empty()) return kErrorAccessDenied;
+    auto k = Gehe(von, pfad, (view & kKeyWow64_32Key) != 0, false);
+    if (!k) return kErrorFileNotFound;
+    auto eltern = k->eltern.lock();
+    if (!eltern || !k->kinder.empty()) return kErrorAccessDenied;
+    k->gelöscht = true;
+    eltern->kinder.erase(Klein(k->name));
     return kErrorSuccess;
 }
 
@@ -216,7 +228,7 @@ FakeRegistry::KnotenPtr FakeRegistry::AusPfad(const std::string& keyPath, bool a
     const std::string wurzel = keyPath.substr(0, trenner);
     const std::string rest = trenner == std::string::npos ? "" : keyPath.substr(trenner + 1);
     for (const auto& [name, h] : kWurzeln)
-        if (wurzel == name) return anlegen ? Anlegen(wurzeln_[h], rest) : Finde(wurzeln_[h], rest);
+        if (wurzel == name) return Gehe(wurzeln_[h], rest, false, anlegen);
     return nullptr;
 }
 

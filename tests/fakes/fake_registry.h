@@ -2,6 +2,10 @@
 // regard to case, subkeys enumerate in sorted order and values in creation order, buffers
 // that are too small give 234, and a handle to a deleted key stops working.
 // HKEY_CURRENT_USER is the user's hive below HKEY_USERS, as on a real machine.
+// It stands for a 32-bit Windows, with one view and the view flags ignored, or for a 64-bit
+// one with the two views as Wine 8.0 keeps them: in the 32-bit view every key that has a
+// Wow6432Node subkey is that subkey, and what both views share is a link below Wow6432Node
+// to the 64-bit key.
 #pragma once
 
 #include <functional>
@@ -16,12 +20,14 @@ namespace kes::fake {
 
 inline const char* const kBenutzerSid = "S-1-5-21-0-0-0-1000";
 
+enum class Maschine { Bit32, Bit64 };
+
 class FakeRegistry : public RegistryApi {
 public:
-    FakeRegistry();
+    explicit FakeRegistry(Maschine maschine = Maschine::Bit32);
 
     long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) override;
-    long CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) override;
+    long CreateKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) override;
     long EnumKeyEx(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen) override;
     long EnumKey(RegHandle key, std::uint32_t index, char* name, std::uint32_t cb) override;
     long EnumValue(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen, std::uint32_t* type,
@@ -31,9 +37,11 @@ public:
     long SetValueEx(RegHandle key, const char* name, std::uint32_t type, const std::uint8_t* data,
                     std::uint32_t cbData) override;
     long DeleteValue(RegHandle key, const char* name) override;
-    long DeleteKey(RegHandle key, const std::string& subkey) override;
+    long DeleteKey(RegHandle key, const std::string& subkey, std::uint32_t view) override;
+    bool ZweiAnsichten() override { return zweiAnsichten_; }
 
-    // Test set-up, with paths like "HKEY_CURRENT_USER\Software\X".
+    // Test set-up, with paths like "HKEY_CURRENT_USER\Software\X" in the 64-bit view:
+    // the 32-bit keys are below Wow6432Node, as a registry editor shows them.
     void SetString(const std::string& keyPath, const std::string& name, const std::string& data);
     void SetDword(const std::string& keyPath, const std::string& name, std::uint32_t data);
     void SetRaw(const std::string& keyPath, const std::string& name, std::uint32_t type, const std::string& bytes);
@@ -57,20 +65,31 @@ private:
         std::string name;
         std::map<std::string, std::shared_ptr<Knoten>> kinder;  // by lower-case name: sorted
         std::vector<Wert> werte;
+        std::weak_ptr<Knoten> eltern;
+        // A shared key's link: the path below HKEY_LOCAL_MACHINE of the key it stands for.
+        std::string verweis;
         bool gelöscht = false;
     };
     using KnotenPtr = std::shared_ptr<Knoten>;
 
     KnotenPtr Wurzel(RegHandle root) const;
     KnotenPtr Knoten_(RegHandle h) const;
-    KnotenPtr Finde(KnotenPtr von, const std::string& pfad) const;
-    KnotenPtr Anlegen(KnotenPtr von, const std::string& pfad);
+    KnotenPtr Kind(const KnotenPtr& von, const std::string& name);
+    // The key a path leads to from VON, walked as Wine walks it; with ANLEGEN the missing
+    // keys are made on the way. Null when a key is missing.
+    KnotenPtr Gehe(KnotenPtr von, const std::string& pfad, bool bit32, bool anlegen);
+    // In the 32-bit view a key with a Wow6432Node subkey stands for that subkey.
+    KnotenPtr Umgeleitet(const KnotenPtr& k) const;
+    KnotenPtr Verfolgt(const KnotenPtr& k, bool anlegen);
+    void ZweiteAnsichtAnlegen();
+    void Verweis(const std::string& pfad, const std::string& ziel);
     KnotenPtr AusPfad(const std::string& keyPath, bool anlegen);
     Wert* FindeWert(Knoten& k, const char* name);
     RegHandle NeuerHandle(KnotenPtr k);
     // 1018 for a handle whose key was deleted, 6 for one that never was.
     long Ungültig(RegHandle h) const;
 
+    const bool zweiAnsichten_;
     std::map<RegHandle, KnotenPtr> wurzeln_;
     std::map<RegHandle, KnotenPtr> handles_;
     RegHandle nächster_ = 0x1000;

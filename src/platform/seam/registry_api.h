@@ -2,6 +2,10 @@
 // Win32 error codes (0 success, 2 not found, 234 more data, 259 no more items, 1018 the
 // key was deleted while open), names and
 // data are ANSI bytes, and buffers are the caller's with the sizes the caller announces.
+// A 64-bit Windows keeps two views of the registry: 32-bit programs write below
+// HKLM\Software\Wow6432Node and the 32-bit Classes\CLSID without knowing it. Every open,
+// create and delete names the view it goes to in its access mask; without a view flag it is
+// the program's own, the 64-bit one.
 #pragma once
 
 #include <cstdint>
@@ -44,17 +48,30 @@ inline constexpr std::uint32_t kKeyQueryValue = 0x0001;
 inline constexpr std::uint32_t kKeyEnumerateSubKeys = 0x0008;
 inline constexpr std::uint32_t kKeyRead = 0x20019;
 inline constexpr std::uint32_t kKeyAllAccess = 0xF003F;
+inline constexpr std::uint32_t kKeyWow64_64Key = 0x0100;
+inline constexpr std::uint32_t kKeyWow64_32Key = 0x0200;
+// No view flag: the program's own view.
+inline constexpr std::uint32_t kAnsichtNativ = 0;
+
+// The view a caller reads: the program's own (on a 32-bit Windows the only one), or the one
+// that 32-bit programs see on a 64-bit Windows.
+enum class Ansicht { Nativ, Bit32 };
+
+// The view's flag, to be or-ed into an access mask; a 32-bit Windows ignores it.
+constexpr std::uint32_t AnsichtFlag(Ansicht a) {
+    return a == Ansicht::Bit32 ? kKeyWow64_32Key : kAnsichtNativ;
+}
 
 class RegistryApi {
 public:
     virtual ~RegistryApi() = default;
 
     // RegOpenKeyExA. On failure *out is left unchanged. ROOT is a predefined key or an
-    // open one's Get().
+    // open one's Get(); sam holds the rights and the view.
     virtual long OpenKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) = 0;
-    // RegCreateKeyExA with all access; opens the key when it exists already. On failure
-    // *out is left unchanged.
-    virtual long CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) = 0;
+    // RegCreateKeyExA with the rights and view of sam; opens the key when it exists already.
+    // On failure *out is left unchanged.
+    virtual long CreateKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) = 0;
     // RegEnumKeyExA: *nameLen is the buffer size in, the name length without NUL out.
     // A buffer too small gives 234 and leaves the buffer's content undefined.
     virtual long EnumKeyEx(RegHandle key, std::uint32_t index, char* name, std::uint32_t* nameLen) = 0;
@@ -69,8 +86,11 @@ public:
     virtual long SetValueEx(RegHandle key, const char* name, std::uint32_t type, const std::uint8_t* data,
                             std::uint32_t cbData) = 0;
     virtual long DeleteValue(RegHandle key, const char* name) = 0;
-    // RegDeleteKeyA: fails with 5 on a key that still has subkeys.
-    virtual long DeleteKey(RegHandle key, const std::string& subkey) = 0;
+    // RegDeleteKeyExA: view is the flag of the view the key is looked up in. Fails with 5
+    // on a key that still has subkeys.
+    virtual long DeleteKey(RegHandle key, const std::string& subkey, std::uint32_t view) = 0;
+    // Whether the machine keeps a second, 32-bit view: true on a 64-bit Windows.
+    virtual bool ZweiAnsichten() = 0;
 
 protected:
     // RegCloseKey, called by the key's owner only.

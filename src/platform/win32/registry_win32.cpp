@@ -27,9 +27,9 @@ long Win32Registry::OpenKeyEx(RegHandle root, const std::string& subkey, std::ui
     return rc;
 }
 
-long Win32Registry::CreateKeyEx(RegHandle root, const std::string& subkey, RegKey* out) {
+long Win32Registry::CreateKeyEx(RegHandle root, const std::string& subkey, std::uint32_t sam, RegKey* out) {
     HKEY k = nullptr;
-    const LONG rc = ::RegCreateKeyExA(Key(root), subkey.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &k, nullptr);
+    const LONG rc = ::RegCreateKeyExA(Key(root), subkey.c_str(), 0, nullptr, 0, sam, nullptr, &k, nullptr);
     if (rc == ERROR_SUCCESS) *out = RegKey(*this, Handle(k));
     return rc;
 }
@@ -66,8 +66,14 @@ long Win32Registry::DeleteValue(RegHandle key, const char* name) {
     return ::RegDeleteValueA(Key(key), name);
 }
 
-long Win32Registry::DeleteKey(RegHandle key, const std::string& subkey) {
-    return ::RegDeleteKeyA(Key(key), subkey.c_str());
+long Win32Registry::DeleteKey(RegHandle key, const std::string& subkey, std::uint32_t view) {
+    return ::RegDeleteKeyExA(Key(key), subkey.c_str(), view, 0);
+}
+
+bool Win32Registry::ZweiAnsichten() {
+    // Only a 64-bit Windows has a folder for its 32-bit programs; elsewhere the call fails.
+    char ordner[MAX_PATH];
+    return ::GetSystemWow64DirectoryA(ordner, sizeof ordner) != 0;
 }
 
 }  // namespace kes::win32

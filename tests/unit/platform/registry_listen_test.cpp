@@ -78,9 +78,9 @@ TEST_F(RegistryListenOffen, KeyDeletedDuringTheWalk_EndsTheWalkInsteadOfSpinning
     reg.OpenKey(kHkeyCurrentUser, "Software\\Weg", h);
     // Another program removes the key between two rounds of the walk.
     fp.timers.beimPumpen.push_back([&] {
-        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Eins");
-        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Zwei");
-        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg");
+        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Eins", kAnsichtNativ);
+        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Zwei", kAnsichtNativ);
+        fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg", kAnsichtNativ);
     });
     EXPECT_TRUE(reg.EnumSubkeys(h.Get(), Kategorie::Keine).empty());
     EXPECT_TRUE(reg.EnumValues(h.Get()).empty());

@@ -216,10 +216,10 @@ TEST_F(ShellBefehleReparatur, WithoutBalloonBox_IsSilentButForTheSound_AndMutedN
 }
 
 TEST_F(ShellBefehleReparatur, MissingClass_IsRepairedByCreatingTheValue) {
-    fp.registry.DeleteKey(kHkeyLocalMachine, "Software\\Classes\\piffile\\shell\\open\\command");
-    fp.registry.DeleteKey(kHkeyLocalMachine, "Software\\Classes\\piffile\\shell\\open");
-    fp.registry.DeleteKey(kHkeyLocalMachine, "Software\\Classes\\piffile\\shell");
-    fp.registry.DeleteKey(kHkeyLocalMachine, "Software\\Classes\\piffile");
+    fp.registry.DeleteKey(kHkeyLocalMachine, "Software\\Classes\\piffile\\shell\\open\\command", kAnsichtNativ);
+    fp.registry.DeleteKey(kHkeyLocalMachine, "Software\\Classes\\piffile\\shell\\open", kAnsichtNativ);
+    fp.registry.DeleteKey(kHkeyLocalMachine, "Software\\Classes\\piffile\\shell", kAnsichtNativ);
+    fp.registry.DeleteKey(kHkeyLocalMachine, "Software\\Classes\\piffile", kAnsichtNativ);
     ASSERT_FALSE(fp.registry.HasKey(kHklm + "\\Software\\Classes\\piffile"));
     Testen();
     EXPECT_EQ(Lesen("piffile"), kStandard);
