@@ -1,6 +1,9 @@
 #include "platform/registry.h"
 
+#include <algorithm>
 #include <cstring>
+
+#include "common/text.h"
 
 namespace kes {
 
@@ -38,6 +41,32 @@ std::string RootName(RegHandle root) {
 int HiveVonHandle(RegHandle root) {
     if (root < kHkeyClassesRoot || root > kHkeyDynData) return -1;
     return static_cast<int>(root - kHkeyClassesRoot);
+}
+
+namespace {
+constexpr const char* kWow = "Wow6432Node";
+}  // namespace
+
+std::string Pfad32(RegHandle root, const std::string& key) {
+    if (root == kHkeyClassesRoot) return std::string(kWow) + "\\" + key;
+    const auto trenner = key.find('\\');
+    if (trenner == std::string::npos) return key + "\\" + kWow;
+    return key.substr(0, trenner) + "\\" + kWow + key.substr(trenner);
+}
+
+bool IstPfad32(const std::string& key) {
+    std::size_t anfang = 0;
+    while (anfang <= key.size()) {
+        const auto ende = std::min(key.find('\\', anfang), key.size());
+        if (GleichOhneFall(key.substr(anfang, ende - anfang), kWow)) return true;
+        anfang = ende + 1;
+    }
+    return false;
+}
+
+std::vector<std::string> BeideAnsichten(Plattform& p, RegHandle root, const std::string& key) {
+    if (!p.registry.ZweiAnsichten()) return {key};
+    return {key, Pfad32(root, key)};
 }
 
 void Registry::OpenKey(RegHandle root, const std::string& key, RegKey& handle, Ansicht ansicht) {

@@ -23,6 +23,16 @@ std::string RootName(RegHandle root);
 // The hive code of HiveOCX for a predefined handle; -1 for any other handle.
 int HiveVonHandle(RegHandle root);
 
+// The path by which the program's own view reaches the key a 32-bit program means by KEY:
+// below HKLM the first component gets Wow6432Node after it ("SOFTWARE\\Wow6432Node\\..."),
+// below HKEY_CLASSES_ROOT Wow6432Node goes in front. What a user finds in a registry editor.
+std::string Pfad32(RegHandle root, const std::string& key);
+// Whether a path goes through a Wow6432Node component: the 32-bit form of a place.
+bool IstPfad32(const std::string& key);
+// The paths a watcher reads for one place, in this order: the place itself, and on a machine
+// with two views its 32-bit form after it. Both are read in the program's own view.
+std::vector<std::string> BeideAnsichten(Plattform& p, RegHandle root, const std::string& key);
+
 // One column of EnumValues: the value's type as decimal text and its name.
 struct WertEintrag {
     std::string Typ;

@@ -14,6 +14,13 @@ bool URLSearchHooks(Form3Fenster& f);
 bool KlassenIni(Form3Fenster& f);  // BHO, ShellService, TaskScheduler
 }  // namespace übernehmen
 
+namespace später {
+// The deferred text of Text1(0) or Text1(1), marked as the watcher marks an entry of the
+// 32-bit view.
+std::string Klasse0(const Form3Fenster& f);
+std::string Klasse1(const Form3Fenster& f);
+}  // namespace später
+
 namespace entfernen {
 void URLSearchHooks(Form3Fenster& f);
 void TaskScheduler(Form3Fenster& f);
@@ -27,19 +34,19 @@ inline constexpr KategorieZeile kKlassenlistenZeilen[] = {
      .übernehmen = übernehmen::KlassenIni,
      .löschen = entfernen::BHO,
      .regDeleteFeld = 0,
-     .später = später::Text0},
+     .später = später::Klasse0},
     {.kategorie = Kategorie::ShellService,
      .knöpfe = {1, 3},
      .übernehmen = übernehmen::KlassenIni,
      .löschen = entfernen::ShellService,
      .regDeleteFeld = 1,
-     .später = später::Text0},
+     .später = später::Klasse0},
     {.kategorie = Kategorie::TaskScheduler,
      .knöpfe = {1, 3},
      .übernehmen = übernehmen::KlassenIni,
      .löschen = entfernen::TaskScheduler,
      .regDeleteFeld = 0,
-     .später = später::Text1},
+     .später = später::Klasse1},
     {.kategorie = Kategorie::URLSearchHooks,
      .knöpfe = {1, 3},
      .übernehmen = übernehmen::URLSearchHooks,

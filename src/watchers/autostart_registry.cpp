@@ -89,15 +89,22 @@ void AutostartRegistry::TesteAutostartRegistry() {
         ListView33.Items.clear();
         k_.W().Kategorieschlüssel = Kategorie::AutostartRegistry;
         HiveOCX hive(k_.P().registry);
+        // The user's places are one in both views; the machine's are listed in each.
         for (int code : {1, 2}) {
-            if (!hive.ValueExists(code, kWindowsNT, "run")) continue;
-            ListItem& z = ListView33.Add(RootName(HandleVonHive(code)));
-            z.SetSubItem(1, kWindowsNT);
-            z.SetSubItem(2, "run");
-            z.SetSubItem(3, hive.ReadValue(code, kWindowsNT, "run"));
+            const RegHandle root = HandleVonHive(code);
+            for (const std::string& pfad : code == 1 ? std::vector<std::string>{kWindowsNT}
+                                                     : BeideAnsichten(k_.P(), root, kWindowsNT)) {
+                if (!hive.ValueExists(code, pfad, "run")) continue;
+                ListItem& z = ListView33.Add(RootName(root));
+                z.SetSubItem(1, pfad);
+                z.SetSubItem(2, "run");
+                z.SetSubItem(3, hive.ReadValue(code, pfad, "run"));
+            }
         }
-        for (RegHandle root : {kHkeyCurrentUser, kHkeyLocalMachine})
-            for (const char* ort : kOrte) Auflisten(root, ort);
+        for (const char* ort : kOrte) Auflisten(kHkeyCurrentUser, ort);
+        for (const char* ort : kOrte)
+            for (const std::string& pfad : BeideAnsichten(k_.P(), kHkeyLocalMachine, ort))
+                Auflisten(kHkeyLocalMachine, pfad);
         const int zeile = Unbekannt(bekannt);
         if (zeile >= 0) Warnen(zeile, false);
     } catch (...) {

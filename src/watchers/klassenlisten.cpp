@@ -168,6 +168,10 @@ bool Bekannt(WächterKontext& k, Art art, const Stand& stand, const std::string&
 }
 }  // namespace
 
+std::string KlassenKennung(const std::string& name, bool bit32) {
+    return bit32 ? "Wow6432Node\\" + name : name;
+}
+
 void Klassenlisten::TesteBHO() {
     Teste(Art::BHO);
 }
@@ -185,56 +189,68 @@ void Klassenlisten::Teste(Art art) {
     const Mitglied& m = Von(art);
     Plattform& p = k_.P();
     const Stand stand(art, ListView8, ListView9, ListView10, List9);
-    std::vector<std::string> liste;
-    try {
-        Registry reg(p);
-        liste = m.unterschlüssel ? reg.GetSubkeys(m.root, m.schlüssel, k_.W().Kategorieschlüssel)
-                                 : reg.GetValueNames(m.root, m.schlüssel);
-    } catch (const Fehler& f) {
-        // Only the helper objects say so; the others end without a word.
-        if (art == Art::BHO)
-            p.dialogs.ShowMessage("Fehler beim lesen [Browser Helper Objects] FehlerNr: " + std::to_string(f.Nummer()),
-                                  "", kMbOk);
-        return;
-    } catch (const std::exception&) {
-        if (art == Art::BHO) p.dialogs.ShowMessage("Fehler beim lesen [Browser Helper Objects] FehlerNr: 5", "", kMbOk);
-        return;
-    }
-    if (liste.empty() || liste.front().empty()) return;
-
-    HiveOCX hive(p.registry);
-    // N the entry name, D what is read before the server, C the class, S its server file.
-    std::string N, D, C, S;
+    // The user's hooks are one in both views; the machine's places are read in each.
+    const std::vector<std::string> orte = m.root == kHkeyLocalMachine ? BeideAnsichten(p, m.root, m.schlüssel)
+                                                                      : std::vector<std::string>{m.schlüssel};
+    // N the entry name, D what is read before the server, C the class, S its server file;
+    // ORT the place and KLASSE the class key in the view the entry came from.
+    std::string N, D, C, S, ort, klasse;
     bool gefunden = false;
-    for (const std::string& eintrag : liste) {
-        // Only what stands before a ";" is compared and shown.
-        N = eintrag.substr(0, eintrag.find(';'));
-        // The walk's surplus entry is no name. Its server read would ask for the default
-        // value of CLSID itself, which some systems fill.
-        if (N.empty() || N.front() == '\0') continue;
-        if (art == Art::ShellService || art == Art::TaskScheduler) k_.Pumpen();
-        if (Bekannt(k_, art, stand, N)) continue;
-        switch (art) {
-            case Art::BHO:
-                D = hive.ReadValue(2, std::string(kBHO) + "\\" + N, kStandardwert);
-                break;
-            case Art::ShellService:
-            case Art::TaskScheduler:
-                D = hive.ReadValue(2, m.schlüssel, N);
-                break;
-            case Art::URLSearchHooks:
-                k_.Pumpen();
-                break;
+    for (std::size_t o = 0; o < orte.size() && !gefunden; ++o) {
+        ort = orte[o];
+        const bool bit32 = o > 0;
+        std::vector<std::string> liste;
+        try {
+            Registry reg(p);
+            liste = m.unterschlüssel ? reg.GetSubkeys(m.root, ort, k_.W().Kategorieschlüssel)
+                                     : reg.GetValueNames(m.root, ort);
+        } catch (const Fehler& f) {
+            // Only the helper objects say so; the others end without a word.
+            if (art == Art::BHO)
+                p.dialogs.ShowMessage(
+                    "Fehler beim lesen [Browser Helper Objects] FehlerNr: " + std::to_string(f.Nummer()), "", kMbOk);
+            return;
+        } catch (const std::exception&) {
+            if (art == Art::BHO)
+                p.dialogs.ShowMessage("Fehler beim lesen [Browser Helper Objects] FehlerNr: 5", "", kMbOk);
+            return;
         }
-        C = art == Art::ShellService ? D : N;
-        S = hive.ReadValue(0, "CLSID\\" + C + "\\InprocServer32", kStandardwert);
-        // A class without a server file is passed over.
-        if (S.empty()) continue;
-        if (art == Art::BHO) k_.W().Kategorieschlüssel = Kategorie::BHO;
-        // The scheduler is deferred by its description, so equal descriptions go together.
-        if (k_.Später(art == Art::TaskScheduler ? D : N)) continue;
-        gefunden = true;
-        break;
+        if (liste.empty() || liste.front().empty()) continue;
+
+        HiveOCX hive(p.registry);
+        for (const std::string& eintrag : liste) {
+            // Only what stands before a ";" is compared and shown.
+            N = eintrag.substr(0, eintrag.find(';'));
+            // The walk's surplus entry is no name. Its server read would ask for the default
+            // value of CLSID itself, which some systems fill.
+            if (N.empty() || N.front() == '\0') continue;
+            if (art == Art::ShellService || art == Art::TaskScheduler) k_.Pumpen();
+            // An entry of the 32-bit view has a baseline line of its own.
+            if (Bekannt(k_, art, stand, KlassenKennung(N, bit32))) continue;
+            switch (art) {
+                case Art::BHO:
+                    D = hive.ReadValue(2, ort + "\\" + N, kStandardwert);
+                    break;
+                case Art::ShellService:
+                case Art::TaskScheduler:
+                    D = hive.ReadValue(2, ort, N);
+                    break;
+                case Art::URLSearchHooks:
+                    k_.Pumpen();
+                    break;
+            }
+            C = art == Art::ShellService ? D : N;
+            // A 32-bit program's class is registered in the 32-bit classes.
+            klasse = bit32 ? Pfad32(kHkeyClassesRoot, "CLSID\\" + C) : "CLSID\\" + C;
+            S = hive.ReadValue(0, klasse + "\\InprocServer32", kStandardwert);
+            // A class without a server file is passed over.
+            if (S.empty()) continue;
+            if (art == Art::BHO) k_.W().Kategorieschlüssel = Kategorie::BHO;
+            // The scheduler is deferred by its description, so equal descriptions go together.
+            if (k_.Später(KlassenKennung(art == Art::TaskScheduler ? D : N, bit32))) continue;
+            gefunden = true;
+            break;
+        }
     }
     if (!gefunden) return;
 
@@ -252,12 +268,12 @@ void Klassenlisten::Teste(Art art) {
                                                                       : std::string("URLSearchHooks"));
         reihe.SmallIcon = 1;
         reihe.SetSubItem(1, RootName(m.root));
-        reihe.SetSubItem(2, m.schlüssel);
+        reihe.SetSubItem(2, ort);
         reihe.SetSubItem(3, N);
         reihe.SetSubItem(4, art == Art::URLSearchHooks ? "" : D);
         reihe.SetSubItem(5, art == Art::ShellService ? D : art == Art::URLSearchHooks ? E : N);
         reihe.SetSubItem(6, "HKEY_CLASSES_ROOT");
-        reihe.SetSubItem(7, "CLSID\\" + C);
+        reihe.SetSubItem(7, klasse);
         reihe.SetSubItem(8, "InprocServer32");
         reihe.SetSubItem(9, erweitertImRegister ? E : S);
 

@@ -62,6 +62,10 @@ private:
     DateiVersion infos_;  // one record, filled anew for each entry
 };
 
+// What the baseline and the deferred list hold for an entry: its name, and for one seen only
+// in the 32-bit view "Wow6432Node\\" before it, so that the twin of the other view stays apart.
+std::string KlassenKennung(const std::string& name, bool bit32);
+
 // The menus of the four lists: each selected row goes with its section (ListView8, 9,
 // 10); the search hooks go whole, whichever line was chosen (List9).
 void bho1_Click(AlarmDaten& a, ListenPanel& panel, int index);

@@ -158,6 +158,7 @@ if __name__ == "__main__":
     import startseite  # noqa: F401
     import ordner  # noqa: F401
     import klassen  # noqa: F401
+    import ansichten  # noqa: F401
     import panel  # noqa: F401
     import warnung  # noqa: F401
     import abbruch  # noqa: F401

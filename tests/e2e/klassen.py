@@ -67,9 +67,10 @@ def xp_machine(h):
             h.new_server()
 
 
-def reg_query(h, key):
-    """(subkey names, {value name: data}) of a key; both empty when it is missing."""
-    out = h.run(["wine", "reg", "query", key], env=h.tool_env, check=False)
+def reg_query(h, key, view=None):
+    """(subkey names, {value name: data}) of a key in the view ("32", or None for the
+    64-bit one); both empty when it is missing."""
+    out = h.run(["wine", "reg", "query", key, *([f"/reg:{view}"] if view else [])], env=h.tool_env, check=False)
     subkeys, values = [], {}
     for line in out.stdout.decode("cp1252", "replace").splitlines():
         if line.startswith("HKEY_") and "\\" in line:
@@ -88,8 +89,9 @@ def expand_root(key):
     return {"HKLM": "HKEY_LOCAL_MACHINE", "HKCU": "HKEY_CURRENT_USER", "HKCR": "HKEY_CLASSES_ROOT"}[root] + "\\" + rest
 
 
-def key_exists(h, key):
-    return h.run(["wine", "reg", "query", key], env=h.tool_env, check=False).returncode == 0
+def key_exists(h, key, view=None):
+    view_args = [f"/reg:{view}"] if view else []
+    return h.run(["wine", "reg", "query", key, *view_args], env=h.tool_env, check=False).returncode == 0
 
 
 def set_default(h, key, data):
@@ -156,24 +158,39 @@ def class_lists_come_up_one_by_one_and_a_new_helper_object_is_deleted(h):
             seen.append(kinds[0])
             h.click(hwnd, "Übernehmen")
             h.gone(hwnd, 10)
-        check(seen == ["bho"] * 4 + ["ssodl"] * 4 + ["sts"] * 3 + ["hooks"] * 2,
+        # The fixture's 32-bit view adds three helper objects, a shell service object and a
+        # task scheduler; each place's 32-bit form is read after the place itself.
+        check(seen == ["bho"] * 7 + ["ssodl"] * 5 + ["sts"] * 4 + ["hooks"] * 2,
               f"warnings came as {seen}")
 
-        bhos, _ = reg_query(h, HKLM_BHO)
-        without_server = [c for c in bhos if not key_exists(h, r"HKCR\CLSID" + "\\" + c + r"\InprocServer32")]
-        check(len(without_server) == 1, f"the fixture should have one class without server: {without_server}")
+        def both_views(key, entries):
+            """The entries of both views as the baseline files name them."""
+            names = dict(entries(key))
+            names.update({"Wow6432Node\\" + n: v for n, v in entries(key, "32")})
+            return names
+
+        def bho_entries(key, view=None):
+            subkeys = reg_query(h, key, view)[0]
+            # One of the fixture's classes has no server file: it passes in silence.
+            return [(c, c) for c in subkeys if key_exists(h, r"HKCR\CLSID" + "\\" + c + r"\InprocServer32", view)]
+
         bho_ini = ini(h, "bho.ini")
         accepted = sorted(bho_ini.get(s, "Clisd") for s in bho_ini.sections())
-        check(sorted(bho_ini.sections()) == ["1", "2", "3", "4"], f"bho.ini sections {bho_ini.sections()}")
-        check(accepted == sorted(set(bhos) - set(without_server)), f"bho.ini holds {accepted}, registry {bhos}")
-        check(all(bho_ini.get(s, "Pfad").lower().startswith("c:\\windows\\system32\\xp") for s in bho_ini.sections()),
-              "a Pfad of bho.ini is not the expanded server path")
+        check(sorted(bho_ini.sections(), key=int) == [str(n) for n in range(1, 8)],
+              f"bho.ini sections {bho_ini.sections()}")
+        expected = sorted(both_views(HKLM_BHO, bho_entries))
+        check(accepted == expected, f"bho.ini holds {accepted}, registry {expected}")
+        check(all(bho_ini.get(s, "Pfad").lower().startswith(("c:\\windows\\system32\\xp", "c:\\windows\\syswow64\\"))
+                  for s in bho_ini.sections()), "a Pfad of bho.ini is not the expanded server path")
 
-        _, ssodl = reg_query(h, HKLM_SSODL)
+        def values(key, view=None):
+            return reg_query(h, key, view)[1].items()
+
+        ssodl = both_views(HKLM_SSODL, values)
         shell_ini = ini(h, "shellservice.ini")
         check({shell_ini.get(s, "name"): shell_ini.get(s, "wert") for s in shell_ini.sections()} == ssodl,
               f"shellservice.ini does not hold the values {ssodl}")
-        _, sts = reg_query(h, HKLM_STS)
+        sts = both_views(HKLM_STS, values)
         task_ini = ini(h, "taskscheduler.ini")
         # Name and data change places in this file: the value's name is the class.
         check({task_ini.get(s, "wert"): task_ini.get(s, "name") for s in task_ini.sections()} == sts,
@@ -182,7 +199,7 @@ def class_lists_come_up_one_by_one_and_a_new_helper_object_is_deleted(h):
         lines = read_text(os.path.join(h.folder, "daten", "URLSearchHook.txt")).split("\r\n")
         check(sorted(filter(None, lines)) == sorted(hooks), f"URLSearchHook.txt holds {lines}, registry {hooks}")
         log = read_text(os.path.join(h.folder, "Kestrella.log"))
-        check(log.count("Neuer BHO Eintrag erstellt.") == 4, "not four accept entries for the helper objects")
+        check(log.count("Neuer BHO Eintrag erstellt.") == 7, "not seven accept entries for the helper objects")
 
         # A program adds a helper object with its class; "Löschen" removes the class.
         set_default(h, r"HKCR\CLSID" + "\\" + NEW_BHO + r"\InprocServer32", r"C:\windows\system32\fremd.dll")

@@ -1,0 +1,180 @@
+// The watchers of the machine's redirected places on a 64-bit Windows: an entry that a
+// 32-bit program wrote is listed by its Wow6432Node path, has a baseline line of its own,
+// and is deleted in its own view, while the twin of the same name in the 64-bit view stays.
+// On a 32-bit Windows the Wow6432Node paths are not read.
+#include <functional>
+
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
+const std::string kKlassen64 = "HKEY_CLASSES_ROOT\\CLSID\\";
+const std::string kKlassen32 = "HKEY_LOCAL_MACHINE\\Software\\Classes\\Wow6432Node\\CLSID\\";
+
+// A machine's path below HKLM in the 64-bit view or, written there, in the 32-bit one.
+std::string In(bool bit32, const std::string& software, const std::string& rest) {
+    return kHklm + software + (bit32 ? "\\Wow6432Node\\" : "\\") + rest;
+}
+
+struct Maschine {
+    fake::FakePlattform fp;
+    Programm prg{fp.plattform};
+    explicit Maschine(fake::Maschine m) : fp(m) {
+        prg.Programmordner = "C:\\Programme\\Kestrella\\";
+        prg.Windowsordner = "C:\\WINDOWS";
+        prg.Systemordner = "C:\\WINDOWS\\system32";
+        prg.Alarm().Timer1.SetEnabled(true);
+        prg.AnzeigeLöschen = true;  // no question before a delete
+    }
+    void Klasse(bool bit32, const std::string& clsid, const std::string& server) {
+        fp.registry.SetString((bit32 ? kKlassen32 : kKlassen64) + clsid + "\\InprocServer32", "", server);
+        fp.files.Put(server, "MZ");
+    }
+    bool KlasseDa(bool bit32, const std::string& clsid) {
+        return fp.registry.HasKey((bit32 ? kKlassen32 : kKlassen64) + clsid);
+    }
+};
+
+// One watched place: how an entry is made in either view, the watch that lists it, the
+// key path its warning row shows for the 32-bit one, and whether the entry is there.
+struct Ort {
+    const char* name;
+    std::function<void(Maschine&, bool bit32)> anlegen;
+    std::function<void(AlarmFenster&)> teste;
+    std::string pfad32;
+    std::function<bool(Maschine&, bool bit32)> da;
+};
+
+Ort Autostart(const char* schlüssel) {
+    const std::string rest = std::string("Microsoft\\Windows\\CurrentVersion\\") + schlüssel;
+    return {schlüssel,
+            [rest](Maschine& m, bool b) { m.fp.registry.SetString(In(b, "Software", rest), "Tool", "C:\\tool.exe"); },
+            [](AlarmFenster& a) { a.autostartRegistry.TesteAutostartRegistry(); },
+            "Software\\Wow6432Node\\" + rest,
+            [rest](Maschine& m, bool b) { return m.fp.registry.HasValue(In(b, "Software", rest), "Tool"); }};
+}
+
+const std::string kNT = "Microsoft\\Windows NT\\CurrentVersion\\Windows";
+const std::string kBho = "Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects";
+const std::string kSsodl = "Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad";
+const std::string kSts = "Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler";
+
+const Ort kOrte[] = {
+    Autostart("Run"),
+    Autostart("RunOnce"),
+    Autostart("RunOnceEx"),
+    Autostart("RunServices"),
+    Autostart("RunServicesOnce"),
+    {"Windows NT run",
+     [](Maschine& m, bool b) { m.fp.registry.SetString(In(b, "Software", kNT), "run", "C:\\tool.exe"); },
+     [](AlarmFenster& a) { a.autostartRegistry.TesteAutostartRegistry(); }, "Software\\Wow6432Node\\" + kNT,
+     [](Maschine& m, bool b) { return m.fp.registry.HasValue(In(b, "Software", kNT), "run"); }},
+    // The helper object's delete leaves its key and removes its class: the class is the entry.
+    {"Browser Helper Objects",
+     [](Maschine& m, bool b) {
+         m.fp.registry.SetString(In(b, "SOFTWARE", kBho + "\\{B1}"), "", "Hilfe");
+         m.Klasse(b, "{B1}", b ? "C:\\b32.dll" : "C:\\b64.dll");
+     },
+     [](AlarmFenster& a) { a.klassenlisten.TesteBHO(); }, "SOFTWARE\\Wow6432Node\\" + kBho,
+     [](Maschine& m, bool b) { return m.KlasseDa(b, "{B1}"); }},
+    {"ShellServiceObjectDelayLoad",
+     [](Maschine& m, bool b) {
+         m.fp.registry.SetString(In(b, "Software", kSsodl), "Brenner", "{S1}");
+         m.Klasse(b, "{S1}", b ? "C:\\s32.dll" : "C:\\s64.dll");
+     },
+     [](AlarmFenster& a) { a.klassenlisten.TesteShellService(); }, "Software\\Wow6432Node\\" + kSsodl,
+     [](Maschine& m, bool b) {
+         return m.fp.registry.HasValue(In(b, "Software", kSsodl), "Brenner") && m.KlasseDa(b, "{S1}");
+     }},
+    {"SharedTaskScheduler",
+     [](Maschine& m, bool b) {
+         m.fp.registry.SetString(In(b, "SOFTWARE", kSts), "{T1}", "Planer");
+         m.Klasse(b, "{T1}", b ? "C:\\t32.dll" : "C:\\t64.dll");
+     },
+     [](AlarmFenster& a) { a.klassenlisten.TesteSharedTaskScheduler(); }, "SOFTWARE\\Wow6432Node\\" + kSts,
+     [](Maschine& m, bool b) {
+         return m.fp.registry.HasValue(In(b, "SOFTWARE", kSts), "{T1}") && m.KlasseDa(b, "{T1}");
+     }},
+};
+
+// The 64-bit twin made, warned of and accepted: what follows sees only the 32-bit entry.
+void ZwillingAngenommen(Maschine& m, const Ort& o) {
+    o.anlegen(m, false);
+    o.teste(m.prg.Alarm());
+    ASSERT_TRUE(m.prg.Form3Geladen()) << "the 64-bit entry warns as before";
+    EXPECT_EQ(m.prg.Form3().ListView4.Items.at(0).SubItem(2).find("Wow6432Node"), std::string::npos);
+    m.prg.Form3().Image_Click(1);
+    ASSERT_FALSE(m.prg.Form3Geladen());
+    m.prg.Aufräumen();
+}
+
+// Warns of the 32-bit entry and checks the warning names its Wow6432Node path.
+void Gewarnt32(Maschine& m, const Ort& o) {
+    o.teste(m.prg.Alarm());
+    ASSERT_TRUE(m.prg.Form3Geladen());
+    const ListItem& reihe = m.prg.Form3().ListView4.Items.at(0);
+    EXPECT_EQ(reihe.SubItem(1), "HKEY_LOCAL_MACHINE");
+    EXPECT_EQ(reihe.SubItem(2), o.pfad32);
+}
+
+TEST(ZweiAnsichten, EntryOfThe32BitView_WarnsOnceByItsPath_AndAcceptedIsSilent) {
+    for (const Ort& o : kOrte) {
+        SCOPED_TRACE(o.name);
+        Maschine m(fake::Maschine::Bit64);
+        ZwillingAngenommen(m, o);
+        o.anlegen(m, true);
+        Gewarnt32(m, o);
+        m.prg.Form3().Image_Click(1);
+        ASSERT_FALSE(m.prg.Form3Geladen());
+        m.prg.Aufräumen();
+        o.teste(m.prg.Alarm());
+        EXPECT_FALSE(m.prg.Form3Geladen()) << "both views' entries are known now";
+    }
+}
+
+TEST(ZweiAnsichten, EntryOfThe32BitView_DeletedInItsViewOnly) {
+    for (const Ort& o : kOrte) {
+        SCOPED_TRACE(o.name);
+        Maschine m(fake::Maschine::Bit64);
+        ZwillingAngenommen(m, o);
+        o.anlegen(m, true);
+        Gewarnt32(m, o);
+        m.prg.Form3().Image_Click(3);
+        EXPECT_FALSE(m.prg.Form3Geladen());
+        EXPECT_FALSE(o.da(m, true));
+        EXPECT_TRUE(o.da(m, false)) << "the 64-bit twin stays";
+    }
+}
+
+TEST(ZweiAnsichten, DeferredTwin_DoesNotDeferThe32BitEntry) {
+    for (const Ort& o : kOrte) {
+        SCOPED_TRACE(o.name);
+        Maschine m(fake::Maschine::Bit64);
+        o.anlegen(m, false);
+        o.teste(m.prg.Alarm());
+        ASSERT_TRUE(m.prg.Form3Geladen());
+        m.prg.Form3().Image_Click(6);
+        ASSERT_FALSE(m.prg.Form3Geladen());
+        m.prg.Aufräumen();
+        o.anlegen(m, true);
+        Gewarnt32(m, o);
+    }
+}
+
+TEST(ZweiAnsichten, OneViewMachine_ReadsNoWow6432NodePath) {
+    for (const Ort& o : kOrte) {
+        SCOPED_TRACE(o.name);
+        Maschine m(fake::Maschine::Bit32);
+        ZwillingAngenommen(m, o);
+        o.anlegen(m, true);  // on this machine just another key of that name
+        o.teste(m.prg.Alarm());
+        EXPECT_FALSE(m.prg.Form3Geladen());
+    }
+}
+
+}  // namespace
+}  // namespace kes::test
