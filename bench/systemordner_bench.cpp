@@ -58,9 +58,9 @@ int main(int argc, char** argv) {
     Plattform& p = echt.plattform;
     BenchKontext k(p);
     k.W().Systemordner = SystemVerzeichnis(p);
-    ListView basis, jetzt, windows;
+    ListView basis, jetzt, windows, wow64;
     ListBox ausnahmen;
-    WindowsDateien w(k, windows, basis, jetzt, ausnahmen);
+    WindowsDateien w(k, windows, basis, wow64, jetzt, ausnahmen);
     w.LadeWindowsSys32();
     const ListItem letzte = basis.Items.back();
     std::printf("%d rounds each, %zu files in %s\n", runden, basis.Items.size(), k.W().Systemordner.c_str());

@@ -15,6 +15,7 @@ struct Prozesswerte {
     std::string Programmordner;  // always ends in "\"
     std::string Windowsordner;   // no trailing "\"
     std::string Systemordner;    // no trailing "\"
+    std::string SysWow64ordner;  // no trailing "\"; empty on a 32-bit Windows
     std::string Logkopf;
     std::int16_t Intervallstufe = 0;
     std::int16_t Soundflag = 0;

@@ -53,6 +53,7 @@ void Properties_Load(Programm& prg) {
         AlarmFenster& alarm = prg.Alarm();
         if (alarm.Box1[19].value() == 1) alarm.windowsDateien.LadeWindows();
         if (alarm.Box1[20].value() == 1) alarm.windowsDateien.LadeWindowsSys32();
+        if (alarm.Box1[32].value() == 1) alarm.windowsDateien.LadeWindowsSysWow64();
 
         alarm.Timer1.SetEnabled(true);
         if (prg.Intervallstufe == 0) prg.Intervallstufe = 5;

@@ -18,6 +18,7 @@ bool Main(Programm& prg) {
     prg.p.files.MakeDirectory(ordner + "daten");
     prg.Windowsordner = Sysfolder(prg.p, kCsidlWindows);
     prg.Systemordner = Sysfolder(prg.p, kCsidlSystem);
+    prg.SysWow64ordner = prg.p.system.Wow64SystemDirectory();
     prg.Logkopf = LogkopfBilden(prg.p.system.ShortDate(), prg.p.system.ShortTime());
 
     StartFenster& start = prg.Start();

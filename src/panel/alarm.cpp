@@ -55,6 +55,7 @@ void AlarmFenster::Form_Load() {
 
     Box1[19].Caption = k_.W().Windowsordner;
     Box1[20].Caption = k_.W().Systemordner;
+    Box1[32].Caption = k_.W().SysWow64ordner;
     Laden();
 }
 

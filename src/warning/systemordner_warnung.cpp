@@ -1,6 +1,7 @@
 // The answers of a system folder warning. Besides accept and delete, "Ausnahmeliste" puts
 // a created file on the exception list of the Windows folder for good, and "Na gut.."
-// takes a deleted file out of the baseline, so it is no longer expected.
+// takes a deleted file out of the baseline, so it is no longer expected. A file of SysWOW64
+// goes to and from that folder's baseline; any other to and from the Windows folder's.
 #include "warning/systemordner_warnung.h"
 
 #include <cstdlib>
@@ -29,19 +30,18 @@ void MitFehlerausgang(Form3Fenster& f, const char* routine, Tun&& tun) {
 
 namespace übernehmen {
 bool WindowsDatei(Form3Fenster& f) {
-    AlarmDaten& a = f.K().Alarm();
     const std::string pfad = f.Zeile2();
+    ListView& basis = f.K().Alarm().windowsDateien.BasisVon(pfad);
     const std::string länge = std::to_string(DateiLänge(f, pfad));
     if (Feld(f, 3) == "1") {
-        a.ListView4.Add(pfad).SetSubItem(1, länge);
+        basis.Add(pfad).SetSubItem(1, länge);
         f.K().Log("Neue Datei wurde erstellt.", {"Datei: " + pfad}, kOk);
     }
     if (Feld(f, 3) == "3") {
         const long zeile = std::strtol(Feld(f, 4).c_str(), nullptr, 10);
-        if (zeile < 1 || zeile > static_cast<long>(a.ListView4.Items.size()) ||
-            a.ListView4.Items[zeile - 1].Text != pfad)
+        if (zeile < 1 || zeile > static_cast<long>(basis.Items.size()) || basis.Items[zeile - 1].Text != pfad)
             return false;  // a row that no longer matches ends the action unchanged
-        a.ListView4.Items[zeile - 1].SetSubItem(1, länge);
+        basis.Items[zeile - 1].SetSubItem(1, länge);
         f.K().Log("Datei wurde geändert.", {"Datei: " + pfad}, "< OK >");
     }
     return true;
@@ -71,7 +71,7 @@ void Ausnahmeliste(Form3Fenster& f) {
 void NaGut(Form3Fenster& f) {
     MitFehlerausgang(f, "Na gut", [&] {
         if (f.Text1[3].Text == "2") {
-            ListView& basis = f.K().Alarm().ListView4;
+            ListView& basis = f.K().Alarm().windowsDateien.BasisVon(f.Zeile2());
             const long zeile = std::strtol(f.Text1[4].Text.c_str(), nullptr, 10);
             if (zeile < 1 || zeile > static_cast<long>(basis.Items.size()))
                 throw Fehler(35600, "Index außerhalb des gültigen Bereichs");

@@ -14,7 +14,7 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       autostartOrdner(k, List3, Label2, File1),
       autostartRegistry(k, ListView1, ListView33),
       hosts(k),
-      windowsDateien(k, ListView4, ListView7, ListView5, List5),
+      windowsDateien(k, ListView4, ListView7, ListView13, ListView5, List5),
       klassenlisten(k, ListView8, ListView9, ListView10, List9, ww),
       activeX(k, List6, List7),
       dienste(k, ListView11, List10, ww),

@@ -42,7 +42,7 @@ enum TimerId : int {
 // options. A new box raises the count here; the watcher table's check fails the build
 // until it does, and the array, the view and the settings follow it.
 inline constexpr int kEigeneBoxen = 4;
-inline constexpr int kBoxAnzahl = 32;
+inline constexpr int kBoxAnzahl = 33;
 
 class AlarmDaten {
 public:
@@ -68,6 +68,7 @@ public:
     ListView ListView10;           // known SharedTaskScheduler entries
     ListView ListView11;           // known services
     ListView ListView12;           // known trusted sites
+    ListView ListView13;           // files of SysWOW64: path, length
     ListView ListView33;           // the autostart registry rows of the current listing
     ListBox List1;                 // trusted makers of processes
     ListBox List2;                 // processes allowed for this run only

@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "common/pumpenfrei.h"
+#include "common/text.h"
 #include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
 #include "platform/icoholen.h"
@@ -68,6 +69,20 @@ void WindowsDateien::LadeWindowsSys32() {
         Füllen(ListView7, k_.W().Systemordner);
     } catch (...) {
     }
+}
+
+void WindowsDateien::LadeWindowsSysWow64() {
+    if (k_.W().SysWow64ordner.empty()) return;
+    try {
+        Füllen(ListView13, k_.W().SysWow64ordner);
+    } catch (...) {
+    }
+}
+
+ListView& WindowsDateien::BasisVon(const std::string& pfad) {
+    const std::string& wow = k_.W().SysWow64ordner;
+    if (!wow.empty() && GleichOhneFall(DateiOrdner(pfad), wow + "\\")) return ListView13;
+    return ListView4;
 }
 
 bool WindowsDateien::AusnahmeTrue(const std::string& pfad) const {
@@ -156,6 +171,23 @@ void WindowsDateien::TesteWindowsSystem32Gelöscht() {
 void WindowsDateien::TesteWindowsSystem32Erstellt() {
     try {
         Erstellt(ListView7, false);
+    } catch (...) {
+    }
+}
+
+void WindowsDateien::TesteWindowsSysWow64Gelöscht() {
+    if (k_.W().SysWow64ordner.empty()) return;
+    try {
+        Gelöscht(k_.W().SysWow64ordner, ListView13, false);
+    } catch (...) {
+    }
+}
+
+void WindowsDateien::TesteWindowsSysWow64Erstellt() {
+    // ListView5 holds nothing of SysWOW64 unless the deleted-file pass just walked it.
+    if (k_.W().SysWow64ordner.empty()) return;
+    try {
+        Erstellt(ListView13, false);
     } catch (...) {
     }
 }

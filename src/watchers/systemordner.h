@@ -1,7 +1,8 @@
-// Files created in or deleted from the Windows folder and the system folder, compared with
-// a snapshot taken when the program starts; the snapshot lives in memory for the run. A
-// count test comes first, so a cycle with nothing new costs one folder walk per folder.
-// The Windows folder has an exception list (daten\windows.txt); the system folder has none.
+// Files created in or deleted from the Windows folder, the system folder and, on a 64-bit
+// Windows, SysWOW64 (the 32-bit programs' system folder), compared with a snapshot taken
+// when the program starts; the snapshot lives in memory for the run. A count test comes
+// first, so a cycle with nothing new costs one folder walk per folder. The Windows folder
+// has an exception list (daten\windows.txt); the two system folders have none.
 #pragma once
 
 #include <array>
@@ -19,9 +20,11 @@ class AlarmDaten;
 
 class WindowsDateien {
 public:
-    WindowsDateien(WächterKontext& k, ListView& ListView4, ListView& ListView7, ListView& ListView5, ListBox& List5)
+    WindowsDateien(WächterKontext& k, ListView& ListView4, ListView& ListView7, ListView& ListView13,
+                   ListView& ListView5, ListBox& List5)
         : ListView4(ListView4),
           ListView7(ListView7),
+          ListView13(ListView13),
           ListView5(ListView5),
           List5(List5),
           ausnahmen(k, "daten\\windows.txt", List5),
@@ -34,6 +37,14 @@ public:
     void TesteWindowsErstellt();
     void TesteWindowsSystem32Gelöscht();
     void TesteWindowsSystem32Erstellt();
+    // SysWOW64 as the system folder; where there is none they do nothing.
+    void LadeWindowsSysWow64();
+    void TesteWindowsSysWow64Gelöscht();
+    void TesteWindowsSysWow64Erstellt();
+
+    // The baseline a file of a warning belongs to: SysWOW64's for a file at its top level,
+    // else the Windows folder's, which the answers have always used.
+    ListView& BasisVon(const std::string& pfad);
 
     // True when the path is a line of List5, compared whole and with case.
     bool AusnahmeTrue(const std::string& pfad) const;
@@ -43,6 +54,7 @@ public:
 
     ListView& ListView4;   // baseline of the Windows folder: path, length
     ListView& ListView7;   // baseline of the system folder
+    ListView& ListView13;  // baseline of SysWOW64
     ListView& ListView5;   // the live snapshot of the folder being tested
     ListBox& List5;        // exceptions of the Windows folder, one full path a line
     Grundliste ausnahmen;  // List5

@@ -204,6 +204,20 @@ constexpr WächterZeile kWächter[] = {
          [](A& a, W&) {
              if (a.ListView7.Items.empty()) a.windowsDateien.LadeWindowsSys32();
          }},
+    {.name = "SysWOW64 folder",
+     .box = 32,
+     // Its caption is the folder, set when the panel loads; without the folder (a 32-bit
+     // Windows) the box stays and the passes do nothing.
+     .kategorien = {K::WindowsDatei},
+     .zyklus = {[](A& a, W&) { a.windowsDateien.TesteWindowsSysWow64Gelöscht(); },
+                [](A& a, W&) { a.windowsDateien.TesteWindowsSysWow64Erstellt(); }},
+     .laden = {[](A& a, W&) {
+         if (a.Box1[32].value() == 1) a.windowsDateien.LadeWindowsSysWow64();
+     }},
+     .beimKlick =
+         [](A& a, W&) {
+             if (a.ListView13.Items.empty()) a.windowsDateien.LadeWindowsSysWow64();
+         }},
     {.name = "ActiveX",
      .box = 22,
      .beschriftung = " ActiveX-Objekte (auch bekannt als Downloaded Program Files)  sofort melden.",

@@ -1,6 +1,7 @@
 """End-to-end tests of the folder watchers: a file in the user's Startup folder removed at
 once with its balloon and log line, a file created in the system folder warned of and
-deleted through "Datei löschen", and a new favourite accepted into daten\\favoriten.txt.
+deleted through "Datei löschen", files created in SysWOW64 (the 32-bit programs' system
+folder) accepted and deleted, and a new favourite accepted into daten\\favoriten.txt.
 
 The system folder test at XP scale: a build folder that holds copies of Kestrella.exe,
 kestrella-dat.exe and tests/e2e/kd*.* beside an e2e-prefix made by tools/xp_machine.py, then
@@ -123,6 +124,52 @@ def system32_file_warned_within_two_intervals_and_deleted(h):
               f"no delete entry in the log: {log!r}")
     finally:
         remove(path)
+
+
+@test
+def syswow64_file_warned_accepted_and_another_deleted(h):
+    syswow64 = os.path.join(h.prefix, "drive_c", "windows", "syswow64")
+    # A Wine without its 32-bit part names the folder all the same but does not make it.
+    made = not os.path.isdir(syswow64)
+    os.makedirs(syswow64, exist_ok=True)
+    accepted = os.path.join(syswow64, TEST_NAME + "-32.dll")
+    deleted = os.path.join(syswow64, TEST_NAME + "-weg.dll")
+    for path in (accepted, deleted):
+        remove(path)
+    try:
+        start(h, "syswow64", box32=1, box16=1, box17=1)
+        time.sleep(2)
+        write(accepted, b"MZ")
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        controls = [c for c in h.texts(hwnd) if c["visible"]]
+        texts = [c["text"] for c in controls]
+        check("Datei wurde erstellt!" in texts, f"headline missing: {texts}")
+        rows = [cell.lower() for c in controls for row in c["rows"] for cell in row]
+        win = "C:\\windows\\syswow64\\" + TEST_NAME + "-32.dll"
+        check(win.lower() in rows, f"the path in SysWOW64 missing: {rows}")
+        h.click(hwnd, "Übernehmen")
+        h.gone(hwnd, 10)
+        check(os.path.exists(accepted), "the accepted file went")
+        time.sleep(2.5)
+        check(WARNING_TITLE not in visible_titles(h), "the accepted file raised a warning again")
+
+        write(deleted, b"MZ")
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        rows = [cell.lower() for c in h.texts(hwnd) for row in c["rows"] for cell in row]
+        check((TEST_NAME + "-weg.dll").lower() in rows, f"the second file missing: {rows}")
+        h.click(hwnd, "Datei löschen")
+        h.wait_window("Achtung!", 10)
+        h.click("Achtung!", "Ja löschen")
+        h.gone(hwnd, 10)
+        check(not os.path.exists(deleted), "the file is still in syswow64 after Ja löschen")
+        log = read_cp1252(os.path.join(h.folder, "Kestrella.log"))
+        check("Neue Datei wurde erstellt.\r\nDatei: " in log and "< Gelöscht OK >" in log,
+              f"no accept or delete entry in the log: {log!r}")
+    finally:
+        for path in (accepted, deleted):
+            remove(path)
+        if made:
+            os.rmdir(syswow64)
 
 
 @test

@@ -48,6 +48,8 @@ public:
     void Sleep(int ms) override { geschlafen += ms; }
     int ScreenWidth() override { return 1024; }
     int ScreenHeight() override { return 768; }
+    std::string wow64;  // empty: a 32-bit Windows
+    std::string Wow64SystemDirectory() override { return wow64; }
 };
 
 // A phone book in memory, empty like that of Wine. Entries are found by name, without
@@ -146,6 +148,10 @@ struct FakePlattform {
         shell.ordner[kCsidlFavorites] = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
         files.MakeDirs("C:\\Programme\\Kestrella\\daten");
         files.MakeDirs("C:\\WINDOWS\\system32\\drivers\\etc");
+        if (maschine == Maschine::Bit64) {
+            system.wow64 = "C:\\WINDOWS\\SysWOW64";
+            files.MakeDirs(system.wow64);
+        }
         // A message that runs meanwhile may delete what a handle points at, or end the
         // program: no walk keeps a handle open across a pump.
         timers.vorDerPumpe = [this] { HandlesPrüfen("across a message pump"); };

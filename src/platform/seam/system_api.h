@@ -36,6 +36,9 @@ public:
     virtual void Sleep(int ms) = 0;
     virtual int ScreenWidth() = 0;
     virtual int ScreenHeight() = 0;
+    // The folder where 32-bit programs of a 64-bit Windows keep their system files, as
+    // GetSystemWow64DirectoryA names it, without a trailing "\"; empty where there is none.
+    virtual std::string Wow64SystemDirectory() = 0;
 };
 
 // The fields of a phone-book entry (RASENTRY) that the program reads.

@@ -136,6 +136,14 @@ std::string Win32System::ExecutablePath() {
     return std::string(puffer, n);
 }
 
+std::string Win32System::Wow64SystemDirectory() {
+    char puffer[MAX_PATH * 2] = {};
+    // A 32-bit Windows answers 0 (ERROR_CALL_NOT_IMPLEMENTED): it has no such folder.
+    const UINT n = ::GetSystemWow64DirectoryA(puffer, sizeof puffer);
+    if (n == 0 || n >= sizeof puffer) return {};
+    return std::string(puffer, n);
+}
+
 std::string Win32System::CommandLine() {
     // Everything behind the program's name, which may stand in quotes.
     const char* z = ::GetCommandLineA();

@@ -63,6 +63,7 @@ public:
     void Sleep(int ms) override { ::Sleep(static_cast<DWORD>(ms)); }
     int ScreenWidth() override { return ::GetSystemMetrics(SM_CXSCREEN); }
     int ScreenHeight() override { return ::GetSystemMetrics(SM_CYSCREEN); }
+    std::string Wow64SystemDirectory() override;
 
 private:
     // Every instance holds the mutex for its whole run, silent ones included, so a later

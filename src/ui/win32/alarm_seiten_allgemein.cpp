@@ -47,17 +47,20 @@ void AlarmAnsicht::SeitenAllgemein() {
     Überschrift(1, "Ausnahmen Hersteller:", 12, 286);
     ListBoxNeu(1, f_.List1, 12, 302, innen, 110);
 
-    // 9: the Windows and system folders.
+    // 9: the Windows folder and the two system folders.
     Überschrift(9, "Folgende Ordner in die Überwachung mit einbeziehen.", 12, 22, 400);
     BoxNeu(9, 19, 24, 40);
     BoxNeu(9, 20, 24, 60);
-    BoxNeu(9, 16, 12, 88);
-    BoxNeu(9, 17, 12, 108);
-    BoxNeu(9, 18, 12, 128);
-    const int drittel = (innen - 16) / 3;
-    ListeNeu(9, f_.ListView4, 12, 156, drittel, 130);
-    ListeNeu(9, f_.ListView7, 20 + drittel, 156, drittel, 130);
-    ListeNeu(9, f_.ListView5, 28 + 2 * drittel, 156, drittel, 130);
+    BoxNeu(9, 32, 24, 80);
+    BoxNeu(9, 16, 12, 106);
+    BoxNeu(9, 17, 12, 126);
+    BoxNeu(9, 18, 12, 146);
+    const int viertel = (innen - 24) / 4;
+    int x = 12;
+    for (ListView* liste : {&f_.ListView4, &f_.ListView7, &f_.ListView13, &f_.ListView5}) {
+        ListeNeu(9, *liste, x, 170, viertel, 116);
+        x += viertel + 8;
+    }
     Überschrift(9, "Ausnahmen:", 12, 294);
     ListBoxNeu(9, f_.List5, 12, 310, innen, 102);
 

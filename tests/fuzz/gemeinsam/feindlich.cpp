@@ -166,9 +166,9 @@ void RegistryFüllen(fake::FakeRegistry& reg, FuzzedDataProvider& d, int anzahl)
     }
 }
 
-FuzzProgramm::FuzzProgramm(std::uint32_t boxAn, PropertyBag bag, const std::function<void(FuzzProgramm&)>& vorher) {
+FuzzProgramm::FuzzProgramm(std::uint64_t boxAn, PropertyBag bag, const std::function<void(FuzzProgramm&)>& vorher) {
     // One bit of the mask a box: a box past the mask would never be switched on here.
-    static_assert(kBoxAnzahl <= 32, "widen the fuzzers' box mask for the new box");
+    static_assert(kBoxAnzahl <= 64, "widen the fuzzers' box mask for the new box");
     for (int i = 1; i < kBoxAnzahl; ++i) bag.WriteProperty("Box" + std::to_string(i), std::int16_t((boxAn >> i) & 1));
     bag.WriteProperty("AnzeigeLöschen", true);
     dateien.Put(ordner + "kestrella.dat", bag.Contents());

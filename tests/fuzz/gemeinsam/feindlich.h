@@ -29,7 +29,7 @@ std::string FeindlicherName(FuzzedDataProvider& d);
 void RegistryFüllen(fake::FakeRegistry& reg, FuzzedDataProvider& d, int anzahl);
 
 // The program on the fake platform, started with a settings file that switches on what
-// boxAn says (a bit per box 1..31), so Alarm is loaded with all its loaders. vorher runs
+// boxAn says (a bit per box 1..63), so Alarm is loaded with all its loaders. vorher runs
 // before the start, to put baselines and settings in place.
 struct FuzzProgramm {
     fake::FakePlattform fp;
@@ -37,7 +37,7 @@ struct FuzzProgramm {
     Programm prg{fp.plattform};
     const std::string ordner = "C:\\Programme\\Kestrella\\";
 
-    FuzzProgramm(std::uint32_t boxAn, PropertyBag bag = {}, const std::function<void(FuzzProgramm&)>& vorher = {});
+    FuzzProgramm(std::uint64_t boxAn, PropertyBag bag = {}, const std::function<void(FuzzProgramm&)>& vorher = {});
     std::string Daten(const std::string& name) const { return ordner + "daten\\" + name; }
     // Lets the watch cycle tick once.
     void Tick();

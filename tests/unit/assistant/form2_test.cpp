@@ -147,7 +147,7 @@ TEST_F(Assistent, TakeAll_FertigNo_MonitoringOnInTray_TwelveBoxesWithoutClicks_S
     EXPECT_TRUE(gefragtMitGrösse);
 
     AlarmFenster& a = prg.Alarm();
-    for (int i = 0; i < 32; ++i) {
+    for (int i = 0; i < kBoxAnzahl; ++i) {
         const bool an = i == 8 || i == 1 || i == 2 || i == 4 || i == 15 || i == 11 || i == 13 || i == 5 || i == 10 ||
                         i == 14 || i == 19 || i == 16 || i == 0;
         EXPECT_EQ(a.Box1[i].value(), an ? 1 : 0) << "Box1(" << i << ")";
@@ -196,7 +196,7 @@ TEST_F(Assistent, ByHand_WritesOnlySettings_AllBoxesOff_PanelOpenWithoutQuestion
     EXPECT_EQ(a.AufAb1.Text(), "0") << "the field is filled at the next start";
     EXPECT_EQ(prg.Intervallstufe, 5);
     const PropertyBag bag = GespeicherteEinstellungen();
-    for (int i = 1; i <= 31; ++i)
+    for (int i = 1; i < kBoxAnzahl; ++i)
         EXPECT_EQ(std::get<std::int16_t>(bag.ReadProperty("box" + std::to_string(i), std::int16_t{0})), 0) << i;
     EXPECT_EQ(std::get<std::int32_t>(bag.ReadProperty("hostsgrösse", std::int32_t{0})), 21);
     EXPECT_FALSE(prg.Form2Geladen());

@@ -169,7 +169,7 @@ TEST_F(Start, StageMissingOrZero_BecomesFive) {
 TEST_F(Start, NoBoxKeys_AllBoxesOffButTimerAndTrayOn) {
     Einstellungen(PropertyBag());
     ASSERT_TRUE(Main(prg));
-    for (int i = 1; i <= 31; ++i) EXPECT_EQ(prg.Alarm().Box1[i].value(), 0);
+    for (int i = 1; i < kBoxAnzahl; ++i) EXPECT_EQ(prg.Alarm().Box1[i].value(), 0) << "box " << i;
     EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
 }
 
