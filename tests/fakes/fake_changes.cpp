@@ -17,8 +17,8 @@ long FakeChanges::WatchKey(RegHandle root, const std::string& subkey, std::uint3
     return Anlegen(registry_.Änderungen(root, subkey, sam, subtree), kErrorFileNotFound, out);
 }
 
-long FakeChanges::WatchFolder(const std::string& path, bool subtree, ChangeSource* out) {
-    return Anlegen(files_.Änderungen(path, subtree), 2, out);  // ERROR_FILE_NOT_FOUND
+long FakeChanges::WatchFolder(const std::string& path, ChangeSource* out) {
+    return Anlegen(files_.Änderungen(path), 2, out);  // ERROR_FILE_NOT_FOUND
 }
 
 bool FakeChanges::Fired(std::uintptr_t source) {

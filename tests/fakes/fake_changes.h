@@ -20,7 +20,7 @@ public:
 
     long WatchKey(RegHandle root, const std::string& subkey, std::uint32_t sam, bool subtree,
                   ChangeSource* out) override;
-    long WatchFolder(const std::string& path, bool subtree, ChangeSource* out) override;
+    long WatchFolder(const std::string& path, ChangeSource* out) override;
     bool Fired(std::uintptr_t source) override;
 
     long verweigert = 0;  // the error every arming answers; 0 arms

@@ -222,20 +222,17 @@ void FakeFiles::Put(const std::string& path, const std::string& data, std::uint3
 }
 
 void FakeFiles::Geändert(const std::string& schlüssel) {
-    std::string ordner = Eltern(schlüssel);
-    ++direkt_[ordner];
-    // A drive's root is its own parent.
-    for (std::string vorher; ordner != vorher; vorher = ordner, ordner = Eltern(ordner)) ++darunter_[ordner];
+    ++änderungen_[Eltern(schlüssel)];
 }
 
-std::function<std::optional<std::uint64_t>()> FakeFiles::Änderungen(const std::string& ordner, bool subtree) {
+std::function<std::optional<std::uint64_t>()> FakeFiles::Änderungen(const std::string& ordner) {
     const Eintrag* e = Finde(ordner);
     if (!e || !e->ordner) return {};
     const std::string k = Schlüssel(ordner);
-    return [this, k, subtree]() -> std::optional<std::uint64_t> {
+    return [this, k]() -> std::optional<std::uint64_t> {
         const Eintrag* da = Finde(k);
         if (!da || !da->ordner) return std::nullopt;
-        return (subtree ? darunter_ : direkt_)[k];
+        return änderungen_[k];
     };
 }
 

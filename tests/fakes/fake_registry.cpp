@@ -65,7 +65,7 @@ void FakeRegistry::Geändert(const KnotenPtr& k) {
 }
 
 std::function<std::optional<std::uint64_t>()> FakeRegistry::Änderungen(RegHandle root, const std::string& subkey,
-                                                                      std::uint32_t sam, bool subtree) {
+                                                                       std::uint32_t sam, bool subtree) {
     auto von = Knoten_(root);
     auto k = von ? Gehe(von, subkey, (sam & kKeyWow64_32Key) != 0, false) : nullptr;
     if (!k) return {};

@@ -27,9 +27,10 @@ public:
     // and *out unchanged.
     virtual long WatchKey(RegHandle root, const std::string& subkey, std::uint32_t sam, bool subtree,
                           ChangeSource* out) = 0;
-    // FindFirstChangeNotificationA for file and folder names, sizes and last-write times;
-    // with subtree, in every folder below too. 0 with *out armed, else the Win32 error.
-    virtual long WatchFolder(const std::string& path, bool subtree, ChangeSource* out) = 0;
+    // FindFirstChangeNotificationA for file and folder names, sizes and last-write times in
+    // the folder itself (the folders below are not watched: Wine does not report them). 0
+    // with *out armed, else the Win32 error.
+    virtual long WatchFolder(const std::string& path, ChangeSource* out) = 0;
     // Whether the source fired since it was armed or last asked. A source that cannot be
     // armed again (its key was deleted) answers true from then on.
     virtual bool Fired(std::uintptr_t source) = 0;

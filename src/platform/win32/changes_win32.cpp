@@ -6,8 +6,8 @@ namespace kes::win32 {
 
 namespace {
 constexpr DWORD kRegistryFilter = REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET;
-constexpr DWORD kOrdnerFilter = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME |
-                                FILE_NOTIFY_CHANGE_SIZE | FILE_NOTIFY_CHANGE_LAST_WRITE;
+constexpr DWORD kOrdnerFilter = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME | FILE_NOTIFY_CHANGE_SIZE |
+                                FILE_NOTIFY_CHANGE_LAST_WRITE;
 }  // namespace
 
 long Win32Changes::Schärfen(Quelle& q) {
@@ -33,12 +33,11 @@ long Win32Changes::WatchKey(RegHandle root, const std::string& subkey, std::uint
     return ERROR_SUCCESS;
 }
 
-long Win32Changes::WatchFolder(const std::string& path, bool subtree, ChangeSource* out) {
-    HANDLE h = ::FindFirstChangeNotificationA(path.c_str(), subtree ? TRUE : FALSE, kOrdnerFilter);
+long Win32Changes::WatchFolder(const std::string& path, ChangeSource* out) {
+    HANDLE h = ::FindFirstChangeNotificationA(path.c_str(), FALSE, kOrdnerFilter);
     if (h == INVALID_HANDLE_VALUE) return static_cast<long>(::GetLastError());
     auto q = std::make_unique<Quelle>();
     q->ereignis = h;
-    q->subtree = subtree;
     *out = ChangeSource(*this, reinterpret_cast<std::uintptr_t>(q.release()));
     return ERROR_SUCCESS;
 }
@@ -46,7 +45,13 @@ long Win32Changes::WatchFolder(const std::string& path, bool subtree, ChangeSour
 bool Win32Changes::Fired(std::uintptr_t source) {
     auto& q = *reinterpret_cast<Quelle*>(source);
     if (q.kaputt) return true;
-    if (::WaitForSingleObject(q.ereignis, 0) != WAIT_OBJECT_0) return false;
+    if (::WaitForSingleObject(q.ereignis, 0) != WAIT_OBJECT_0) {
+        // Wine signals nothing when the watched key itself is deleted; its handle says so.
+        if (q.key && ::RegQueryInfoKeyA(q.key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                        nullptr, nullptr, nullptr) == ERROR_KEY_DELETED)
+            return q.kaputt = true;
+        return false;
+    }
     // Armed again before the caller walks, so that what changes meanwhile fires next time.
     const bool scharf = q.key ? Schärfen(q) == ERROR_SUCCESS : ::FindNextChangeNotification(q.ereignis) != FALSE;
     q.kaputt = !scharf;

@@ -12,7 +12,7 @@ class Win32Changes : public ChangeApi {
 public:
     long WatchKey(RegHandle root, const std::string& subkey, std::uint32_t sam, bool subtree,
                   ChangeSource* out) override;
-    long WatchFolder(const std::string& path, bool subtree, ChangeSource* out) override;
+    long WatchFolder(const std::string& path, ChangeSource* out) override;
     bool Fired(std::uintptr_t source) override;
 
 protected:
@@ -20,7 +20,7 @@ protected:
 
 private:
     struct Quelle {
-        HKEY key = nullptr;       // a registry source: its key, and its event below
+        HKEY key = nullptr;         // a registry source: its key, and its event below
         HANDLE ereignis = nullptr;  // the key's event, or the folder's notification handle
         bool subtree = false;
         bool kaputt = false;  // could not be armed again: fires at every ask
