@@ -46,7 +46,7 @@ BenchPlattform::BenchPlattform(const std::string& programmordner)
     : system(programmordner + "\\Kestrella.exe"), plattform{echt.registry,  echt.files,   echt.shell,
                                                             dialoge,        ton,          echt.timers,
                                                             system,         echt.dialup,  tray,
-                                                            echt.processes, echt.details, echt.profiles} {}
+                                                            echt.processes, echt.details, echt.profiles, echt.changes} {}
 
 int AllesÜbernehmen(Programm& prg, int höchstens) {
     AlarmFenster& alarm = prg.Alarm();

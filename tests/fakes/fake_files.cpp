@@ -75,6 +75,7 @@ bool FakeFiles::WriteAll(const std::string& path, const std::string& data) {
     e.daten = data;
     e.länge.reset();
     e.zeit = ++uhr_;
+    Geändert(Schlüssel(path));
     return true;
 }
 
@@ -90,6 +91,8 @@ bool FakeFiles::MoveReplacing(const std::string& from, const std::string& to) {
     neu.name = to.substr(to.find_last_of("\\/") + 1);
     einträge_.erase(Schlüssel(from));
     einträge_[Schlüssel(to)] = neu;
+    Geändert(Schlüssel(from));
+    Geändert(Schlüssel(to));
     return true;
 }
 
@@ -102,6 +105,7 @@ long FakeFiles::Delete(const std::string& path) {
     if (e->ordner || (e->attribute & kAttrReadOnly)) return 5;
     if (e->gesperrt) return 32;
     einträge_.erase(Schlüssel(path));
+    Geändert(Schlüssel(path));
     return 0;
 }
 
@@ -125,7 +129,10 @@ std::optional<std::int64_t> FakeFiles::Length(const std::string& path) {
 }
 
 void FakeFiles::PretendLength(const std::string& path, std::int64_t length) {
-    if (Eintrag* e = Finde(path)) e->länge = length;
+    if (Eintrag* e = Finde(path)) {
+        e->länge = length;
+        Geändert(Schlüssel(path));
+    }
 }
 
 bool FakeFiles::MakeDirectory(const std::string& path) {
@@ -136,6 +143,7 @@ bool FakeFiles::MakeDirectory(const std::string& path) {
     Eintrag& e = einträge_[k];
     e.name = path.substr(path.find_last_of('\\') + 1);
     e.ordner = true;
+    Geändert(k);
     return true;
 }
 
@@ -197,6 +205,7 @@ void FakeFiles::MakeDirs(const std::string& path) {
         Eintrag& e = einträge_[*it];
         e.ordner = true;
         e.name = it->size() <= 3 ? *it : it->substr(it->find_last_of('\\') + 1);
+        Geändert(*it);
     }
 }
 
@@ -209,6 +218,22 @@ void FakeFiles::Put(const std::string& path, const std::string& data, std::uint3
     e.länge.reset();
     e.attribute = attributes;
     e.zeit = ++uhr_;
+    Geändert(Schlüssel(path));
+}
+
+void FakeFiles::Geändert(const std::string& schlüssel) {
+    ++änderungen_[Eltern(schlüssel)];
+}
+
+std::function<std::optional<std::uint64_t>()> FakeFiles::Änderungen(const std::string& ordner) {
+    const Eintrag* e = Finde(ordner);
+    if (!e || !e->ordner) return {};
+    const std::string k = Schlüssel(ordner);
+    return [this, k]() -> std::optional<std::uint64_t> {
+        const Eintrag* da = Finde(k);
+        if (!da || !da->ordner) return std::nullopt;
+        return änderungen_[k];
+    };
 }
 
 void FakeFiles::Lock(const std::string& path, bool locked) {

@@ -4,6 +4,7 @@
 // ".." first.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -38,6 +39,9 @@ public:
     bool Exists(const std::string& path) const;
     std::string Content(const std::string& path) const;  // "" when missing
     int OpenFinds() const { return static_cast<int>(finds_.size()); }
+    // A change source's reading: how often a name, a size or a write time changed in the
+    // folder itself; none once the folder is gone. Empty when there is no such folder.
+    std::function<std::optional<std::uint64_t>()> Änderungen(const std::string& ordner);
 
 protected:
     void FindClose(FindHandle h) override;
@@ -57,7 +61,10 @@ private:
     Eintrag* Finde(const std::string& path);
     bool DarfSchreiben(const std::string& path);
 
-    std::map<std::string, Eintrag> einträge_;  // by lower-case path without trailing "\"
+    // Counts a change of the entry at the key for its folder.
+    void Geändert(const std::string& schlüssel);
+    std::map<std::string, Eintrag> einträge_;          // by lower-case path without trailing "\"
+    std::map<std::string, std::uint64_t> änderungen_;  // by folder key
     std::map<FindHandle, std::vector<FindData>> finds_;
     FindHandle nächster_ = 1;
     std::uint64_t uhr_ = 130000000000000000ULL;

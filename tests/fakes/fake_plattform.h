@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <utility>
 #include <vector>
+#include "fake_changes.h"
 #include "fake_file_details.h"
 
 #include "common/fehler.h"
@@ -136,8 +137,9 @@ struct FakePlattform {
     FakeProcesses processes{files};
     FakeFileDetails details{files};
     IniDatei profiles{files};
+    FakeChanges changes{registry, files};
     Plattform plattform{registry, files,  shell, dialogs,   sound,   timers,
-                        system,   dialup, tray,  processes, details, profiles};
+                        system,   dialup, tray,  processes, details, profiles, changes};
 
     explicit FakePlattform(Maschine maschine = Maschine::Bit32) : registry(maschine) {
         shell.ordner[kCsidlWindows] = "C:\\WINDOWS";
@@ -160,7 +162,8 @@ struct FakePlattform {
     FakePlattform(const FakePlattform&) = delete;
     FakePlattform& operator=(const FakePlattform&) = delete;
 
-    // Keys, find walks (those of the detail seam included), snapshots and processes.
+    // Keys, find walks (those of the detail seam included), snapshots and processes. Change
+    // sources are armed for as long as their watcher lives and may stay across a pump.
     int OffeneHandles() const { return registry.OpenHandles() + files.OpenFinds() + processes.OffeneHandles(); }
     void HandlesPrüfen(const std::string& wann) const {
         if (OffeneHandles() == 0 || !beiOffenenHandles) return;

@@ -54,8 +54,25 @@ FakeRegistry::KnotenPtr FakeRegistry::Kind(const KnotenPtr& von, const std::stri
         kind = std::make_shared<Knoten>();
         kind->name = name;
         kind->eltern = von;
+        Geändert(von);
     }
     return kind;
+}
+
+void FakeRegistry::Geändert(const KnotenPtr& k) {
+    ++k->eigeneÄnderungen;
+    for (KnotenPtr p = k; p; p = p->eltern.lock()) ++p->alleÄnderungen;
+}
+
+std::function<std::optional<std::uint64_t>()> FakeRegistry::Änderungen(RegHandle root, const std::string& subkey,
+                                                                       std::uint32_t sam, bool subtree) {
+    auto von = Knoten_(root);
+    auto k = von ? Gehe(von, subkey, (sam & kKeyWow64_32Key) != 0, false) : nullptr;
+    if (!k) return {};
+    return [k, subtree]() -> std::optional<std::uint64_t> {
+        if (k->gelöscht) return std::nullopt;
+        return subtree ? k->alleÄnderungen : k->eigeneÄnderungen;
+    };
 }
 
 FakeRegistry::KnotenPtr FakeRegistry::Umgeleitet(const KnotenPtr& k) const {
@@ -190,6 +207,7 @@ long FakeRegistry::SetValueEx(RegHandle key, const char* name, std::uint32_t typ
     } else {
         k->werte.push_back({NameOderStandard(name), type, bytes});
     }
+    Geändert(k);
     return kErrorSuccess;
 }
 
@@ -199,6 +217,7 @@ long FakeRegistry::DeleteValue(RegHandle key, const char* name) {
     for (auto it = k->werte.begin(); it != k->werte.end(); ++it)
         if (GleichOhneFall(it->name, NameOderStandard(name))) {
             k->werte.erase(it);
+            Geändert(k);
             return kErrorSuccess;
         }
     return kErrorFileNotFound;
@@ -215,6 +234,7 @@ long FakeRegistry::DeleteKey(RegHandle key, const std::string& subkey, std::uint
     if (!eltern || !k->kinder.empty()) return kErrorAccessDenied;
     k->gelöscht = true;
     eltern->kinder.erase(Klein(k->name));
+    Geändert(eltern);
     return kErrorSuccess;
 }
 
@@ -241,6 +261,7 @@ void FakeRegistry::SetRaw(const std::string& keyPath, const std::string& name, s
     } else {
         k->werte.push_back({name, type, bytes});
     }
+    Geändert(k);
 }
 
 void FakeRegistry::SetString(const std::string& keyPath, const std::string& name, const std::string& data) {

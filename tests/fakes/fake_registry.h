@@ -11,6 +11,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,6 +50,11 @@ public:
     bool HasKey(const std::string& keyPath) const;
     bool HasValue(const std::string& keyPath, const std::string& name) const;
     int OpenHandles() const { return static_cast<int>(handles_.size()); }
+    // A change source's reading: how often the key (in the view of sam) changed, in its
+    // values and subkeys or, with subtree, anywhere below; none once the key is deleted.
+    // Empty when there is no such key.
+    std::function<std::optional<std::uint64_t>()> Änderungen(RegHandle root, const std::string& subkey,
+                                                             std::uint32_t sam, bool subtree);
     // Runs at every open, so a test can see what the program knew at that moment.
     std::function<void(const std::string& subkey)> beimÖffnen;
 
@@ -69,12 +75,16 @@ private:
         // A shared key's link: the path below HKEY_LOCAL_MACHINE of the key it stands for.
         std::string verweis;
         bool gelöscht = false;
+        std::uint64_t eigeneÄnderungen = 0;  // its values, its subkeys coming and going
+        std::uint64_t alleÄnderungen = 0;    // the same anywhere below it too
     };
     using KnotenPtr = std::shared_ptr<Knoten>;
 
     KnotenPtr Wurzel(RegHandle root) const;
     KnotenPtr Knoten_(RegHandle h) const;
     KnotenPtr Kind(const KnotenPtr& von, const std::string& name);
+    // Counts a change of the key for the key and every key above it.
+    static void Geändert(const KnotenPtr& k);
     // The key a path leads to from VON, walked as Wine walks it; with ANLEGEN the missing
     // keys are made on the way. Null when a key is missing.
     KnotenPtr Gehe(KnotenPtr von, const std::string& pfad, bool bit32, bool anlegen);

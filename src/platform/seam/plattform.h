@@ -2,6 +2,7 @@
 // bundle wraps the Win32 API; tests hand in fakes.
 #pragma once
 
+#include "platform/seam/change_api.h"
 #include "platform/seam/file_api.h"
 #include "platform/seam/file_detail_api.h"
 #include "platform/seam/process_api.h"
@@ -27,6 +28,7 @@ struct Plattform {
     ProcessApi& processes;
     FileDetailApi& details;
     ProfileApi& profiles;
+    ChangeApi& changes;
 };
 
 }  // namespace kes

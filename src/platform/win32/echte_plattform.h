@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/seam/plattform.h"
+#include "platform/win32/changes_win32.h"
 #include "platform/win32/file_details_win32.h"
 #include "platform/win32/files_win32.h"
 #include "platform/win32/processes_win32.h"
@@ -25,8 +26,9 @@ struct EchtePlattform {
     Win32Processes processes;
     Win32FileDetails details;
     Win32Profiles profiles;
+    Win32Changes changes;
     Plattform plattform{registry, files,  shell, dialogs,   sound,   timers,
-                        system,   dialup, tray,  processes, details, profiles};
+                        system,   dialup, tray,  processes, details, profiles, changes};
 };
 
 }  // namespace kes::win32

@@ -1,0 +1,31 @@
+// The change sources on the Win32 API: a registry key with its event, or a folder's change
+// notification handle.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/seam/change_api.h"
+
+namespace kes::win32 {
+
+class Win32Changes : public ChangeApi {
+public:
+    long WatchKey(RegHandle root, const std::string& subkey, std::uint32_t sam, bool subtree,
+                  ChangeSource* out) override;
+    long WatchFolder(const std::string& path, ChangeSource* out) override;
+    bool Fired(std::uintptr_t source) override;
+
+protected:
+    long CloseSource(std::uintptr_t source) override;
+
+private:
+    struct Quelle {
+        HKEY key = nullptr;         // a registry source: its key, and its event below
+        HANDLE ereignis = nullptr;  // the key's event, or the folder's notification handle
+        bool subtree = false;
+        bool kaputt = false;  // could not be armed again: fires at every ask
+    };
+    static long Schärfen(Quelle& q);
+};
+
+}  // namespace kes::win32

@@ -1,0 +1,145 @@
+// The change sources, run against the fakes natively and against Win32 under Wine: a source
+// fires for a change at its place, once, and not for a change beside it.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "umgebung.h"
+
+namespace kes::vertrag {
+namespace {
+
+// A folder's notification may come a moment after the change (Wine hears of it from the
+// file system); the registry's comes at once.
+constexpr int kWarteMs = 2000;
+
+class Änderungen : public ImOrdner {
+protected:
+    Plattform& p = DieUmgebung().Alles();
+    RegistryApi& r = p.registry;
+    ChangeApi& c = p.changes;
+
+    void SetUp() override { Löschen(kTestSchlüssel); }
+    void TearDown() override { Löschen(kTestSchlüssel); }
+    void Löschen(const std::string& pfad) {
+        for (const char* kind : {"\\Kind\\Enkel", "\\Kind"}) r.DeleteKey(kHkeyCurrentUser, pfad + kind, 0);
+        r.DeleteKey(kHkeyCurrentUser, pfad, 0);
+    }
+    void Wert(const std::string& pfad, const char* name, std::uint8_t zeichen = 'x') {
+        RegKey k;
+        ASSERT_EQ(r.CreateKeyEx(kHkeyCurrentUser, pfad, kKeyAllAccess, &k), kErrorSuccess);
+        const std::uint8_t daten[] = {zeichen, 0};
+        ASSERT_EQ(r.SetValueEx(k.Get(), name, kRegSz, daten, 2), kErrorSuccess);
+    }
+    ChangeSource Schlüssel(bool subtree) {
+        ChangeSource q;
+        EXPECT_EQ(c.WatchKey(kHkeyCurrentUser, kTestSchlüssel, kKeyRead, subtree, &q), kErrorSuccess);
+        return q;
+    }
+    ChangeSource Ordner(const std::string& pfad) {
+        ChangeSource q;
+        EXPECT_EQ(c.WatchFolder(pfad, &q), 0);
+        return q;
+    }
+    // Whether the source fires within the wait, asked as a tick would ask it.
+    bool Feuert(const ChangeSource& q) {
+        for (int ms = 0; ms <= kWarteMs; ms += 20) {
+            if (c.Fired(q.Get())) return true;
+            p.system.Sleep(20);
+        }
+        return false;
+    }
+    // Whether it stays quiet for a while.
+    bool Still(const ChangeSource& q) {
+        p.system.Sleep(300);
+        return !c.Fired(q.Get());
+    }
+};
+
+TEST_F(Änderungen, AKeyFiresOnceForEachChangeOfItsValuesAndSubkeys) {
+    Wert(kTestSchlüssel, "vorher");
+    ChangeSource q = Schlüssel(false);
+    ASSERT_TRUE(q);
+    EXPECT_TRUE(Still(q)) << "nothing changed yet";
+
+    const struct {
+        const char* was;
+        std::function<void()> ändern;
+    } fälle[] = {
+        {"a value added", [&] { Wert(kTestSchlüssel, "neu"); }},
+        {"a value's data changed", [&] { Wert(kTestSchlüssel, "neu", 'y'); }},
+        {"a value deleted",
+         [&] {
+             RegKey k;
+             ASSERT_EQ(r.OpenKeyEx(kHkeyCurrentUser, kTestSchlüssel, kKeyAllAccess, &k), kErrorSuccess);
+             ASSERT_EQ(r.DeleteValue(k.Get(), "neu"), kErrorSuccess);
+         }},
+        {"a subkey made", [&] { Wert(std::string(kTestSchlüssel) + "\\Kind", "a"); }},
+        {"a subkey deleted",
+         [&] { ASSERT_EQ(r.DeleteKey(kHkeyCurrentUser, std::string(kTestSchlüssel) + "\\Kind", 0), kErrorSuccess); }},
+    };
+    for (const auto& f : fälle) {
+        f.ändern();
+        EXPECT_TRUE(Feuert(q)) << f.was;
+        EXPECT_TRUE(Still(q)) << f.was << ": fired a second time for one change";
+    }
+}
+
+TEST_F(Änderungen, AChangeBelowTheKeyFiresOnlyASourceOfTheSubtree) {
+    Wert(std::string(kTestSchlüssel) + "\\Kind", "a");
+    ChangeSource nurDer = Schlüssel(false), alles = Schlüssel(true);
+    ASSERT_TRUE(nurDer && alles);
+    Wert(std::string(kTestSchlüssel) + "\\Kind", "b");
+    EXPECT_TRUE(Feuert(alles));
+    EXPECT_TRUE(Still(nurDer)) << "a value of a subkey is no change of the key itself";
+    Wert(std::string(kTestSchlüssel) + "\\Kind\\Enkel", "c");
+    EXPECT_TRUE(Feuert(alles)) << "a key made two levels down";
+}
+
+TEST_F(Änderungen, AMissingKeyOrFolderGivesNoSource) {
+    ChangeSource q;
+    EXPECT_EQ(c.WatchKey(kHkeyCurrentUser, std::string(kTestSchlüssel) + "\\Fehlt", kKeyRead, false, &q),
+              kErrorFileNotFound);
+    EXPECT_FALSE(q);
+    EXPECT_NE(c.WatchFolder(Pfad("fehlt"), &q), 0);
+    EXPECT_FALSE(q);
+}
+
+TEST_F(Änderungen, AFolderFiresForAFileComingChangingSizeAndGoing) {
+    ChangeSource q = Ordner(ordner);
+    ASSERT_TRUE(q);
+    EXPECT_TRUE(Still(q)) << "nothing changed yet";
+    const struct {
+        const char* was;
+        std::function<void()> ändern;
+    } fälle[] = {
+        {"a file made", [&] { ASSERT_TRUE(p.files.WriteAll(Pfad("neu.exe"), "MZ")); }},
+        {"its size changed", [&] { ASSERT_TRUE(p.files.Append(Pfad("neu.exe"), "mehr")); }},
+        {"a folder made", [&] { ASSERT_TRUE(p.files.MakeDirectory(Pfad("unter"))); }},
+        {"the file deleted", [&] { ASSERT_EQ(p.files.Delete(Pfad("neu.exe")), 0); }},
+    };
+    for (const auto& f : fälle) {
+        f.ändern();
+        EXPECT_TRUE(Feuert(q)) << f.was;
+        // One change of a file may come as more than one notification (made, then
+        // written): what trails it is taken, and then the source must be quiet.
+        p.system.Sleep(300);
+        c.Fired(q.Get());
+        EXPECT_TRUE(Still(q)) << f.was << ": went on firing";
+    }
+}
+
+TEST_F(Änderungen, ASourceWhoseKeyWasDeletedFiresAtEveryAsk) {
+    Wert(kTestSchlüssel, "a");
+    ChangeSource q = Schlüssel(false);
+    ASSERT_TRUE(q);
+    Löschen(kTestSchlüssel);
+    EXPECT_TRUE(Feuert(q));
+    // Its place must be walked from now on: nothing can tell of a key made anew there.
+    EXPECT_TRUE(c.Fired(q.Get()));
+    EXPECT_TRUE(c.Fired(q.Get()));
+}
+
+}  // namespace
+}  // namespace kes::vertrag

@@ -1,0 +1,40 @@
+#include "fake_changes.h"
+
+namespace kes::fake {
+
+long FakeChanges::Anlegen(std::function<std::optional<std::uint64_t>()> stand, long fehlt, ChangeSource* out) {
+    if (verweigert) return verweigert;
+    if (!stand) return fehlt;
+    const auto jetzt = stand();
+    const std::uintptr_t id = nächste_++;
+    quellen_[id] = Quelle{std::move(stand), jetzt.value_or(0), !jetzt};
+    *out = ChangeSource(*this, id);
+    return 0;
+}
+
+long FakeChanges::WatchKey(RegHandle root, const std::string& subkey, std::uint32_t sam, bool subtree,
+                           ChangeSource* out) {
+    return Anlegen(registry_.Änderungen(root, subkey, sam, subtree), kErrorFileNotFound, out);
+}
+
+long FakeChanges::WatchFolder(const std::string& path, ChangeSource* out) {
+    return Anlegen(files_.Änderungen(path), 2, out);  // ERROR_FILE_NOT_FOUND
+}
+
+bool FakeChanges::Fired(std::uintptr_t source) {
+    ++gefragt_;
+    Quelle& q = quellen_.at(source);
+    if (q.kaputt) return true;
+    const auto jetzt = q.stand();
+    // A deleted key cannot be armed again: from now on it always fires, as on Windows.
+    if (!jetzt) return q.kaputt = true;
+    if (*jetzt == q.zuletzt) return false;
+    q.zuletzt = *jetzt;
+    return true;
+}
+
+long FakeChanges::CloseSource(std::uintptr_t source) {
+    return quellen_.erase(source) ? 0 : kErrorInvalidHandle;
+}
+
+}  // namespace kes::fake
