@@ -68,7 +68,8 @@ kes_build_native() {
 
 kes_build_win() {
   kes_configure -S . -B build-win -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake -DCMAKE_BUILD_TYPE=Release
-  cmake --build build-win -j2
+  # A failed build must fail the call: the copies below would hide it.
+  cmake --build build-win -j2 || return
   # The program folder as delivered: the program, daten\ beside it, and the settings tool.
   mkdir -p build-win/program/daten
   cp build-win/Kestrella.exe build-win/kestrella-dat.exe build-win/program/
