@@ -42,5 +42,5 @@ ctest --test-dir build-win --output-on-failure -LE e2e --no-tests=error
 # The kill test's 200 accept actions cost about 8 minutes under Wine; CI takes 30 of them.
 export KES_ABBRUCH_RUNDEN="${KES_ABBRUCH_RUNDEN:-30}"
 # In full: the lines on what an earlier test left and the soak's working set figures.
-ctest --test-dir build-win --output-on-failure -L e2e --verbose --no-tests=error
+ctest --test-dir build-win --output-on-failure -L e2e --verbose --no-tests=error -j2
 kes_stage end

@@ -3,8 +3,9 @@
 display), changes the system for real (registry, files in the Wine prefix) and drives the
 windows from outside with kdriver.exe, never through anything the program offers for tests.
 
-One Wine prefix, BUILD_DIR/e2e-prefix, serves every run; each test gets a program folder
-of its own in it and ends with every Kestrella stopped. Before each test the harness makes
+One Wine prefix, BUILD_DIR/e2e-prefix, serves every run (a shard of the suite has its own,
+e2e-prefix-I, and its own Xvfb); each test gets a program folder of its own in it and ends
+with every Kestrella stopped. Before each test the harness makes
 sure that no Kestrella process or window is left from an earlier one, and says so when it
 had to end one. A failed test leaves a picture of the screen, the window and process lists
 and the files of its program folder in BUILD_DIR/e2e-shots/FAILED-name/.
@@ -78,7 +79,7 @@ def find_file(root, name, skip):
     """The shallowest file called NAME below ROOT, ignoring the folders in SKIP."""
     best = None
     for folder, dirs, files in os.walk(root):
-        dirs[:] = [d for d in dirs if d not in skip]
+        dirs[:] = [d for d in dirs if d not in skip and not d.endswith("-prefix") and "-prefix-" not in d]
         if name in files:
             path = os.path.join(folder, name)
             if best is None or path.count(os.sep) < best.count(os.sep):
@@ -117,10 +118,12 @@ def wait_until(condition, secs, step=0.2):
 
 
 class Harness:
-    def __init__(self, build):
+    def __init__(self, build, shard=None):
         self.build = os.path.abspath(build)
-        self.prefix = os.path.join(self.build, "e2e-prefix")
-        skip = {"e2e-prefix", "CMakeFiles", "googletest", "e2e-shots"}
+        # Shards run side by side, each in a prefix and on a display of its own.
+        self.shard = shard
+        self.prefix = os.path.join(self.build, "e2e-prefix" + (f"-{shard}" if shard else ""))
+        skip = {"CMakeFiles", "googletest", "e2e-shots"}
         self.kestrella = find_file(self.build, "Kestrella.exe", skip)
         self.kestrella_dat = find_file(self.build, "kestrella-dat.exe", skip)
         self.kdriver = find_file(self.build, "kdriver.exe", skip)
@@ -159,7 +162,7 @@ class Harness:
                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def open(self):
-        if not os.environ.get("DISPLAY"):
+        if self.shard or not os.environ.get("DISPLAY"):
             self.start_xvfb()
         # One server for the whole run, started first and apart: it would otherwise stop
         # and start between tests, and the first wine call would hand it its output pipes.
@@ -504,39 +507,56 @@ def keep_failure(h, kept):
     return lines + f"\n    kept in {os.path.relpath(kept)}"
 
 
-def main():
+def in_shard(tests, shards, wanted):
+    """The tests of the modules that SHARDS (module -> shard number) gives to shard WANTED
+    ("I/N"); raises for a module in no shard, so that no test is left out unseen."""
+    number, count = (int(x) for x in wanted.split("/"))
+    missing = sorted({t.__module__ for t in tests} - set(shards))
+    if missing:
+        raise SystemExit(f"e2e: no shard for the tests of {', '.join(missing)}")
+    if not 1 <= number <= count or any(not 1 <= n <= count for n in shards.values()):
+        raise SystemExit(f"e2e: shard {wanted} does not fit the table of {count} shards")
+    return [t for t in tests if shards[t.__module__] == number]
+
+
+def main(shards=None):
     """Runs the registered tests; gives the exit code (0 only when all chosen tests pass)."""
     with_fixed_address_layout()
     parser = argparse.ArgumentParser(description="End-to-end tests of Kestrella.exe under Wine")
     parser.add_argument("--build", required=True, help="the cross build folder")
     parser.add_argument("-k", dest="pick", default="", help="run only tests whose name holds this text")
+    parser.add_argument("--shard", default="", help="I/N: only the tests of shard I of N, in a prefix of its own")
     args = parser.parse_args()
 
     # A run that is stopped (ctest's time limit) still ends its program, wineserver and Xvfb.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit("e2e: stopped by SIGTERM"))
-    chosen = [t for t in TESTS if args.pick in t.__name__]
+    chosen = in_shard(TESTS, shards or {}, args.shard) if args.shard else TESTS
+    chosen = [t for t in chosen if args.pick in t.__name__]
     passed = failed = 0
     began = time.monotonic()
     h = None
     try:
-        h = Harness(args.build)
+        h = Harness(args.build, args.shard.split("/")[0] if args.shard else None)
         h.open()
         for t in chosen:
+            t0 = time.monotonic()
             reason, note = run_one(h, t)
+            took = f"({time.monotonic() - t0:.1f} s)"
             if note:
                 print(f"NOTE {t.__name__}: {note}", flush=True)
             if reason is None:
                 passed += 1
-                print(f"PASS {t.__name__}", flush=True)
+                print(f"PASS {t.__name__} {took}", flush=True)
             else:
                 failed += 1
-                print(f"FAIL {t.__name__}: {reason}", flush=True)
+                print(f"FAIL {t.__name__} {took}: {reason}", flush=True)
     except Exception as e:
         print(f"FAIL harness: {e}", flush=True)
         failed = len(chosen) - passed
     finally:
         if h:
             h.close()
-    print(f"e2e: {len(chosen)} tests in {time.monotonic() - began:.0f} s", file=sys.stderr)
+    print(f"e2e{' shard ' + args.shard if args.shard else ''}: {len(chosen)} tests in {time.monotonic() - began:.0f} s",
+          file=sys.stderr)
     print(f"{passed} passed, {failed} failed")
     return 0 if failed == 0 and passed > 0 else 1
