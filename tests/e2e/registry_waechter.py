@@ -2,12 +2,12 @@
 manager lock released with "Freigeben", a changed open command of exe files put back at
 once with box 31, and a new trusted site of the user accepted into daten\\V_seiten.txt."""
 
-import contextlib
 import os
 import time
 
 from e2e_gemeinsam import WARNING_TITLE, hidden_windows, visible_titles
 from harness import check, test, wait_until
+from szenario import Szenario, enthält, log_enthält, reg_add, reg_delete, reg_fehlt, reg_query, szenario
 
 POLICIES = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Policies\System"
 CLASSES = r"HKLM\Software\Classes"
@@ -29,28 +29,6 @@ def started(h, name, **settings):
     h.settings(aufab1=1, **settings)
     h.start()
     check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
-
-
-def visible_texts(h):
-    return [c["text"] for c in h.texts(WARNING_TITLE) if c["visible"]]
-
-
-def buttons(h):
-    return [c["text"] for c in h.texts(WARNING_TITLE) if c["class"].lower() == "button" and c["visible"]]
-
-
-def log_text(h):
-    path = os.path.join(h.folder, "Kestrella.log")
-    if not os.path.exists(path):
-        return ""
-    with open(path, "rb") as f:
-        return f.read().decode("cp1252")
-
-
-def reg_query(h, key, *args):
-    """reg query's output, or None when the key or value is not there."""
-    out = h.run(["wine", "reg", "query", key, *args], env=h.tool_env, check=False)
-    return out.stdout.decode("cp1252", "replace") if out.returncode == 0 else None
 
 
 def default_value(h, key):
@@ -77,58 +55,51 @@ def subkeys(h, key):
     return [line.strip()[len(prefix):] for line in out.splitlines() if line.strip().lower().startswith(prefix)]
 
 
-@test
-def task_manager_lock_raises_its_warning_and_freigeben_removes_it(h):
-    h.reg_delete(POLICIES, "DisableTaskMgr")
-    started(h, "sperre", box26=1, box2=1)
-    h.reg_add(POLICIES, "DisableTaskMgr", "1", "REG_DWORD")
-    try:
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        texts = visible_texts(h)
-        check("Zugang des Taskmanager's wurde Deaktiviert. (Strg+Alt+Entf)" in texts, f"headline missing: {texts}")
-        check("DisableTaskMgr = 1" in texts, f"value line missing: {texts}")
-        shown = buttons(h)
-        check("Freigeben" in shown and "Später" not in shown and "Übernehmen" not in shown,
-              f"the bar should offer Freigeben and no Später, it shows {shown}")
-        h.screenshot(os.path.join(h.shots, "warnung-taskmanager.png"))
-        h.click(hwnd, "Freigeben")
-        h.gone(hwnd, 10)
-        check(reg_query(h, POLICIES, "/v", "DisableTaskMgr") is None, "DisableTaskMgr is still set after Freigeben")
-        check("Zugang auf den Taskmanager wurde Deaktiviert." in log_text(h)
-              and "< Freigegeben OK >" in log_text(h), f"no release entry in the log: {log_text(h)!r}")
-        time.sleep(2.5)
-        check(WARNING_TITLE not in visible_titles(h), "the released lock raised its warning again")
-    finally:
-        h.reg_delete(POLICIES, "DisableTaskMgr")
+szenario(Szenario(
+    name="task_manager_lock_raises_its_warning_and_freigeben_removes_it",
+    einstellungen=dict(box26=1, box2=1),
+    vorher=[reg_delete(POLICIES, "DisableTaskMgr")],
+    änderung=[reg_add(POLICIES, "DisableTaskMgr", "1", "REG_DWORD")],
+    texte=["Zugang des Taskmanager's wurde Deaktiviert. (Strg+Alt+Entf)", "DisableTaskMgr = 1"],
+    knöpfe=["Freigeben"], ohne_knöpfe=["Später", "Übernehmen"], bild="warnung-taskmanager.png",
+    antwort="Freigeben",
+    danach=[reg_fehlt(POLICIES, "DisableTaskMgr"),
+            log_enthält("Zugang auf den Taskmanager wurde Deaktiviert.", "< Freigegeben OK >")],
+    aufräumen=[reg_delete(POLICIES, "DisableTaskMgr")],
+))
 
 
-@contextlib.contextmanager
-def sound_open_commands(h):
-    """Every class the watcher reads holds its expected command while the block runs. A
-    fresh prefix lacks some classes (piffile) and has others with commands of its own; with
-    box 30 on, each would come up in turn, one per cycle. The prefix is put back after."""
+def sound_open_commands():
+    """Two steps: every class the watcher reads gets its expected command, and afterwards
+    the prefix is put back as it was. A fresh prefix lacks some classes (piffile) and has
+    others with commands of its own; with box 30 on, each would come up in turn, one per
+    cycle."""
     keys = {cls: CLASSES + "\\" + cls + r"\shell\open\command" for cls in OPEN_COMMANDS}
-    before = {cls: (reg_query(h, CLASSES + "\\" + cls) is not None, default_value(h, key))
-              for cls, key in keys.items()}
-    try:
+    before = {}
+
+    def setzen(h):
         for cls, key in keys.items():
+            before[cls] = (reg_query(h, CLASSES + "\\" + cls) is not None, default_value(h, key))
             set_default(h, key, OPEN_COMMANDS[cls])
-        yield keys
-    finally:
+
+    def zurück(h):
         h.stop_program()
-        for cls, key in keys.items():
-            existed, value = before[cls]
+        for cls, (existed, value) in before.items():
             if not existed:
                 h.reg_delete(CLASSES + "\\" + cls)
             elif value is None:
-                h.run(["wine", "reg", "delete", key, "/ve", "/f"], env=h.tool_env, check=False)
+                h.run(["wine", "reg", "delete", keys[cls], "/ve", "/f"], env=h.tool_env, check=False)
             else:
-                set_default(h, key, value)
+                set_default(h, keys[cls], value)
+
+    return setzen, zurück
 
 
 @test
 def changed_exe_open_command_is_put_back_at_once_with_box_31(h):
-    with sound_open_commands(h) as keys:
+    setzen, zurück = sound_open_commands()
+    try:
+        setzen(h)
         started(h, "shellopen", box30=1, box31=1, box7=1)
         exe = r"HKCR\exefile\shell\open\command"
         set_default(h, exe, 'C:\\windows\\boese.exe "%1" %*')
@@ -136,65 +107,59 @@ def changed_exe_open_command_is_put_back_at_once_with_box_31(h):
               f"the open command was not put back: {default_value(h, exe)!r}")
         time.sleep(2.5)
         check(WARNING_TITLE not in visible_titles(h), "a repair raised a warning")
-        for cls, key in keys.items():
-            check(default_value(h, key) == OPEN_COMMANDS[cls], f"{cls} changed: {default_value(h, key)!r}")
+        for cls, command in OPEN_COMMANDS.items():
+            key = CLASSES + "\\" + cls + r"\shell\open\command"
+            check(default_value(h, key) == command, f"{cls} changed: {default_value(h, key)!r}")
+    finally:
+        zurück(h)
 
 
-@test
-def changed_hta_open_command_raises_its_warning_and_original_writes_it_back(h):
-    with sound_open_commands(h):
-        started(h, "shellwarn", box30=1, box2=1)
-        hta = r"HKLM\Software\Classes\htafile\shell\open\command"
-        set_default(h, hta, "boese.exe")
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        texts = visible_texts(h)
-        check("Registryschlüssel wurde geändert." in texts, f"headline missing: {texts}")
-        check('Alter Wert: mshta.exe "%1" %*      Neuer Wert: boese.exe' in texts, f"value line missing: {texts}")
+def registry_row(*expected):
+    """The warning's registry row reads EXPECTED after its first column."""
+    def prüfen(h):
         rows = [r for c in h.texts(WARNING_TITLE) for r in c["rows"] if r and r[0] == "Autostart"]
-        check(rows and rows[0][1:5] == ["HKEY_CLASSES_ROOT", r"htafile\Shell\Open\Command", "(Standart)",
-                                        'mshta.exe "%1" %*'], f"registry row: {rows}")
-        shown = buttons(h)
-        check("Original" in shown and "Später" in shown and "Übernehmen" not in shown, f"the bar shows {shown}")
-        h.screenshot(os.path.join(h.shots, "warnung-shell.png"))
-        h.click(hwnd, "Original")
-        h.gone(hwnd, 10)
-        check(default_value(h, hta) == 'mshta.exe "%1" %*', f"not written back: {default_value(h, hta)!r}")
-        check("< Zurückgesetzt OK > auf " in log_text(h), f"no entry in the log: {log_text(h)!r}")
-        time.sleep(2.5)
-        check(WARNING_TITLE not in visible_titles(h), "the command written back raised a warning")
+        check(rows and rows[0][1:1 + len(expected)] == list(expected), f"registry row: {rows}")
+    return prüfen
 
 
-@test
-def new_trusted_site_of_the_user_raises_its_warning_and_is_accepted(h):
-    hkcu = "HKCU\\" + DOMAINS + "\\" + NEW_DOMAIN
-    h.reg_delete(hkcu)
-    h.program_folder("seiten")
-    # The prefix's own domains are known from the start.
+def written_back(key, data):
+    return lambda h: check(default_value(h, key) == data, f"not written back: {default_value(h, key)!r}")
+
+
+HTA = r"HKLM\Software\Classes\htafile\shell\open\command"
+SOUND, PUT_BACK = sound_open_commands()
+szenario(Szenario(
+    name="changed_hta_open_command_raises_its_warning_and_original_writes_it_back",
+    einstellungen=dict(box30=1, box2=1),
+    vorher=[SOUND],
+    änderung=[lambda h: set_default(h, HTA, "boese.exe")],
+    texte=["Registryschlüssel wurde geändert.", 'Alter Wert: mshta.exe "%1" %*      Neuer Wert: boese.exe'],
+    im_fenster=[registry_row("HKEY_CLASSES_ROOT", r"htafile\Shell\Open\Command", "(Standart)", 'mshta.exe "%1" %*')],
+    knöpfe=["Original", "Später"], ohne_knöpfe=["Übernehmen"], bild="warnung-shell.png",
+    antwort="Original",
+    danach=[written_back(HTA, 'mshta.exe "%1" %*'), log_enthält("< Zurückgesetzt OK > auf ")],
+    aufräumen=[PUT_BACK],
+))
+
+
+def known_domains(h):
+    """The prefix's own domains are known from the start."""
     known = subkeys(h, "HKLM\\" + DOMAINS) + subkeys(h, "HKCU\\" + DOMAINS)
     with open(os.path.join(h.folder, "daten", "V_seiten.txt"), "wb") as f:
         f.write("".join(d + "\r\n" for d in known).encode("cp1252"))
-    h.settings(aufab1=1, box29=1, box2=1)
-    h.start()
-    check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
-    time.sleep(2.5)
-    check(WARNING_TITLE not in visible_titles(h), f"a warning came for the prefix's own domains {known}")
-    h.run(["wine", "reg", "add", hkcu, "/v", "http", "/t", "REG_DWORD", "/d", "2", "/f"], env=h.tool_env)
-    try:
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        texts = visible_texts(h)
-        check("Eintrag in Vertrauenswürdige Seiten [IExplorer Sicherheit]" in texts, f"headline missing: {texts}")
-        shown = buttons(h)
-        check("Übernehmen" in shown and "Löschen" in shown, f"the bar shows {shown}")
-        h.screenshot(os.path.join(h.shots, "warnung-seiten.png"))
-        h.click(hwnd, "Übernehmen")
-        h.gone(hwnd, 10)
-        with open(os.path.join(h.folder, "daten", "V_seiten.txt"), "rb") as f:
-            baseline = f.read().decode("cp1252")
-        check(baseline.endswith(NEW_DOMAIN + "\r\n"), f"the domain is not in daten\\V_seiten.txt: {baseline!r}")
-        log = log_text(h)
-        check("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).\r\nRegistry: HKEY_CURRENT_USER\\" in log
-              and "< Übernommen OK >" in log, f"no accept entry in the log: {log!r}")
-        time.sleep(2.5)
-        check(WARNING_TITLE not in visible_titles(h), "the accepted domain raised a warning again")
-    finally:
-        h.reg_delete(hkcu)
+
+
+NEW_SITE = "HKCU\\" + DOMAINS + "\\" + NEW_DOMAIN
+szenario(Szenario(
+    name="new_trusted_site_of_the_user_raises_its_warning_and_is_accepted",
+    einstellungen=dict(box29=1, box2=1),
+    vorher=[reg_delete(NEW_SITE)], im_ordner=[known_domains], ruhig_vorher=2.5,
+    änderung=[reg_add(NEW_SITE, "http", "2", "REG_DWORD")],
+    texte=["Eintrag in Vertrauenswürdige Seiten [IExplorer Sicherheit]"],
+    knöpfe=["Übernehmen", "Löschen"], bild="warnung-seiten.png",
+    antwort="Übernehmen",
+    danach=[enthält(os.path.join("daten", "V_seiten.txt"), NEW_DOMAIN + "\r\n"),
+            log_enthält("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).\r\nRegistry: HKEY_CURRENT_USER\\",
+                        "< Übernommen OK >")],
+    aufräumen=[reg_delete(NEW_SITE)],
+))
