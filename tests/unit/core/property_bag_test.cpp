@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <utility>
 
 #include "common/fehler.h"
 #include "core/property_bag.h"
@@ -41,8 +42,8 @@ TEST(PropertyBag, ConvertsLikeTheRuntime) {
     PropertyBag bag;
     bag.WriteProperty("zahl", std::string("12"));
     bag.WriteProperty("text", std::string("zwölf"));
-    bag.WriteProperty("gross", std::int32_t{70000});
     EXPECT_EQ(std::get<std::int16_t>(bag.ReadProperty("zahl", std::int16_t{0})), 12);
+    bag.WriteProperty("gross", std::int32_t{70000});
     EXPECT_EQ(std::get<std::string>(bag.ReadProperty("gross", std::string())), "70000");
     try {
         bag.ReadProperty("text", std::int16_t{0});
@@ -50,11 +51,17 @@ TEST(PropertyBag, ConvertsLikeTheRuntime) {
     } catch (const Fehler& f) {
         EXPECT_EQ(f.Nummer(), 13);
     }
-    try {
-        bag.ReadProperty("gross", std::int16_t{0});
-        FAIL();
-    } catch (const Fehler& f) {
-        EXPECT_EQ(f.Nummer(), 6);
+    // A 16-bit number takes its whole range and not one beyond either end.
+    const std::pair<std::int32_t, bool> grenzen[] = {{-32768, true}, {32767, true}, {-32769, false}, {32768, false}};
+    for (const auto& [z, passt] : grenzen) {
+        bag.WriteProperty("grenze", z);
+        try {
+            EXPECT_EQ(std::get<std::int16_t>(bag.ReadProperty("grenze", std::int16_t{0})), z);
+            EXPECT_TRUE(passt) << z;
+        } catch (const Fehler& f) {
+            EXPECT_FALSE(passt) << z;
+            EXPECT_EQ(f.Nummer(), 6);
+        }
     }
 }
 

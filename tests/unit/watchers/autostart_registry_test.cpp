@@ -93,10 +93,25 @@ TEST_F(AutostartRegistry, WindowsNtRunValueOfTheMachine_IsWatchedToo) {
     EXPECT_EQ(Wert(3), "run");
 }
 
-TEST_F(AutostartRegistry, QuotedPathWithSwitch_KeepsTheClosingQuoteAsTheOriginalDid) {
-    Benutzerwert("Tool", "\"C:\\Program Files\\Tool\\tool.exe\" /min");
-    alarm().autostartRegistry.TesteAutostartRegistry();
-    EXPECT_EQ(Wert(4), "C:\\Program Files\\Tool\\tool.exe\"");
+// Up to two quotes come off each end, then a switch; a quote before the switch stays.
+TEST_F(AutostartRegistry, QuotesOffTheEnds_AtMostTwoEach_TheClosingOneBeforeASwitchStays) {
+    const struct {
+        const char* daten;
+        const char* pfad;
+    } fälle[] = {
+        {"\"C:\\Program Files\\Tool\\tool.exe\" /min", "C:\\Program Files\\Tool\\tool.exe\""},
+        {"\"C:\\Tool\\tool.exe\"", "C:\\Tool\\tool.exe"},
+        {"\"\"C:\\Tool\\tool.exe\"\"", "C:\\Tool\\tool.exe"},
+        {"\"\"\"C:\\Tool\\tool.exe\"\"\"", "\"C:\\Tool\\tool.exe\""},
+    };
+    for (const auto& fall : fälle) {
+        Benutzerwert("Tool", fall.daten);
+        alarm().autostartRegistry.TesteAutostartRegistry();
+        ASSERT_TRUE(prg.Form3Geladen()) << fall.daten;
+        EXPECT_EQ(Wert(4), fall.pfad) << fall.daten;
+        prg.Form3Entladen();
+        prg.Aufräumen();
+    }
 }
 
 TEST_F(AutostartRegistry, UserHives_AlsoSearchTheWindowsFolder) {

@@ -49,6 +49,14 @@ TEST_F(Hosts, FileOfMoreThanFourGigabytes_AcceptedOnceThenSilent) {
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
+TEST_F(Hosts, SizesFromOneKilobyte_InKilobytesWithoutTheByteCount) {
+    prg.Hostsgrösse = 1536;
+    fp.files.Put(hostsPfad, std::string(2048, 'x'));
+    prg.Alarm().hosts.TesteHosts();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Form3().Label1[2].Caption, " [Neue Grösse 2,00 KB       Alte Grösse war: 1,50 KB ]");
+}
+
 TEST_F(Hosts, ChangedSize_RaisesTheWarningAndStopsTheCycle) {
     prg.Hostsgrösse = 734;
     prg.Soundflag = 1;

@@ -89,6 +89,15 @@ TEST_F(SysWow64, SystemFolderFile_StillReportedFromItsOwnFolder) {
     EXPECT_EQ(T(0), kWow + "neu.dll");
 }
 
+TEST_F(SysWow64, SystemFolderFileAccepted_GoesIntoTheWindowsFoldersBaselineNotIntoItsOwn) {
+    fp.files.Put(kSys + "neu.dll", "MZ");
+    alarm().Durchlauf();
+    ASSERT_TRUE(prg.Form3Geladen());
+    prg.Form3().Image_Click(1);
+    EXPECT_EQ(alarm().ListView4.Items.size(), 3u);
+    EXPECT_EQ(alarm().ListView13.Items.size(), 3u);
+}
+
 TEST_F(SysWow64, Accept_GoesIntoItsBaseline_AndSilences) {
     fp.files.Put(kWow + "neu.dll", "MZMZ");
     alarm().Durchlauf();
