@@ -22,7 +22,7 @@ struct Prozesswerte {
     bool Beschäftigt = false;                         // the busy flag: true stops the watch cycle
     Kategorie Kategorieschlüssel = Kategorie::Keine;  // the current category key
     std::int32_t Hostsgrösse = 0;
-    std::array<std::string, 21> StartSeiten;
+    std::array<std::string, 32> StartSeiten;
     bool AnzeigeLöschen = false;
     bool Zurücksetzen = false;
     // The tray record, reused for every call of the notification area.

@@ -11,6 +11,8 @@
 #include "core/start.h"
 #include "platform/allefunktionen.h"
 #include "platform/datei_ersetzen.h"
+#include "watchers/startseite.h"
+#include "watchers/startseiten_tabelle.h"
 
 namespace kes {
 
@@ -40,8 +42,10 @@ void Properties_Load(Programm& prg) {
 
         prg.Hostsgrösse = Lies<std::int32_t>(bag, "hostsgrösse", 0);
         prg.Intervallstufe = Lies<std::int16_t>(bag, "Aufab1", 5);
-        for (int i = 0; i <= 20; ++i)
+        for (std::size_t i = 0; i < prg.StartSeiten.size(); ++i)
             prg.StartSeiten[i] = Lies<std::string>(bag, "InternetStartPage" + std::to_string(i), "");
+        // A file of before the 32-bit rows: what stands there now is what the user had.
+        if (!bag.Finde("InternetStartPage" + std::to_string(kErsterSlot32))) Holestartpage32(prg.p, prg);
         // Box 0 is never stored: it mirrors the Run value.
         for (int i = 1; i < kBoxAnzahl; ++i) {
             const auto wert = Lies<std::int16_t>(bag, "box" + std::to_string(i), 0);
@@ -85,8 +89,8 @@ void Properties_Save(Programm& prg) {
     bag.WriteProperty("hostsgrösse", prg.Hostsgrösse, std::int32_t{0});
     bag.WriteProperty("Aufab1", prg.Intervallstufe, std::int16_t{5});
     bag.WriteProperty("AnzeigeLöschen", prg.AnzeigeLöschen, false);
-    // The writer's default for the pages is the number 0, never equal to a text: all 21 go in.
-    for (int i = 0; i <= 20; ++i)
+    // The writer's default for the pages is the number 0, never equal to a text: all go in.
+    for (std::size_t i = 0; i < prg.StartSeiten.size(); ++i)
         bag.WriteProperty("InternetStartPage" + std::to_string(i), prg.StartSeiten[i], std::int16_t{0});
     for (int i = 1; i < kBoxAnzahl; ++i)
         bag.WriteProperty("Box" + std::to_string(i), prg.Alarm().Box1[i].value(), std::int16_t{0});

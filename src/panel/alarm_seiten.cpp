@@ -6,6 +6,7 @@
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "watchers/hosts.h"
+#include "watchers/startseiten_tabelle.h"
 
 namespace kes {
 
@@ -177,10 +178,10 @@ void AlarmFenster::PageÄndern1_Click(int) {
 
 void AlarmFenster::Command1_Click() {
     if (ListView3Auswahl < 0 || ListView3Auswahl >= static_cast<int>(ListView3.Items.size())) return;
-    // Row n of the list is slot n of the saved start pages.
-    const std::size_t slot = static_cast<std::size_t>(ListView3Auswahl) + 1;
+    const std::size_t zeile = static_cast<std::size_t>(ListView3Auswahl) + 1;
+    const std::size_t slot = SlotVonZeile(zeile);
     if (slot >= k_.W().StartSeiten.size()) return;
-    ListView3.Items[slot - 1].SetSubItem(3, Text1.Text);
+    ListView3.Items[zeile - 1].SetSubItem(3, Text1.Text);
     k_.W().StartSeiten[slot] = Text1.Text;
     Command1.Enabled = false;
     Text1.Text.clear();

@@ -28,7 +28,7 @@ int Index16(const std::string& text) {
 namespace übernehmen {
 bool StartPage(Form3Fenster& f) {
     const int i = Index16(Feld(f, 5));
-    if (i < 0 || i >= 21) throw Fehler(kFehlerIndex, "Index außerhalb des gültigen Bereichs");
+    if (i < 0 || i >= static_cast<int>(f.K().W().StartSeiten.size())) throw Fehler(kFehlerIndex, "Index außerhalb des gültigen Bereichs");
     f.K().W().StartSeiten[i] = Feld(f, 3);
     f.K().Log("IExplorer " + Feld(f, 2) + " wurde geändert.",
               {"Registry: " + Feld(f, 0) + "\\" + Feld(f, 1) + "\\" + Feld(f, 2), "Wert: " + Feld(f, 3)}, kOk);
@@ -41,7 +41,7 @@ namespace weitere {
 void StartPageOriginal(Form3Fenster& f) {
     MitFehlerausgang(f, "Original", [&] {
         const int i = Index16(f.Text1[5].Text);
-        if (i < 0 || i >= 21) throw Fehler(kFehlerIndex, "Index außerhalb des gültigen Bereichs");
+        if (i < 0 || i >= static_cast<int>(f.K().W().StartSeiten.size())) throw Fehler(kFehlerIndex, "Index außerhalb des gültigen Bereichs");
         const std::string& gespeichert = f.K().W().StartSeiten[static_cast<std::size_t>(i)];
         const int hive = StartSeitenHive(f.Text1[0].Text);
         if (hive > 0) {

@@ -33,10 +33,11 @@ void StartSeiteSchreiben(Plattform& p, int hive, const std::string& key, const s
 void StartSeite::LadeStartPage() {
     ListView3.Columns = {"HKEY", "Subkey", "ValueKey", "Wert"};
     ListView3.Items.clear();
-    for (std::size_t n = 1; n <= 19; ++n) {
-        const StartSeitenZeile& w = kStartSeitenTabelle[n - 1];
+    const std::size_t zeilen = k_.P().registry.ZweiAnsichten() ? kStartSeitenZeilen : kStartSeitenTabelle.size();
+    for (std::size_t n = 1; n <= zeilen; ++n) {
+        const StartSeitenZeile& w = StartSeitenZeileNr(n);
         ListItem& z = ListView3.Add(w.Wurzel);
-        z.SubItems = {w.Schlüssel, w.Wert, k_.W().StartSeiten[n]};
+        z.SubItems = {w.Schlüssel, w.Wert, k_.W().StartSeiten[SlotVonZeile(n)]};
         z.SmallIcon = kBild;
     }
 }
@@ -55,12 +56,12 @@ void StartSeite::TesteStartPage() {
                 } catch (...) {
                 }
             }
-            const std::string gespeichert = k_.W().StartSeiten.at(i);
+            const std::string gespeichert = k_.W().StartSeiten.at(SlotVonZeile(i));
             if (gespeichert == aktuell) continue;
             if (k_.Box(9) != 1) {
                 // A deferred value hides the rows after it for as long as it stays different.
                 if (k_.Später(Registrypfad(z))) return;
-                Warnen(static_cast<int>(i), z, aktuell, gespeichert);
+                Warnen(static_cast<int>(SlotVonZeile(i)), z, aktuell, gespeichert);
                 return;
             }
             Zurücksetzen(z, aktuell, gespeichert);
@@ -108,15 +109,25 @@ void StartSeite::Warnen(int i, const ListItem& z, const std::string& aktuell, co
     });
 }
 
-void Holestartpage(WächterKontext& k) {
-    HiveOCX hive(k.P().registry);
-    auto& seiten = k.W().StartSeiten;
-    for (std::size_t i = 0; i < kStartSeitenTabelle.size(); ++i) {
-        const StartSeitenZeile& z = kStartSeitenTabelle[i];
+namespace {
+void StartSeitenHolen(Plattform& p, std::size_t von, std::size_t bis, Prozesswerte& w) {
+    HiveOCX hive(p.registry);
+    for (std::size_t n = von; n <= bis; ++n) {
+        const StartSeitenZeile& z = StartSeitenZeileNr(n);
         // The assistant names the default value by one NUL character.
         const std::string wert = *z.Wert ? std::string(z.Wert) : std::string(1, '\0');
-        seiten[i + 1] = hive.ReadValue(z.Hive, z.Schlüssel, wert);
+        w.StartSeiten[SlotVonZeile(n)] = hive.ReadValue(z.Hive, z.Schlüssel, wert);
     }
+}
+}  // namespace
+
+void Holestartpage(WächterKontext& k) {
+    StartSeitenHolen(k.P(), 1, kStartSeitenTabelle.size(), k.W());
+    Holestartpage32(k.P(), k.W());
+}
+
+void Holestartpage32(Plattform& p, Prozesswerte& w) {
+    if (p.registry.ZweiAnsichten()) StartSeitenHolen(p, kStartSeitenTabelle.size() + 1, kStartSeitenZeilen, w);
 }
 
 }  // namespace kes

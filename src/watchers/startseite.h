@@ -7,6 +7,8 @@
 #include <array>
 
 #include "common/steuerelemente.h"
+#include "common/werte.h"
+#include "platform/seam/plattform.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -31,6 +33,9 @@ private:
 // The first saved start pages, when the assistant takes the machine as it stands: slots 1 to
 // 19 read from the registry.
 void Holestartpage(WächterKontext& k);
+// The saved start pages of the 32-bit rows as the machine holds them now (nothing on a
+// Windows with one view): what a settings file written before those rows had no slots for.
+void Holestartpage32(Plattform& p, Prozesswerte& w);
 
 // The hive code of HiveOCX for a row's root name: 2 for "HKEY_LOCAL_MACHINE", 1 for
 // "HKEY_CURRENT_USER", -1 for anything else.

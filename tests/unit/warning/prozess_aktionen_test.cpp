@@ -162,7 +162,7 @@ TEST_F(StartseiteOriginal, EmptySavedText_WritesOneNulCharacter) {
 
 TEST_F(StartseiteOriginal, IndexBeyondTheSavedPages_EndsInTheErrorExit) {
     fp.registry.SetString("HKEY_CURRENT_USER\\" + key, "Start Page", "http://boese.example/");
-    Offen("21").Image_Click(8);
+    Offen("32").Image_Click(8);
 
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Original) Fehler: 9");

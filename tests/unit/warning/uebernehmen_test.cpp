@@ -181,7 +181,7 @@ TEST_F(Annehmen, HostsFileGoneBeforeTheClick_EndsInTheErrorExit) {
 
 TEST_F(Annehmen, StartPageIndexBeyondTheSlots_EndsWithTheErrorAndKeepsTheWindow) {
     Form3Fenster& f = Warnung(Kategorie::StartPage);
-    f.Text1[5].Text = "21";
+    f.Text1[5].Text = "32";
     f.Image_Click(1);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Übernehmen) Fehler: 9");

@@ -4,9 +4,14 @@
 // On a 32-bit Windows the Wow6432Node paths are not read.
 #include <functional>
 
+#include "common/eigene_orte.h"
+#include "core/einstellungen.h"
+#include "core/property_bag.h"
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
+#include "platform/hive_ocx.h"
 #include "warning/form3.h"
+#include "watchers/startseite.h"
 
 namespace kes::test {
 namespace {
@@ -174,6 +179,55 @@ TEST(ZweiAnsichten, OneViewMachine_ReadsNoWow6432NodePath) {
         o.teste(m.prg.Alarm());
         EXPECT_FALSE(m.prg.Form3Geladen());
     }
+}
+
+// The start pages: the machine's rows come again for the 32-bit browser, with saved texts
+// of their own, and "Original" writes into the view the row names.
+const std::string kMain64 = kHklm + "Software\\Microsoft\\Internet Explorer\\Main";
+const std::string kMain32 = kHklm + "Software\\Wow6432Node\\Microsoft\\Internet Explorer\\Main";
+
+TEST(ZweiAnsichten, StartPageOfThe32BitBrowser_WarnsByItsPath_OriginalPutsItsOwnTextBack) {
+    for (const auto maschine : {fake::Maschine::Bit64, fake::Maschine::Bit32}) {
+        const bool zwei = maschine == fake::Maschine::Bit64;
+        SCOPED_TRACE(zwei ? "64-bit" : "32-bit");
+        Maschine m(maschine);
+        m.fp.registry.SetString(kMain64, "Start Page", "http://64.example/");
+        m.fp.registry.SetString(kMain32, "Start Page", "http://32.example/");
+        Holestartpage(m.prg);
+        StartSeite& w = m.prg.Alarm().startSeite;
+        w.LadeStartPage();
+        ASSERT_EQ(w.ListView3.Items.size(), zwei ? 30u : 19u);
+        m.fp.registry.SetString(kMain32, "Start Page", "http://boese.example/");
+        w.TesteStartPage();
+        ASSERT_EQ(m.prg.Form3Geladen(), zwei) << "one view: the Wow6432Node key is nobody's";
+        if (!zwei) continue;
+        Form3Fenster& f = m.prg.Form3();
+        EXPECT_EQ(f.Label1[1].Caption, kMain32 + "\\Start Page");
+        EXPECT_EQ(f.Label1[2].Caption, "Neuer Wert : http://boese.example/        Original war: http://32.example/");
+        f.Image_Click(8);
+        EXPECT_FALSE(m.prg.Form3Geladen());
+        EXPECT_EQ(HiveOCX(m.fp.registry).ReadValue(2, kMain32.substr(kHklm.size()), "Start Page"), "http://32.example/");
+        EXPECT_EQ(HiveOCX(m.fp.registry).ReadValue(2, kMain64.substr(kHklm.size()), "Start Page"), "http://64.example/");
+    }
+}
+
+// A settings file of before the 32-bit rows has no texts for them: they are taken from the
+// machine as it stands, not warned of, and saved from then on.
+TEST(ZweiAnsichten, SettingsOfBeforeThe32BitStartPages_TakeThemFromTheMachine) {
+    Maschine m(fake::Maschine::Bit64);
+    m.fp.registry.SetString(kMain32, "Start Page", "http://32.example/");
+    PropertyBag alt;
+    for (int i = 0; i <= 20; ++i) alt.WriteProperty("InternetStartPage" + std::to_string(i), std::string());
+    alt.WriteProperty("Box8", std::int16_t{1});
+    const std::string dat = m.prg.Programmordner + kEinstellungsdatei;
+    m.fp.files.Put(dat, alt.Contents());
+    Properties_Load(m.prg);
+    EXPECT_EQ(m.prg.StartSeiten[21], "http://32.example/");
+    m.prg.Alarm().startSeite.TesteStartPage();
+    EXPECT_FALSE(m.prg.Form3Geladen());
+    Properties_Save(m.prg);
+    const PropertyBag neu = PropertyBag::AusInhalt(m.fp.files.Content(dat));
+    EXPECT_EQ(std::get<std::string>(neu.ReadProperty("InternetStartPage21", std::string())), "http://32.example/");
 }
 
 }  // namespace
