@@ -392,19 +392,18 @@ constexpr WächterZeile kWächter[] = {
      .kategorien = {K::HtaFile},
      .zyklus = {[](A& a, W&) { a.shellBefehle.TesteHTafile(); }},
      .danachPumpen = true},
-    OrteZeile<&A::winlogon, &A::ListView14, L::ListView14, kWinlogonOrte>(
-        "Winlogon", 33, "Winlogon-Einträge (Shell, Userinit, Notify ...) sofort melden.", 14, "winlogon"),
+    OrteZeile<&A::winlogon, &A::ListView14, L::ListView14, kWinlogonOrte>("Winlogon", 33, "Winlogon sofort melden.", 14,
+                                                                          "winlogon"),
     OrteZeile<&A::appInit, &A::ListView15, L::ListView15, kAppInitOrte>("AppInit_DLLs", 34,
                                                                         "AppInit_DLLs sofort melden.", 15, "appinit"),
     OrteZeile<&A::imageFileExecution, &A::ListView16, L::ListView16, kImageFileExecutionOrte>(
-        "Image File Execution Options", 35, "Debugger unter Image File Execution Options sofort melden.", 16, "ifeo"),
+        "Image File Execution Options", 35, "Image File Execution Options sofort melden.", 16, "ifeo"),
     OrteZeile<&A::policiesRun, &A::ListView17, L::ListView17, kPoliciesRunOrte>(
-        "policies Run", 36, "Autostart der Richtlinien (Policies\\Explorer\\Run) sofort melden.", 17, "policiesrun"),
+        "policies Run", 36, "Policies\\Explorer\\Run sofort melden.", 17, "policiesrun"),
     OrteZeile<&A::activeSetup, &A::ListView18, L::ListView18, kActiveSetupOrte>(
-        "Active Setup", 37, "Active Setup-Einträge (StubPath) sofort melden.", 18, "activesetup"),
+        "Active Setup", 37, "Active Setup (StubPath) sofort melden.", 18, "activesetup"),
     OrteZeile<&A::bootSicherheit, &A::ListView19, L::ListView19, kBootSicherheitOrte>(
-        "boot and security providers", 38,
-        "Start- und Sicherheitsmodule (BootExecute, Lsa, Druckmonitore) sofort melden.", 19, "bootsicherheit"),
+        "boot and security providers", 38, "Boot- und Lsa-Module sofort melden.", 19, "bootsicherheit"),
 };
 
 // Every key but Keine is carried by a row, and every row has a box and a pass.
