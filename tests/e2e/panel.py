@@ -29,6 +29,7 @@ PAGES = [
     (17, "Dienste", None, "Windows Dienste"),
     (18, "Internet", "IExplorer Vertrauenswürtige Seiten", "IExploere Vertauenswürdige Seiten"),
     (19, "Autostart", "Autostart Registry [Sonstige]", "Autostart Registry [Sonstiges]"),
+    (21, "Autostart", "Weitere Autostart-Orte", "Weitere Autostart-Orte"),
 ]
 
 

@@ -90,6 +90,19 @@ TEST(RegistryOrte, WhatWarnsAndWhatTheWarningShows) {
     }
 }
 
+TEST(RegistryOrte, SubkeyDeletedWhileTheWalkPumps_IsPassedOver) {
+    Lauf l;
+    const std::string ifeo = kHklm + kNt + "Image File Execution Options\\";
+    l.a().imageFileExecution.Teste();
+    for (const char* n : {"a.exe", "b.exe"}) l.fp.registry.SetString(ifeo + n, "Debugger", "d.exe");
+    l.fp.timers.beimPumpen.push_back(
+        [&] { HiveOCX(l.fp.registry).DeleteKey(2, kNt + "Image File Execution Options\\a.exe"); });
+    l.a().imageFileExecution.Teste();
+    ASSERT_TRUE(l.prg.Form3Geladen());
+    EXPECT_EQ(l.prg.Form3().Text1[2].Text, kNt + "Image File Execution Options\\b.exe");
+    EXPECT_EQ(l.fp.registry.OpenHandles(), 0);
+}
+
 TEST(RegistryOrte, DeferredValueThatChanges_StaysDeferred) {
     Lauf l;
     RegistryOrte& w = l.a().winlogon;
