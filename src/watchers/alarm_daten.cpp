@@ -29,8 +29,10 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       bootSicherheit(k, kBootSicherheitOrte, ListView19),
       k_(k) {
     ListView1.Columns = {"Wert"};
-    for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19})
+    for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19}) {
         l->Columns = {"Eintrag"};
+        l->ColumnWidths = {600};  // a line is long; the list scrolls sideways
+    }
 }
 
 std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {

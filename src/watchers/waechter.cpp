@@ -397,7 +397,7 @@ constexpr WächterZeile kWächter[] = {
     OrteZeile<&A::appInit, &A::ListView15, L::ListView15, kAppInitOrte>("AppInit_DLLs", 34,
                                                                         "AppInit_DLLs sofort melden.", 15, "appinit"),
     OrteZeile<&A::imageFileExecution, &A::ListView16, L::ListView16, kImageFileExecutionOrte>(
-        "Image File Execution Options", 35, "Image File Execution Options sofort melden.", 16, "ifeo"),
+        "Image File Execution Options", 35, "Image File Execution Options melden.", 16, "ifeo"),
     OrteZeile<&A::policiesRun, &A::ListView17, L::ListView17, kPoliciesRunOrte>(
         "policies Run", 36, "Policies\\Explorer\\Run sofort melden.", 17, "policiesrun"),
     OrteZeile<&A::activeSetup, &A::ListView18, L::ListView18, kActiveSetupOrte>(

@@ -51,6 +51,7 @@ def winlogon_shell_accepted_and_ifeo_debugger_deleted(h):
         check("Ein Winlogon-Eintrag in der Registry ist neu oder wurde geändert." in texts, f"headline: {texts}")
         check("Name: HKEY_LOCAL_MACHINE\\" + NT + "\\Winlogon\\Shell" in texts, f"name row: {texts}")
         check("Pfad: explorer.exe kes-e2e.exe" in texts, f"data row: {texts}")
+        h.screenshot(os.path.join(h.shots, "warnung-winlogon.png"))
         h.click(hwnd, "Übernehmen")
         h.gone(hwnd, 10)
         with open(os.path.join(h.folder, "daten", "Winlogon.txt"), "rb") as f:
