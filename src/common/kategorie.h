@@ -36,7 +36,13 @@ namespace kes {
     X(TaskmanagerDeaktiviert) \
     X(HtaFile) \
     X(ToolBar) \
-    X(ToolBar1)
+    X(ToolBar1) \
+    X(Winlogon) \
+    X(AppInitDLLs) \
+    X(ImageFileExecution) \
+    X(PoliciesRun) \
+    X(ActiveSetup) \
+    X(BootSicherheit)
 // clang-format on
 
 enum class Kategorie {

@@ -1,6 +1,6 @@
 // The window Alarm: the control panel as the user sees it, on top of its part as the owner
 // of every watcher. Its load handler runs every loader in a fixed order; the tick of its
-// Timer1 is one watch cycle. The sidebar Label1 switches between the twenty pages Frame1,
+// Timer1 is one watch cycle. The sidebar Label1 switches between the pages Frame1,
 // directly or through one of three drop-out menus; a click on an option box saves the
 // settings or does what that option needs at once.
 #pragma once
@@ -24,8 +24,9 @@ inline constexpr long kLeisteRuhe = 12648384;
 inline constexpr long kLeisteGewählt = 255;
 inline constexpr long kLeisteGewähltText = 16777215;
 
-// The headings of the pages, as they stand; the last one, the backups, came later.
-inline constexpr const char* kSeitenTitel[21] = {"Aktuelle Einstellungen",
+// The headings of the pages, as they stand; the last two, the backups and the further
+// autostart places, came later.
+inline constexpr const char* kSeitenTitel[22] = {"Aktuelle Einstellungen",
                                                  "Prozesse",
                                                  "IExplorer Favoriten",
                                                  "IExplorer Startpage",
@@ -45,7 +46,8 @@ inline constexpr const char* kSeitenTitel[21] = {"Aktuelle Einstellungen",
                                                  "Windows Dienste",
                                                  "IExploere Vertauenswürdige Seiten",
                                                  "Autostart Registry [Sonstiges]",
-                                                 "Sicherungen"};
+                                                 "Sicherungen",
+                                                 "Weitere Autostart-Orte"};
 inline constexpr int kSeiteSicherungen = 20;
 
 // A menu the view is asked to open: by name ("Internet", "autostart", "hijacker",
@@ -61,9 +63,9 @@ public:
 
     AufAb AufAb1;
     std::array<Label, 12> Label1;       // the sidebar entries
-    std::array<PictureBox, 21> Frame1;  // the pages
+    std::array<PictureBox, 22> Frame1;  // the pages
     std::array<MenuItem, 6> Internet1;
-    std::array<MenuItem, 3> autostart1;
+    std::array<MenuItem, 4> autostart1;
     std::array<MenuItem, 5> hijacker1;
     std::array<MenuItem, 1> PageÄndern1;
     CommandButton Command1;  // "Ändern" of the start-page edit

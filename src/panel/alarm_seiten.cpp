@@ -17,8 +17,9 @@ constexpr const char* kInternet[6] = {"IExplorer Favoriten", "IExplorer Startpag
                                       "DFÜ-Verbindung",      "Nachrichtendienst",
                                       "Hosts-Datei",         "IExplorer Vertrauenswürtige Seiten"};
 constexpr int kInternetSeite[6] = {2, 3, 4, 7, 8, 18};
-constexpr const char* kAutostart[3] = {"Autostart Ordner", "Autostart Registry [RUN]", "Autostart Registry [Sonstige]"};
-constexpr int kAutostartSeite[3] = {5, 6, 19};
+constexpr const char* kAutostart[4] = {"Autostart Ordner", "Autostart Registry [RUN]", "Autostart Registry [Sonstige]",
+                                       "Weitere Autostart-Orte"};
+constexpr int kAutostartSeite[4] = {5, 6, 19, 21};
 constexpr const char* kHijacker[5] = {"Browser Helper Objects", "ActiveX-Objekte", "ShellServiceObjectDelayLoad",
                                       "SharedTaskScheduler", "Sonstige Registry Einträge"};
 constexpr int kHijackerSeite[5] = {11, 12, 13, 14, 16};

@@ -12,6 +12,7 @@
 #include "warning/hosts_warnung.h"
 #include "warning/klassenlisten_warnung.h"
 #include "warning/prozesse_warnung.h"
+#include "warning/registry_orte_warnung.h"
 #include "warning/shell_befehle_warnung.h"
 #include "warning/sperren_warnung.h"
 #include "warning/startseite_warnung.h"
@@ -53,7 +54,8 @@ constexpr auto kTabelle = Aneinander(kOhneWarnung,
                                      kDiensteZeilen,
                                      kSperrenZeilen,
                                      kShellBefehleZeilen,
-                                     kVertrauenswürdigeSeitenZeilen);
+                                     kVertrauenswürdigeSeitenZeilen,
+                                     kRegistryOrteZeilen);
 // clang-format on
 
 static_assert(std::size(kTabelle) == kKategorieAnzahl, "one row for every category key");

@@ -21,8 +21,18 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       sperren(k),
       shellBefehle(k, Text5),
       vertrauenswürdigeSeiten(k, ListView12),
+      winlogon(k, kWinlogonOrte, ListView14),
+      appInit(k, kAppInitOrte, ListView15),
+      imageFileExecution(k, kImageFileExecutionOrte, ListView16),
+      policiesRun(k, kPoliciesRunOrte, ListView17),
+      activeSetup(k, kActiveSetupOrte, ListView18),
+      bootSicherheit(k, kBootSicherheitOrte, ListView19),
       k_(k) {
     ListView1.Columns = {"Wert"};
+    for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19}) {
+        l->Columns = {"Eintrag"};
+        l->ColumnWidths = {600};  // a line is long; the list scrolls sideways
+    }
 }
 
 std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {
@@ -31,6 +41,12 @@ std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {
         for (const Listenmenü& m : z.listen)
             if (m.menü) listen.push_back({&m.datei(*this), m.laden});
     return listen;
+}
+
+RegistryOrte* AlarmDaten::RegistryOrteVon(Kategorie kategorie) {
+    for (RegistryOrte* w : {&winlogon, &appInit, &imageFileExecution, &policiesRun, &activeSetup, &bootSicherheit})
+        if (w->beschreibung.kategorie == kategorie) return w;
+    return nullptr;
 }
 
 bool AlarmDaten::Später(const std::string& schlüssel) const {

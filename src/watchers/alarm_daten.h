@@ -25,6 +25,7 @@
 #include "watchers/startseite.h"
 #include "watchers/systemordner.h"
 #include "watchers/vertrauenswuerdige_seiten.h"
+#include "watchers/weitere_orte.h"
 
 namespace kes {
 
@@ -42,7 +43,7 @@ enum TimerId : int {
 // options. A new box raises the count here; the watcher table's check fails the build
 // until it does, and the array, the view and the settings follow it.
 inline constexpr int kEigeneBoxen = 4;
-inline constexpr int kBoxAnzahl = 33;
+inline constexpr int kBoxAnzahl = 39;
 
 class AlarmDaten {
 public:
@@ -69,6 +70,12 @@ public:
     ListView ListView11;           // known services
     ListView ListView12;           // known trusted sites
     ListView ListView13;           // files of SysWOW64: path, length
+    ListView ListView14;           // known Winlogon entries
+    ListView ListView15;           // known AppInit_DLLs entries
+    ListView ListView16;           // known debuggers of Image File Execution Options
+    ListView ListView17;           // known entries of the policies' Run keys
+    ListView ListView18;           // known Active Setup entries
+    ListView ListView19;           // known boot and security providers
     ListView ListView33;           // the autostart registry rows of the current listing
     ListBox List1;                 // trusted makers of processes
     ListBox List2;                 // processes allowed for this run only
@@ -102,6 +109,16 @@ public:
     Sperren sperren;
     ShellBefehle shellBefehle;
     VertrauenswürdigeSeiten vertrauenswürdigeSeiten;
+    RegistryOrte winlogon;
+    RegistryOrte appInit;
+    RegistryOrte imageFileExecution;
+    RegistryOrte policiesRun;
+    RegistryOrte activeSetup;
+    RegistryOrte bootSicherheit;
+
+    // The watcher of further registry places whose warnings carry this key; null for the
+    // keys of the other watchers.
+    RegistryOrte* RegistryOrteVon(Kategorie kategorie);
 
     // One tick of Timer1: the passes of the watcher table, each run only while the busy flag
     // is false and its box is 1, both tested anew for every pass.

@@ -37,7 +37,13 @@ class Grundliste;
     X(List9) \
     X(List10) \
     X(ListView11) \
-    X(ListView12)
+    X(ListView12) \
+    X(ListView14) \
+    X(ListView15) \
+    X(ListView16) \
+    X(ListView17) \
+    X(ListView18) \
+    X(ListView19)
 // clang-format on
 
 enum class Ausnahmeliste {

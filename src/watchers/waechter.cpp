@@ -10,6 +10,32 @@ using A = AlarmDaten;
 using W = Prozesswerte;
 using L = Ausnahmeliste;
 
+// The row of a watcher of further registry places: its pass, its loader, its baseline with
+// the panel's menu, the reset of its file and the assistant's first baseline.
+template <RegistryOrte AlarmDaten::*Wächter, ListView AlarmDaten::*Ansicht, Ausnahmeliste Liste,
+          const OrteBeschreibung& B>
+constexpr WächterZeile OrteZeile(const char* name, int box, const char* beschriftung, int rang, const char* menü) {
+    return {.name = name,
+            .box = box,
+            .beschriftung = beschriftung,
+            .kategorien = {B.kategorie},
+            .zyklus = {[](A& a, W&) { (a.*Wächter).Teste(); }},
+            .laden = {[](A& a, W&) { (a.*Wächter).Laden(); }},
+            .zurücksetzen = {{{rang, B.datei}}},
+            .erstaufnahme = [](WächterKontext& k) { RegistryOrte::Erstaufnahme(k, B); },
+            .assistent = true,
+            .listen = {{{Liste,
+                         nullptr,
+                         Ansicht,
+                         [](A& a) -> Grundliste& { return (a.*Wächter).basis; },
+                         [](A& a) { (a.*Wächter).Laden(); },
+                         menü,
+                         {""},
+                         0,
+                         " --> Eintrag löschen",
+                         [](A& a, ListenPanel& panel, int) { (a.*Wächter).MarkierteLöschen(panel); }}}}};
+}
+
 // The order is the cycle's and fixed: box 22 comes before box 21 on purpose.
 constexpr WächterZeile kWächter[] = {
     {.name = "processes",
@@ -366,6 +392,18 @@ constexpr WächterZeile kWächter[] = {
      .kategorien = {K::HtaFile},
      .zyklus = {[](A& a, W&) { a.shellBefehle.TesteHTafile(); }},
      .danachPumpen = true},
+    OrteZeile<&A::winlogon, &A::ListView14, L::ListView14, kWinlogonOrte>("Winlogon", 33, "Winlogon sofort melden.", 14,
+                                                                          "winlogon"),
+    OrteZeile<&A::appInit, &A::ListView15, L::ListView15, kAppInitOrte>("AppInit_DLLs", 34,
+                                                                        "AppInit_DLLs sofort melden.", 15, "appinit"),
+    OrteZeile<&A::imageFileExecution, &A::ListView16, L::ListView16, kImageFileExecutionOrte>(
+        "Image File Execution Options", 35, "Image File Execution Options melden.", 16, "ifeo"),
+    OrteZeile<&A::policiesRun, &A::ListView17, L::ListView17, kPoliciesRunOrte>(
+        "policies Run", 36, "Policies\\Explorer\\Run sofort melden.", 17, "policiesrun"),
+    OrteZeile<&A::activeSetup, &A::ListView18, L::ListView18, kActiveSetupOrte>(
+        "Active Setup", 37, "Active Setup (StubPath) sofort melden.", 18, "activesetup"),
+    OrteZeile<&A::bootSicherheit, &A::ListView19, L::ListView19, kBootSicherheitOrte>(
+        "boot and security providers", 38, "Boot- und Lsa-Module sofort melden.", 19, "bootsicherheit"),
 };
 
 // Every key but Keine is carried by a row, and every row has a box and a pass.

@@ -159,6 +159,7 @@ if __name__ == "__main__":
     import ordner  # noqa: F401
     import klassen  # noqa: F401
     import ansichten  # noqa: F401
+    import weitere_orte  # noqa: F401
     import panel  # noqa: F401
     import warnung  # noqa: F401
     import abbruch  # noqa: F401
@@ -173,6 +174,6 @@ if __name__ == "__main__":
         "__main__": 2, "assistent": 1, "ausnahmen": 2, "autostart": 2, "beenden": 1,
         "registry_waechter": 2, "prozesse": 1, "startseite": 1, "ordner": 1, "klassen": 1,
         "ansichten": 2, "panel": 1, "warnung": 2, "abbruch": 1, "antworten": 2,
-        "wiederherstellen": 2, "dauerlauf": 2,
+        "wiederherstellen": 2, "dauerlauf": 2, "weitere_orte": 1,
     }
     sys.exit(main(SHARDS))

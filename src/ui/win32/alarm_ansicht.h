@@ -1,5 +1,5 @@
 // The Win32 view of the control panel Alarm: the sidebar of eleven entries on the left
-// (owner-drawn buttons in the two colours of their model), and to its right the twenty
+// (owner-drawn buttons in the two colours of their model), and to its right the
 // pages, each a group box whose controls show and hide with it. Each control is bound to
 // its model: option boxes, lists, labels and texts are brought in line after every event;
 // clicks, menus and edits go back to the model's handlers. The pages are built in three
@@ -51,7 +51,7 @@ private:
     void Seitenleiste();
     void SeitenAllgemein();  // 0, 1, 9, 10, 15, 17
     void SeitenInternet();   // 2, 3, 4, 7, 8, 18
-    void SeitenRegistry();   // 5, 6, 11, 12, 13, 14, 16, 19
+    void SeitenRegistry();   // 5, 6, 11, 12, 13, 14, 16, 19, 21
     // Stops the program when a box of Box1 or a list of the watcher table has no control.
     void AllesPlatziert() const;
     HWND Neu(int seite, const char* klasse, const std::string& text, DWORD stil, int id, int x, int y, int b, int h);

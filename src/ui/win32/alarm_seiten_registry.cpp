@@ -1,6 +1,6 @@
 // The pages of the control panel reached through the menus "Autostart" and "Hijacker":
-// autostart folders and keys, the class lists, ActiveX, URL search hooks, and the open
-// commands of the program file types.
+// autostart folders and keys, the class lists, ActiveX, URL search hooks, the open
+// commands of the program file types, and the further autostart places.
 #include "ui/win32/alarm_ansicht.h"
 
 namespace kes::ui {
@@ -88,6 +88,19 @@ void AlarmAnsicht::SeitenRegistry() {
         LabelNeu(19, f_.ww[32 + i], 12, 296 + i * 28, 120, 16);
         text5_[i] = Neu(19, "EDIT", f_.Text5[i].Text, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kIdText5 + i, 136,
                         293 + i * 28, innen - 124, 22);
+    }
+
+    // 21: the further autostart places, two columns of three, each box above its baseline.
+    const struct {
+        int box;
+        const ListView* liste;
+    } orte[] = {{33, &f_.ListView14}, {34, &f_.ListView15}, {35, &f_.ListView16},
+                {36, &f_.ListView17}, {37, &f_.ListView18}, {38, &f_.ListView19}};
+    const int spalte = (innen - 8) / 2;
+    for (int i = 0; i < 6; ++i) {
+        const int x = 12 + (i % 2) * (spalte + 8), y = 20 + (i / 2) * 135;
+        BoxNeu(21, orte[i].box, x, y);
+        ListeNeu(21, *orte[i].liste, x, y + 22, spalte, 108);
     }
 }
 

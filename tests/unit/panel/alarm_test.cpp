@@ -145,8 +145,8 @@ TEST_F(Panel, EachMenuEntryShowsItsPage) {
         a().Internet1_Click(i);
         EXPECT_EQ(a().SichtbareSeite(), internet[i]) << a().Internet1[i].Caption;
     }
-    const int autostart[] = {5, 6, 19};
-    for (int i = 0; i < 3; ++i) {
+    const int autostart[] = {5, 6, 19, 21};
+    for (int i = 0; i < 4; ++i) {
         Wählen(3);
         a().autostart1_Click(i);
         EXPECT_EQ(a().SichtbareSeite(), autostart[i]) << a().autostart1[i].Caption;

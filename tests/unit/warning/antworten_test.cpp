@@ -11,6 +11,7 @@
 
 #include "panel/ausnahmelisten.h"
 #include "platform/hive_ocx.h"
+#include "platform/mehrfachwert.h"
 #include "programm_test_basis.h"
 #include "warning/kategorien.h"
 #include "watchers/waechter.h"
@@ -37,6 +38,12 @@ const std::string kSvc = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Service
 const std::string kPolicies = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System";
 const std::string kDomains = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\";
 const std::string kBefehl = "\"%1\" %*";
+const std::string kWinlogon = kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
+const std::string kAppInit = kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows";
+const std::string kIfeo = kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options";
+const std::string kPoliciesRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
+const std::string kActiveSetup = kHklm + "Software\\Microsoft\\Active Setup\\Installed Components\\{A1}";
+const std::string kSessionManager = "System\\CurrentControlSet\\Control\\Session Manager";
 
 enum class Antwort { Übernehmen, Löschen, Später, Töten, Ausnahme, NaGut, Original };
 enum class Erwartet {
@@ -181,7 +188,59 @@ const Szenario& AntwortTest::Von(K k) {
                             return t.Schlüssel(0, "CLSID\\" + clsid + "\\InprocServer32");
                         }};
     };
+    // The first pass takes the machine as its baseline; the entry comes after it.
+    static const auto ort = [](int box, RegistryOrte AlarmDaten::*w, std::function<void(T&)> eintrag,
+                               std::function<bool(T&)> da) {
+        return Szenario{{box},
+                        [=](T& t) {
+                            (t.a().*w).Teste();
+                            eintrag(t);
+                        },
+                        [=](T& t) { (t.a().*w).Laden(); },
+                        std::move(da)};
+    };
+    static const auto bootTeile = [](T& t) {
+        return MehrfachLesen(t.fp.registry, kHkeyLocalMachine, kSessionManager, "BootExecute")
+            .value_or(std::vector<std::string>{});
+    };
     static const std::map<K, Szenario> kSzenarien = {
+        {K::Winlogon, ort(
+                          33, &AlarmDaten::winlogon,
+                          [](T& t) { t.fp.registry.SetString(kWinlogon, "Shell", "C:\\boese.exe"); },
+                          [](T& t) { return t.Wert(kWinlogon, "Shell"); })},
+        {K::AppInitDLLs, ort(
+                             34, &AlarmDaten::appInit,
+                             [](T& t) { t.fp.registry.SetString(kAppInit, "AppInit_DLLs", "C:\\boese.dll"); },
+                             [](T& t) { return t.Wert(kAppInit, "AppInit_DLLs"); })},
+        {K::ImageFileExecution,
+         ort(
+             35, &AlarmDaten::imageFileExecution,
+             [](T& t) { t.fp.registry.SetString(kIfeo + "\\notepad.exe", "Debugger", "C:\\boese.exe"); },
+             [](T& t) { return t.Wert(kIfeo + "\\notepad.exe", "Debugger"); })},
+        {K::PoliciesRun, ort(
+                             36, &AlarmDaten::policiesRun,
+                             [](T& t) { t.fp.registry.SetString(kPoliciesRun, "Boese", "C:\\boese.exe"); },
+                             [](T& t) { return t.Wert(kPoliciesRun, "Boese"); })},
+        {K::ActiveSetup, ort(
+                             37, &AlarmDaten::activeSetup,
+                             [](T& t) { t.fp.registry.SetString(kActiveSetup, "StubPath", "C:\\boese.exe"); },
+                             [](T& t) { return t.Wert(kActiveSetup, "StubPath"); })},
+        // One part more in a multi-string: the delete takes that part and keeps the other.
+        {K::BootSicherheit,
+         {{38},
+          [](T& t) {
+              const std::string key = kHklm + kSessionManager;
+              t.fp.registry.SetRaw(key, "BootExecute", kRegMultiSz, std::string("autocheck autochk *\0\0", 21));
+              t.a().bootSicherheit.Teste();
+              t.fp.registry.SetRaw(key, "BootExecute", kRegMultiSz,
+                                   std::string("autocheck autochk *\0boese\0\0", 27));
+          },
+          [](T& t) { t.a().bootSicherheit.Laden(); },
+          [=](T& t) {
+              // A delete that took the other part too has not removed just the one.
+              const auto teile = bootTeile(t);
+              return teile.size() != 1 || teile.front() != "autocheck autochk *";
+          }}},
         {K::Prozesse,
          {{4},
           [](T& t) { t.Prozess("neu.exe", 4711, "C:\\Neu\\neu.exe"); },
@@ -385,6 +444,30 @@ const std::vector<Fall> kFälle = {
     {K::ToolBar1, A::Löschen, -1, E::Weg},
     // No deferral for this key: the same warning comes at the next cycle.
     {K::ToolBar1, A::Später, -1, E::WarntWieder},
+    {K::Winlogon, A::Übernehmen},
+    {K::Winlogon, A::Später, -1, E::FürDenLauf},
+    {K::Winlogon, A::Löschen, -1, E::Weg},
+    {K::Winlogon, A::Übernehmen, -1, E::FürImmer, L::ListView14},
+    {K::AppInitDLLs, A::Übernehmen},
+    {K::AppInitDLLs, A::Später, -1, E::FürDenLauf},
+    {K::AppInitDLLs, A::Löschen, -1, E::Weg},
+    {K::AppInitDLLs, A::Übernehmen, -1, E::FürImmer, L::ListView15},
+    {K::ImageFileExecution, A::Übernehmen},
+    {K::ImageFileExecution, A::Später, -1, E::FürDenLauf},
+    {K::ImageFileExecution, A::Löschen, -1, E::Weg},
+    {K::ImageFileExecution, A::Übernehmen, -1, E::FürImmer, L::ListView16},
+    {K::PoliciesRun, A::Übernehmen},
+    {K::PoliciesRun, A::Später, -1, E::FürDenLauf},
+    {K::PoliciesRun, A::Löschen, -1, E::Weg},
+    {K::PoliciesRun, A::Übernehmen, -1, E::FürImmer, L::ListView17},
+    {K::ActiveSetup, A::Übernehmen},
+    {K::ActiveSetup, A::Später, -1, E::FürDenLauf},
+    {K::ActiveSetup, A::Löschen, -1, E::Weg},
+    {K::ActiveSetup, A::Übernehmen, -1, E::FürImmer, L::ListView18},
+    {K::BootSicherheit, A::Übernehmen},
+    {K::BootSicherheit, A::Später, -1, E::FürDenLauf},
+    {K::BootSicherheit, A::Löschen, -1, E::Weg},
+    {K::BootSicherheit, A::Übernehmen, -1, E::FürImmer, L::ListView19},
 };
 
 TEST_P(AntwortTest, TheAnswerHoldsInTheNextCycles) {

@@ -55,10 +55,58 @@ void Datei(fake::FakePlattform& fp, Form3Fenster& f, const std::string& pfad) {
 }
 
 auto Löschen = [](Form3Fenster& f) { f.Image_Click(3); };
+
+// A warning of further registry places as its watcher fills the fields.
+void OrtFelder(Form3Fenster& f, const std::string& key, const std::string& name, const std::string& daten,
+               const char* art) {
+    f.Text1[0].Text = "HKEY_LOCAL_MACHINE\\" + key;
+    f.Text1[1].Text = "HKEY_LOCAL_MACHINE";
+    f.Text1[2].Text = key;
+    f.Text1[3].Text = name;
+    f.Text1[4].Text = daten;
+    f.Text1[5].Text = art;
+}
+const std::string kNt = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\";
+
+// A place of a further watcher: one value written, the warning's fields filled.
+Zweig OrtWert(const char* name, K k, const std::string& key, const std::string& wert) {
+    return {name, k, {{Ort::Wert, "HKEY_LOCAL_MACHINE\\" + key, wert}},
+            [=](auto& fp, Form3Fenster& f) {
+                fp.registry.SetString("HKEY_LOCAL_MACHINE\\" + key, wert, "C:\\boese.exe");
+                fp.registry.SetString("HKEY_LOCAL_MACHINE\\" + key, "Nachbar", "bleibt");
+                OrtFelder(f, key, wert, "C:\\boese.exe", "Wert");
+            },
+            Löschen};
+}
 auto Original = [](Form3Fenster& f) { f.Image_Click(8); };
 
 std::vector<Zweig> Zweige() {
     return {
+        // A subkey goes with its values; the key beside it stays.
+        {"Winlogon", K::Winlogon,
+         {{Ort::Baum, "HKEY_LOCAL_MACHINE\\" + kNt + "Winlogon\\Notify"}},
+         [](auto& fp, Form3Fenster& f) {
+             fp.registry.SetString("HKEY_LOCAL_MACHINE\\" + kNt + "Winlogon\\Notify\\boese", "DllName", "b.dll");
+             fp.registry.SetDword("HKEY_LOCAL_MACHINE\\" + kNt + "Winlogon\\Notify\\boese", "Asynchronous", 1);
+             fp.registry.SetString("HKEY_LOCAL_MACHINE\\" + kNt + "Winlogon\\Notify\\gut", "DllName", "g.dll");
+             OrtFelder(f, kNt + "Winlogon\\Notify\\boese", "DllName", "b.dll", "Schlüssel");
+         },
+         Löschen},
+        OrtWert("AppInitDLLs", K::AppInitDLLs, kNt + "Windows", "AppInit_DLLs"),
+        OrtWert("ImageFileExecution", K::ImageFileExecution, kNt + "Image File Execution Options\\x.exe", "Debugger"),
+        OrtWert("PoliciesRun", K::PoliciesRun, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run",
+                "Boese"),
+        OrtWert("ActiveSetup", K::ActiveSetup, "SOFTWARE\\Microsoft\\Active Setup\\Installed Components\\{A}",
+                "StubPath"),
+        // One part of a multi-string goes; the value keeps the others.
+        {"BootSicherheit", K::BootSicherheit,
+         {{Ort::Wert, "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Lsa", "Notification Packages"}},
+         [](auto& fp, Form3Fenster& f) {
+             fp.registry.SetRaw("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Lsa", "Notification Packages",
+                                kRegMultiSz, std::string("scecli\0boese\0\0", 14));
+             OrtFelder(f, "SYSTEM\\CurrentControlSet\\Control\\Lsa", "Notification Packages", "boese", "Teil");
+         },
+         Löschen, true},
         {"AutostartRegistry", K::AutostartRegistry,
          {{Ort::Wert, "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool"}},
          [](auto& fp, Form3Fenster& f) {

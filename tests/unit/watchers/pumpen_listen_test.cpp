@@ -156,6 +156,15 @@ const Wächterzeile kZeilen[] = {
          for (const char* d : {"a.de", "b.de"}) Zeile(l.a().ListView12, d);
      },
      [](AlarmFenster& a) { a.vertrauenswürdigeSeiten.TesteToolBar1(); }},
+    {"ImageFileExecution",
+     [](Lauf& l) {
+         const std::string ifeo =
+             kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options\\";
+         for (const char* n : {"a.exe", "b.exe"}) l.fp.registry.SetString(ifeo + n, "Debugger", "d.exe");
+         l.a().imageFileExecution.Teste();  // the baseline: a and b
+         l.fp.registry.SetString(ifeo + "z.exe", "Debugger", "d.exe");
+     },
+     [](AlarmFenster& a) { a.imageFileExecution.Teste(); }},
 };
 
 enum class Änderung { Entfernen, Hinzufügen, Leeren };

@@ -68,7 +68,23 @@ const std::string kBho = "Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser 
 const std::string kSsodl = "Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad";
 const std::string kSts = "Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler";
 
+const std::string kWinlogon = "Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
+const std::string kActiveSetup = "Microsoft\\Active Setup\\Installed Components\\{A1}";
+
+// A watcher of further places takes its first baseline silently: taken before the entry.
+Ort WeitererOrt(const char* name, RegistryOrte AlarmDaten::*w, const std::string& rest, const char* wert) {
+    return {name,
+            [=](Maschine& m, bool b) {
+                (m.prg.Alarm().*w).Teste();
+                m.fp.registry.SetString(In(b, "Software", rest), wert, "C:\\tool.exe");
+            },
+            [=](AlarmFenster& a) { (a.*w).Teste(); }, "Software\\Wow6432Node\\" + rest,
+            [=](Maschine& m, bool b) { return m.fp.registry.HasValue(In(b, "Software", rest), wert); }};
+}
+
 const Ort kOrte[] = {
+    WeitererOrt("Winlogon", &AlarmDaten::winlogon, kWinlogon, "Shell"),
+    WeitererOrt("Active Setup", &AlarmDaten::activeSetup, kActiveSetup, "StubPath"),
     Autostart("Run"),
     Autostart("RunOnce"),
     Autostart("RunOnceEx"),

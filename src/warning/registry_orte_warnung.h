@@ -1,0 +1,44 @@
+// The warning window's side of the watchers of further registry places: one row per key,
+// all leading to the same branches, which find the watcher by the key.
+#pragma once
+
+#include <string>
+
+#include "warning/kategorien.h"
+
+namespace kes {
+
+class Form3Fenster;
+
+namespace übernehmen {
+bool RegistryOrt(Form3Fenster& f);
+}  // namespace übernehmen
+
+namespace entfernen {
+// Removes exactly what was found: the value, the one part of a multi-string, or the subkey,
+// each after its backup.
+void RegistryOrt(Form3Fenster& f);
+}  // namespace entfernen
+
+namespace später {
+// The entry without its data, as the watcher asks: a deferred value that changes stays
+// deferred; a part of a multi-string is deferred by itself.
+std::string RegistryOrt(const Form3Fenster& f);
+}  // namespace später
+
+inline constexpr KategorieZeile RegistryOrtZeile(Kategorie k) {
+    return {.kategorie = k,
+            .knöpfe = {1, 3},
+            .löschenText = "Registry löschen",
+            .übernehmen = übernehmen::RegistryOrt,
+            .löschen = entfernen::RegistryOrt,
+            .später = später::RegistryOrt};
+}
+
+inline constexpr KategorieZeile kRegistryOrteZeilen[] = {
+    RegistryOrtZeile(Kategorie::Winlogon),           RegistryOrtZeile(Kategorie::AppInitDLLs),
+    RegistryOrtZeile(Kategorie::ImageFileExecution), RegistryOrtZeile(Kategorie::PoliciesRun),
+    RegistryOrtZeile(Kategorie::ActiveSetup),        RegistryOrtZeile(Kategorie::BootSicherheit),
+};
+
+}  // namespace kes

@@ -1,0 +1,169 @@
+#include "watchers/registry_orte.h"
+
+#include "common/text.h"
+#include "platform/allefunktionen.h"
+#include "platform/hive_ocx.h"
+#include "platform/mehrfachwert.h"
+#include "platform/registry.h"
+#include "watchers/bekannte_texte.h"
+#include "watchers/warnung.h"
+
+namespace kes {
+
+const char* ArtName(Eintragsart art) {
+    switch (art) {
+        case Eintragsart::Teil:
+            return "Teil";
+        case Eintragsart::Schlüssel:
+            return "Schlüssel";
+        default:
+            return "Wert";
+    }
+}
+
+std::string OrtEintrag::Zeile() const {
+    return wurzel + "\\" + schlüssel + "\\" + name + "\\" + daten;
+}
+
+std::string OrtEintrag::Aufschub() const {
+    return wurzel + "\\" + schlüssel + "\\" + name + (art == Eintragsart::Teil ? "\\" + daten : "");
+}
+
+namespace {
+// The entries of one value: one per part of a multi-string, else one with its text.
+void WertEinträge(Plattform& p, RegHandle root, const std::string& key, const std::string& name, Eintragsart art,
+                  std::vector<OrtEintrag>& aus) {
+    HiveOCX hive(p.registry);
+    const int code = HiveVonHandle(root);
+    if (!hive.ValueExists(code, key, name)) {
+        // A subkey counts even without its value; its data are then empty.
+        if (art == Eintragsart::Schlüssel) aus.push_back({RootName(root), key, name, "", art});
+        return;
+    }
+    if (art == Eintragsart::Wert) {
+        if (const auto teile = MehrfachLesen(p.registry, root, key, name)) {
+            for (const std::string& t : *teile) aus.push_back({RootName(root), key, name, t, Eintragsart::Teil});
+            return;
+        }
+    }
+    aus.push_back({RootName(root), key, name, hive.ReadValue(code, key, name), art});
+}
+
+void OrtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, const std::function<void()>& pumpen,
+              std::vector<OrtEintrag>& aus) {
+    switch (ort.art) {
+        case Ortsart::Werte:
+            for (const char* name : ort.namen)
+                if (name) WertEinträge(p, ort.wurzel, key, name, Eintragsart::Wert, aus);
+            break;
+        case Ortsart::AlleWerte:
+            for (const std::string& name : AlleWertnamen(p.registry, ort.wurzel, key))
+                WertEinträge(p, ort.wurzel, key, name, Eintragsart::Wert, aus);
+            break;
+        case Ortsart::WertJeSchlüssel:
+        case Ortsart::Unterschlüssel: {
+            const Eintragsart art = ort.art == Ortsart::Unterschlüssel ? Eintragsart::Schlüssel : Eintragsart::Wert;
+            for (const std::string& kind : ListSubkeys(p, ort.wurzel, key)) {
+                if (kind.empty()) continue;  // no subkeys, or the key is gone
+                pumpen();
+                // A subkey deleted meanwhile reads as missing and gives nothing.
+                WertEinträge(p, ort.wurzel, key + "\\" + kind, ort.namen[0], art, aus);
+            }
+            break;
+        }
+    }
+}
+}  // namespace
+
+std::vector<OrtEintrag> OrteAuflisten(Plattform& p, const OrteBeschreibung& b, const std::function<void()>& pumpen) {
+    std::vector<OrtEintrag> einträge;
+    for (const RegistryOrt& ort : b.orte) {
+        const std::vector<std::string> pfade =
+            ort.beideAnsichten ? BeideAnsichten(p, ort.wurzel, ort.schlüssel) : std::vector<std::string>{ort.schlüssel};
+        for (const std::string& pfad : pfade) {
+            OrtLesen(p, ort, pfad, pumpen, einträge);
+            pumpen();
+        }
+    }
+    return einträge;
+}
+
+void RegistryOrte::Laden() {
+    const auto inhalt = basis.Lesen();
+    if (!inhalt) return;  // no file: the next pass takes the present state
+    liste.Items.clear();
+    for (const auto& zeile : ZeilenBisLeer(*inhalt)) liste.Add(zeile).SmallIcon = 26;
+    grundstand_ = true;
+}
+
+void RegistryOrte::Erstaufnahme(WächterKontext& k, const OrteBeschreibung& b) {
+    try {
+        std::vector<std::string> zeilen;
+        for (const OrtEintrag& e : OrteAuflisten(k.P(), b, [&] { k.Pumpen(); })) zeilen.push_back(e.Zeile());
+        ListeSchreiben(k.P(), k.W().Programmordner, b.datei, zeilen, Schreibfehler::Übergehen);
+    } catch (...) {
+        // A failed read leaves no baseline; the first pass with the box on takes one.
+    }
+}
+
+void RegistryOrte::Teste() {
+    try {
+        k_.W().Kategorieschlüssel = beschreibung.kategorie;
+        if (!grundstand_) {
+            const auto einträge = OrteAuflisten(k_.P(), beschreibung, [&] { k_.Pumpen(); });
+            liste.Items.clear();
+            for (const OrtEintrag& e : einträge) liste.Add(e.Zeile()).SmallIcon = 26;
+            basis.Speichern(Schreibfehler::Übergehen);
+            grundstand_ = true;
+            return;
+        }
+        // The baseline as the row starts: the walks let messages run, and a change of the
+        // list meanwhile counts from the next row on.
+        const BekannteTexte bekannt(liste.Items, [](const ListItem& z) { return Klein(z.Text); });
+        for (const OrtEintrag& e : OrteAuflisten(k_.P(), beschreibung, [&] { k_.Pumpen(); })) {
+            if (bekannt.Enthält(Klein(e.Zeile())) || k_.Später(e.Aufschub())) continue;
+            Warnen(e);
+            return;
+        }
+    } catch (...) {
+        // A failed read ends the pass without a word and without a warning.
+    }
+}
+
+void RegistryOrte::Warnen(const OrtEintrag& e) {
+    k_.Warnen(beschreibung.kategorie, [&](Warnung& f) {
+        f.Label1[0].Caption = beschreibung.überschrift;
+        f.Label1[1].Caption =
+            "Name: " + e.wurzel + "\\" + e.schlüssel + (e.art == Eintragsart::Schlüssel ? "" : "\\" + e.name);
+        f.Label1[2].Caption = "Pfad: " + e.daten;
+        f.ListView2.Visible = false;
+        ListItem& reihe = f.ListView4.Add("Autostart");
+        reihe.SmallIcon = 1;
+        reihe.SetSubItem(1, e.wurzel);
+        reihe.SetSubItem(2, e.schlüssel);
+        reihe.SetSubItem(3, e.name);
+        reihe.SetSubItem(4, e.daten);
+        for (int p : {2, 4, 1}) f.Picture3[p].Visible = false;
+        f.Text1[0].Text = e.wurzel + "\\" + e.schlüssel;
+        f.Text1[1].Text = e.wurzel;
+        f.Text1[2].Text = e.schlüssel;
+        f.Text1[3].Text = e.name;
+        f.Text1[4].Text = e.daten;
+        f.Text1[5].Text = ArtName(e.art);
+    });
+}
+
+void RegistryOrte::Übernehmen(const std::string& zeile) {
+    liste.Add(zeile).SmallIcon = 26;
+    basis.Speichern();
+    grundstand_ = true;
+}
+
+void RegistryOrte::MarkierteLöschen(ListenPanel& panel) {
+    Gemeldet(panel, "WeitereOrte_Click", [&] {
+        MarkierteEntfernen(liste);
+        basis.Speichern();
+    });
+}
+
+}  // namespace kes

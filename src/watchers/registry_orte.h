@@ -1,0 +1,99 @@
+// Registry places where programs settle beside the Run keys: named values of a key, all
+// values of a key, or one named value of each subkey, each read in both views where the
+// machine's software keys are. One class serves every such watcher; a constant description
+// says which places it reads, which key its warnings carry and where its baseline lies.
+// An entry is new when its place, name and data together are not in the baseline, so a
+// changed value counts as new. A multi-string value gives one entry per part.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "common/kategorie.h"
+#include "common/steuerelemente.h"
+#include "watchers/grundliste.h"
+#include "watchers/kontext.h"
+#include "watchers/listenmenue.h"
+
+namespace kes {
+
+// What of a key a place reads.
+enum class Ortsart {
+    Werte,            // the values named in the place
+    AlleWerte,        // every value of the key
+    WertJeSchlüssel,  // the first named value of each subkey, where the subkey has it
+    Unterschlüssel,   // each subkey, with the first named value as its data; delete removes the subkey
+};
+
+struct RegistryOrt {
+    RegHandle wurzel = 0;
+    const char* schlüssel = nullptr;
+    Ortsart art = Ortsart::Werte;
+    std::array<const char*, 5> namen{};
+    // A place below HKLM\Software is read in the 32-bit view too.
+    bool beideAnsichten = false;
+};
+
+struct OrteBeschreibung {
+    Kategorie kategorie = Kategorie::Keine;
+    const char* datei = nullptr;        // the baseline below the program folder
+    const char* überschrift = nullptr;  // the warning's headline
+    std::span<const RegistryOrt> orte;
+};
+
+// How an entry goes when the user deletes it; the warning keeps it in a field.
+enum class Eintragsart { Wert, Teil, Schlüssel };
+const char* ArtName(Eintragsart art);
+
+// One entry found: a value (or a part of a multi-string, or a subkey) with its data.
+struct OrtEintrag {
+    std::string wurzel;     // "HKEY_LOCAL_MACHINE"
+    std::string schlüssel;  // the key, by its Wow6432Node path when seen in the 32-bit view
+    std::string name;       // the value's name
+    std::string daten;
+    Eintragsart art = Eintragsart::Wert;
+
+    // The baseline's line: key, name and data.
+    std::string Zeile() const;
+    // The deferred list's text: key and name, so that a deferred value that changes stays
+    // deferred; a part of a multi-string is known by itself.
+    std::string Aufschub() const;
+};
+
+// Every entry at the described places as they stand now; a missing key gives none.
+// pumpen runs between the places and the subkeys.
+std::vector<OrtEintrag> OrteAuflisten(Plattform& p, const OrteBeschreibung& b, const std::function<void()>& pumpen);
+
+class RegistryOrte {
+public:
+    RegistryOrte(WächterKontext& k, const OrteBeschreibung& b, ListView& liste)
+        : beschreibung(b), liste(liste), basis(k, b.datei, liste), k_(k) {}
+
+    // The baseline from its file; without a file the list stays empty and the next pass
+    // takes the machine as it stands.
+    void Laden();
+    // One pass: the first entry neither known nor deferred raises its warning. A pass with
+    // no baseline file read or taken yet takes the present state instead, without a word.
+    void Teste();
+    // The present state written as the baseline file, for the first-run assistant.
+    static void Erstaufnahme(WächterKontext& k, const OrteBeschreibung& b);
+
+    // The accept of a warning: the entry's line into the baseline.
+    void Übernehmen(const std::string& zeile);
+    // The panel's menu: the selected rows removed from the baseline.
+    void MarkierteLöschen(ListenPanel& panel);
+
+    const OrteBeschreibung& beschreibung;
+    ListView& liste;  // the baseline: one line per known entry
+    Grundliste basis;
+
+private:
+    void Warnen(const OrtEintrag& e);
+    WächterKontext& k_;
+    bool grundstand_ = false;  // a baseline file was read or written in this run
+};
+
+}  // namespace kes

@@ -1,0 +1,79 @@
+"""End-to-end test of the watchers of further registry places: a changed Winlogon Shell
+value and a new debugger below Image File Execution Options raise their warnings with
+their texts; the first is accepted into daten\\Winlogon.txt, the second deleted, which
+removes the Debugger value and leaves its key."""
+
+import os
+
+from e2e_gemeinsam import WARNING_TITLE, hidden_windows
+from harness import check, test, wait_until
+
+NT = r"Software\Microsoft\Windows NT\CurrentVersion"
+WINLOGON = "HKLM\\" + NT + r"\Winlogon"
+IFEO = "HKLM\\" + NT + r"\Image File Execution Options\kes-e2e.exe"
+
+
+def reg_value(h, key, name):
+    """The data of a value as reg query prints it; None when the key or value is missing."""
+    out = h.run(["wine", "reg", "query", key, "/v", name], env=h.tool_env, check=False)
+    if out.returncode != 0:
+        return None
+    for line in out.stdout.decode("cp1252", "replace").splitlines():
+        parts = line.strip().split(None, 2)
+        if len(parts) >= 2 and parts[0].lower() == name.lower() and parts[1].startswith("REG_"):
+            return parts[2] if len(parts) == 3 else ""
+    return None
+
+
+def visible_texts(h):
+    return [c["text"] for c in h.texts(WARNING_TITLE) if c["visible"]]
+
+
+def baselines_taken(h):
+    daten = os.path.join(h.folder, "daten")
+    return all(os.path.exists(os.path.join(daten, f)) for f in ("Winlogon.txt", "ImageFileExecution.txt"))
+
+
+@test
+def winlogon_shell_accepted_and_ifeo_debugger_deleted(h):
+    shell = reg_value(h, WINLOGON, "Shell")
+    h.reg_delete(IFEO)
+    h.program_folder("weitere")
+    h.settings(aufab1=1, box2=1, box33=1, box35=1)
+    h.start()
+    try:
+        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+        check(wait_until(lambda: baselines_taken(h), 15), "the first pass took no baseline")
+
+        h.reg_add(WINLOGON, "Shell", "explorer.exe kes-e2e.exe")
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        texts = visible_texts(h)
+        check("Ein Winlogon-Eintrag in der Registry ist neu oder wurde geändert." in texts, f"headline: {texts}")
+        check("Name: HKEY_LOCAL_MACHINE\\" + NT + "\\Winlogon\\Shell" in texts, f"name row: {texts}")
+        check("Pfad: explorer.exe kes-e2e.exe" in texts, f"data row: {texts}")
+        h.screenshot(os.path.join(h.shots, "warnung-winlogon.png"))
+        h.click(hwnd, "Übernehmen")
+        h.gone(hwnd, 10)
+        with open(os.path.join(h.folder, "daten", "Winlogon.txt"), "rb") as f:
+            baseline = f.read().decode("cp1252")
+        check("\\Winlogon\\Shell\\explorer.exe kes-e2e.exe\r\n" in baseline, f"not accepted: {baseline!r}")
+
+        h.reg_add(IFEO, "Debugger", r"C:\windows\notepad.exe")
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        texts = visible_texts(h)
+        check("Ein Debugger für ein Programm wurde in der Registry eingetragen oder geändert." in texts,
+              f"headline: {texts}")
+        check("Name: HKEY_LOCAL_MACHINE\\" + NT + "\\Image File Execution Options\\kes-e2e.exe\\Debugger" in texts,
+              f"name row: {texts}")
+        h.click(hwnd, "Registry löschen")
+        h.wait_window("Achtung!", 10)
+        h.click("Achtung!", "Ja löschen")
+        h.gone(hwnd, 10)
+        check(reg_value(h, IFEO, "Debugger") is None, "the Debugger value is still there")
+        out = h.run(["wine", "reg", "query", IFEO], env=h.tool_env, check=False)
+        check(out.returncode == 0, "the delete took the key along with its value")
+    finally:
+        h.stop_program()
+        if shell is not None:
+            h.reg_add(WINLOGON, "Shell", shell)
+        h.reg_delete(IFEO)

@@ -1,0 +1,251 @@
+// The watchers of further registry places: what counts as new, what a warning shows, what
+// a delete removes, the first baseline taken without a word, and every place of every
+// watcher read.
+#include <functional>
+
+#include "panel/alarm.h"
+#include "platform/hive_ocx.h"
+#include "platform/journal.h"
+#include "platform/mehrfachwert.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
+const std::string kNt = "Software\\Microsoft\\Windows NT\\CurrentVersion\\";
+const std::string kLsa = "System\\CurrentControlSet\\Control\\Lsa";
+using Schritt = std::function<void(fake::FakeRegistry&)>;
+
+std::string Multi(const std::string& teile) {
+    return teile + std::string(1, '\0');
+}
+
+struct Regel {
+    const char* fall;
+    RegistryOrte AlarmDaten::*wächter;
+    Schritt vorher;    // the machine as the baseline is taken
+    Schritt danach;    // what changes after it
+    std::string name;  // the warning's "Name:" row; empty: no warning
+    std::string pfad = "";
+};
+
+const Regel kRegeln[] = {
+    {"new value", &AlarmDaten::winlogon, [](auto&) {},
+     [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Shell", "C:\\boese.exe"); },
+     "Name: " + kHklm + kNt + "Winlogon\\Shell", "Pfad: C:\\boese.exe"},
+    {"changed data", &AlarmDaten::winlogon,
+     [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Userinit", "userinit.exe,"); },
+     [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Userinit", "userinit.exe,boese.exe"); },
+     "Name: " + kHklm + kNt + "Winlogon\\Userinit", "Pfad: userinit.exe,boese.exe"},
+    {"unchanged value", &AlarmDaten::winlogon, [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Shell", "e.exe"); },
+     [](auto&) {}, ""},
+    {"value of another name", &AlarmDaten::winlogon, [](auto&) {},
+     [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "DefaultUserName", "x"); }, ""},
+    {"value gone", &AlarmDaten::winlogon, [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Shell", "e.exe"); },
+     [](auto& r) { HiveOCX(r).DeleteValue(2, kNt + "Winlogon", "Shell"); }, ""},
+    {"subkey without the value", &AlarmDaten::imageFileExecution, [](auto&) {},
+     [](auto& r) { r.SetDword(kHklm + kNt + "Image File Execution Options\\x.exe", "GlobalFlag", 2); }, ""},
+    {"subkey with the value", &AlarmDaten::imageFileExecution, [](auto&) {},
+     [](auto& r) { r.SetString(kHklm + kNt + "Image File Execution Options\\x.exe", "Debugger", "d.exe"); },
+     "Name: " + kHklm + kNt + "Image File Execution Options\\x.exe\\Debugger", "Pfad: d.exe"},
+    {"new part of a multi-string", &AlarmDaten::bootSicherheit,
+     [](auto& r) { r.SetRaw(kHklm + kLsa, "Security Packages", kRegMultiSz, Multi(std::string("kerberos\0", 9))); },
+     [](auto& r) {
+         r.SetRaw(kHklm + kLsa, "Security Packages", kRegMultiSz, Multi(std::string("kerberos\0boese\0", 15)));
+     },
+     "Name: " + kHklm + kLsa + "\\Security Packages", "Pfad: boese"},
+    {"parts in another order", &AlarmDaten::bootSicherheit,
+     [](auto& r) { r.SetRaw(kHklm + kLsa, "Security Packages", kRegMultiSz, Multi(std::string("a\0b\0", 4))); },
+     [](auto& r) { r.SetRaw(kHklm + kLsa, "Security Packages", kRegMultiSz, Multi(std::string("b\0a\0", 4))); }, ""},
+    {"all values of a key", &AlarmDaten::policiesRun, [](auto&) {},
+     [](auto& r) {
+         r.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run", "1",
+                     "x.exe");
+     },
+     "Name: HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run\\1",
+     "Pfad: x.exe"},
+    {"a subkey is the entry", &AlarmDaten::winlogon, [](auto&) {},
+     [](auto& r) { r.MakeKey(kHklm + kNt + "Winlogon\\Notify\\boese"); },
+     "Name: " + kHklm + kNt + "Winlogon\\Notify\\boese", "Pfad: "},
+};
+
+TEST(RegistryOrte, WhatWarnsAndWhatTheWarningShows) {
+    for (const Regel& r : kRegeln) {
+        SCOPED_TRACE(r.fall);
+        Lauf l;
+        r.vorher(l.fp.registry);
+        (l.a().*r.wächter).Teste();
+        ASSERT_FALSE(l.prg.Form3Geladen()) << "the first pass takes the machine as it stands";
+        r.danach(l.fp.registry);
+        (l.a().*r.wächter).Teste();
+        ASSERT_EQ(l.prg.Form3Geladen(), !r.name.empty());
+        if (r.name.empty()) continue;
+        const Form3Fenster& f = l.prg.Form3();
+        EXPECT_EQ(l.prg.Kategorieschlüssel, (l.a().*r.wächter).beschreibung.kategorie);
+        EXPECT_EQ(f.Label1[0].Caption, (l.a().*r.wächter).beschreibung.überschrift);
+        EXPECT_EQ(f.Label1[1].Caption, r.name);
+        EXPECT_EQ(f.Label1[2].Caption, r.pfad);
+    }
+}
+
+TEST(RegistryOrte, SubkeyDeletedWhileTheWalkPumps_IsPassedOver) {
+    Lauf l;
+    const std::string ifeo = kHklm + kNt + "Image File Execution Options\\";
+    l.a().imageFileExecution.Teste();
+    for (const char* n : {"a.exe", "b.exe"}) l.fp.registry.SetString(ifeo + n, "Debugger", "d.exe");
+    l.fp.timers.beimPumpen.push_back(
+        [&] { HiveOCX(l.fp.registry).DeleteKey(2, kNt + "Image File Execution Options\\a.exe"); });
+    l.a().imageFileExecution.Teste();
+    ASSERT_TRUE(l.prg.Form3Geladen());
+    EXPECT_EQ(l.prg.Form3().Text1[2].Text, kNt + "Image File Execution Options\\b.exe");
+    EXPECT_EQ(l.fp.registry.OpenHandles(), 0);
+}
+
+TEST(RegistryOrte, DeferredValueThatChanges_StaysDeferred) {
+    Lauf l;
+    RegistryOrte& w = l.a().winlogon;
+    w.Teste();
+    l.fp.registry.SetString(kHklm + kNt + "Winlogon", "Shell", "a.exe");
+    w.Teste();
+    ASSERT_TRUE(l.prg.Form3Geladen());
+    l.prg.Form3().Image_Click(6);
+    l.prg.Aufräumen();
+    l.fp.registry.SetString(kHklm + kNt + "Winlogon", "Shell", "b.exe");
+    w.Teste();
+    EXPECT_FALSE(l.prg.Form3Geladen());
+}
+
+// What a delete removes: exactly the value, the part or the subkey found, after a backup.
+struct Löschfall {
+    const char* fall;
+    RegistryOrte AlarmDaten::*wächter;
+    Schritt anlegen;
+    std::function<bool(fake::FakeRegistry&)> weg;
+    std::function<bool(fake::FakeRegistry&)> nachbarDa;
+};
+
+const Löschfall kLöschfälle[] = {
+    {"value", &AlarmDaten::appInit,
+     [](auto& r) {
+         r.SetString(kHklm + kNt + "Windows", "AppInit_DLLs", "C:\\boese.dll");
+         r.SetString(kHklm + kNt + "Windows", "Spooler", "yes");
+     },
+     [](auto& r) { return !r.HasValue(kHklm + kNt + "Windows", "AppInit_DLLs"); },
+     [](auto& r) { return r.HasValue(kHklm + kNt + "Windows", "Spooler"); }},
+    {"value of a subkey", &AlarmDaten::imageFileExecution,
+     [](auto& r) {
+         r.SetString(kHklm + kNt + "Image File Execution Options\\x.exe", "Debugger", "d.exe");
+         r.SetDword(kHklm + kNt + "Image File Execution Options\\x.exe", "GlobalFlag", 2);
+     },
+     [](auto& r) { return !r.HasValue(kHklm + kNt + "Image File Execution Options\\x.exe", "Debugger"); },
+     [](auto& r) { return r.HasValue(kHklm + kNt + "Image File Execution Options\\x.exe", "GlobalFlag"); }},
+    {"part of a multi-string", &AlarmDaten::bootSicherheit,
+     [](auto& r) {
+         r.SetRaw(kHklm + kLsa, "Notification Packages", kRegMultiSz, Multi(std::string("scecli\0boese\0", 13)));
+     },
+     [](auto& r) {
+         return MehrfachLesen(r, kHkeyLocalMachine, kLsa, "Notification Packages") ==
+                std::optional<std::vector<std::string>>({"scecli"});
+     },
+     [](auto& r) { return r.HasValue(kHklm + kLsa, "Notification Packages"); }},
+    {"subkey", &AlarmDaten::winlogon,
+     [](auto& r) {
+         r.SetString(kHklm + kNt + "Winlogon\\Notify\\boese", "DllName", "b.dll");
+         r.SetString(kHklm + kNt + "Winlogon\\Notify\\gut", "DllName", "g.dll");
+     },
+     [](auto& r) { return !r.HasKey(kHklm + kNt + "Winlogon\\Notify\\boese"); },
+     [](auto& r) { return r.HasKey(kHklm + kNt + "Winlogon\\Notify\\gut"); }},
+};
+
+TEST(RegistryOrte, DeleteRemovesExactlyWhatWasFound_AfterItsBackup) {
+    for (const Löschfall& fall : kLöschfälle) {
+        SCOPED_TRACE(fall.fall);
+        Lauf l;
+        l.prg.AnzeigeLöschen = true;  // no question window
+        RegistryOrte& w = l.a().*fall.wächter;
+        w.Teste();
+        fall.anlegen(l.fp.registry);
+        // The neighbour known, the entry new.
+        if (std::string(fall.fall) == "subkey") w.Übernehmen(kHklm + kNt + "Winlogon\\Notify\\gut\\DllName\\g.dll");
+        if (std::string(fall.fall) == "part of a multi-string")
+            w.Übernehmen(kHklm + kLsa + "\\Notification Packages\\scecli");
+        w.Teste();
+        ASSERT_TRUE(l.prg.Form3Geladen());
+        l.prg.Form3().Image_Click(3);
+        EXPECT_FALSE(l.prg.Form3Geladen());
+        EXPECT_TRUE(fall.weg(l.fp.registry));
+        EXPECT_TRUE(fall.nachbarDa(l.fp.registry));
+        const auto journal = Journal(l.fp.files, l.fp.system, l.prg.Programmordner).Lesen();
+        ASSERT_FALSE(journal.einträge.empty());
+        EXPECT_FALSE(journal.einträge.back().sicherung.empty()) << "no backup";
+    }
+}
+
+TEST(RegistryOrte, BoxSwitchedOnWithoutBaseline_TakesThePresentState_ThenWarns) {
+    Lauf l;
+    l.fp.registry.SetString(kHklm + kNt + "Windows", "AppInit_DLLs", "alt.dll");
+    l.a().Laden();  // no baseline file yet
+    l.a().Box1[34].setValue(1);
+    l.a().Durchlauf();
+    EXPECT_FALSE(l.prg.Form3Geladen());
+    EXPECT_EQ(l.fp.files.Content(l.prg.Programmordner + "daten\\AppInit.txt"),
+              kHklm + kNt + "Windows\\AppInit_DLLs\\alt.dll\r\n");
+    // Emptied on the panel, the baseline stays empty: whatever stands there now is new.
+    l.a().ListView15.Items.clear();
+    l.a().Durchlauf();
+    EXPECT_TRUE(l.prg.Form3Geladen());
+}
+
+// Each watcher finds an entry planted at each of its places.
+struct Platz {
+    RegistryOrte AlarmDaten::*wächter;
+    std::string key;
+    std::string name;
+    bool multi = false;
+};
+
+const std::string kPol = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
+const Platz kPlätze[] = {
+    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "Shell"},
+    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "Userinit"},
+    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "Taskman"},
+    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "System"},
+    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "VmApplet"},
+    {&AlarmDaten::winlogon, "HKEY_CURRENT_USER\\" + kNt + "Winlogon", "Shell"},
+    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon\\Notify\\n", "DllName"},
+    {&AlarmDaten::appInit, kHklm + kNt + "Windows", "AppInit_DLLs"},
+    {&AlarmDaten::appInit, kHklm + kNt + "Windows", "LoadAppInit_DLLs"},
+    {&AlarmDaten::imageFileExecution, kHklm + kNt + "Image File Execution Options\\a.exe", "Debugger"},
+    {&AlarmDaten::imageFileExecution, kHklm + kNt + "SilentProcessExit\\a.exe", "MonitorProcess"},
+    {&AlarmDaten::policiesRun, "HKEY_CURRENT_USER\\" + kPol, "x"},
+    {&AlarmDaten::policiesRun, kHklm + kPol, "x"},
+    {&AlarmDaten::activeSetup, kHklm + "Software\\Microsoft\\Active Setup\\Installed Components\\{A}", "StubPath"},
+    {&AlarmDaten::bootSicherheit, kHklm + "System\\CurrentControlSet\\Control\\Session Manager", "BootExecute", true},
+    {&AlarmDaten::bootSicherheit, kHklm + kLsa, "Authentication Packages", true},
+    {&AlarmDaten::bootSicherheit, kHklm + kLsa, "Notification Packages", true},
+    {&AlarmDaten::bootSicherheit, kHklm + kLsa, "Security Packages", true},
+    {&AlarmDaten::bootSicherheit, kHklm + "System\\CurrentControlSet\\Control\\Print\\Monitors\\m", "Driver"},
+};
+
+TEST(RegistryOrte, EveryWatcherFindsAnEntryAtEachOfItsPlaces) {
+    for (const Platz& p : kPlätze) {
+        SCOPED_TRACE(p.key + "\\" + p.name);
+        Lauf l;
+        (l.a().*p.wächter).Teste();
+        if (p.multi)
+            l.fp.registry.SetRaw(p.key, p.name, kRegMultiSz, Multi(std::string("x.exe\0", 6)));
+        else
+            l.fp.registry.SetString(p.key, p.name, "x.exe");
+        (l.a().*p.wächter).Teste();
+        ASSERT_TRUE(l.prg.Form3Geladen());
+        const Form3Fenster& f = l.prg.Form3();
+        EXPECT_EQ(f.Text1[0].Text, p.key);
+        EXPECT_EQ(f.Text1[3].Text, p.name);
+        EXPECT_EQ(f.Text1[4].Text, "x.exe");
+    }
+}
+
+}  // namespace
+}  // namespace kes::test
