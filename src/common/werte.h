@@ -24,6 +24,8 @@ struct Prozesswerte {
     std::int32_t Hostsgrösse = 0;
     std::array<std::string, 21> StartSeiten;
     bool AnzeigeLöschen = false;
+    // A change source that fired brings the next tick of the cycle at once.
+    bool Sofort = true;
     bool Zurücksetzen = false;
     // The tray record, reused for every call of the notification area.
     TrayRecord Tray;

@@ -21,6 +21,7 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       sperren(k),
       shellBefehle(k, Text5),
       vertrauenswürdigeSeiten(k, ListView12),
+      änderungen(k.P(), Wächtertabelle().size()),
       k_(k) {
     ListView1.Columns = {"Wert"};
 }

@@ -9,7 +9,10 @@ namespace kes {
 void AlarmDaten::Durchlauf() {
     Prozesswerte& w = k_.W();
     if (w.Beschäftigt) return;
-    for (const WächterZeile& z : Wächtertabelle()) {
+    const auto tabelle = Wächtertabelle();
+    for (std::size_t i = 0; i < tabelle.size(); ++i) {
+        const WächterZeile& z = tabelle[i];
+        if (z.orte) Quellen(i, z);
         for (Wächterroutine pass : z.zyklus) {
             // The live value: a box changed during a pump takes effect at the next pass.
             if (!pass || w.Beschäftigt || k_.Box(z.box) != 1) continue;
@@ -20,6 +23,23 @@ void AlarmDaten::Durchlauf() {
             }
         }
         if (z.danachPumpen) k_.Pumpen();
+    }
+}
+
+// Before a row's passes: its sources are armed while its box is on, and what its passes
+// kept of their last walk goes when the row must walk.
+void AlarmDaten::Quellen(std::size_t zeile, const WächterZeile& z) {
+    Prozesswerte& w = k_.W();
+    if (k_.Box(z.box) != 1) {
+        änderungen.Entwaffnen(zeile);
+        return;
+    }
+    if (w.Beschäftigt) return;
+    try {
+        if (änderungen.MussLaufen(zeile, [&] { return z.orte(*this, w); }) && z.verwerfen) z.verwerfen(*this);
+    } catch (...) {
+        // A place that cannot be named leaves the row walking as it did.
+        if (z.verwerfen) z.verwerfen(*this);
     }
 }
 
