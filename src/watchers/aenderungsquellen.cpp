@@ -52,9 +52,9 @@ bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änder
     const std::int64_t jetzt = p_.timers.Uhr();
     const bool gefeuert = z.scharf && Fragen(z);
     const bool laufen = !z.scharf || gefeuert || jetzt - z.zuletzt >= kSicherheitsLaufMs;
-    // Armed anew after a fire too: a place watched above itself may have come into being,
-    // and a deleted key's source cannot be armed again.
-    if (!z.scharf || gefeuert) {
+    // Armed anew at every walk: a place watched above itself may have come into being
+    // (its notification lost, too), and a deleted key's source cannot be armed again.
+    if (laufen) {
         z.quellen.clear();
         z.scharf = true;
         for (const Änderungsort& ort : orte()) z.scharf = Schärfen(ort, z.quellen) && z.scharf;

@@ -128,7 +128,7 @@ public:
     std::vector<ListeMitDatei> ListenMitDatei();
 
 private:
-    void Quellen(std::size_t zeile, const WächterZeile& z);
+    bool Quellen(std::size_t zeile, const WächterZeile& z);
     WächterKontext& k_;
 };
 

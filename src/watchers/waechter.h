@@ -61,12 +61,10 @@ struct WächterZeile {
     bool assistent = false;
     // The panel's lists that show its baselines and exceptions, with their menus.
     std::array<Listenmenü, 2> listen{};
-    // The places it reads, whose change sources tell that it must walk again and bring the
-    // next tick at once; without them it walks at every tick and waits for the stage.
+    // The places it reads, whose change sources tell that it must walk again (its passes
+    // see Unverändert) and bring the next tick at once; without them it walks at every tick
+    // and waits for the stage.
     Änderungsorte (*orte)(AlarmDaten& a, Prozesswerte& w) = nullptr;
-    // Drops what its passes keep of their last walk, so that they walk at their next run;
-    // without it they walk at every run.
-    void (*verwerfen)(AlarmDaten& a) = nullptr;
 };
 
 std::span<const WächterZeile> Wächtertabelle();

@@ -12,7 +12,7 @@ void AlarmDaten::Durchlauf() {
     const auto tabelle = Wächtertabelle();
     for (std::size_t i = 0; i < tabelle.size(); ++i) {
         const WächterZeile& z = tabelle[i];
-        if (z.orte) Quellen(i, z);
+        w.Unverändert = z.orte && !Quellen(i, z);
         for (Wächterroutine pass : z.zyklus) {
             // The live value: a box changed during a pump takes effect at the next pass.
             if (!pass || w.Beschäftigt || k_.Box(z.box) != 1) continue;
@@ -22,24 +22,25 @@ void AlarmDaten::Durchlauf() {
             } catch (...) {
             }
         }
+        w.Unverändert = false;
         if (z.danachPumpen) k_.Pumpen();
     }
 }
 
-// Before a row's passes: its sources are armed while its box is on, and what its passes
-// kept of their last walk goes when the row must walk.
-void AlarmDaten::Quellen(std::size_t zeile, const WächterZeile& z) {
+// Before a row's passes: its sources are armed while its box is on. True when the row
+// must walk.
+bool AlarmDaten::Quellen(std::size_t zeile, const WächterZeile& z) {
     Prozesswerte& w = k_.W();
     if (k_.Box(z.box) != 1) {
         änderungen.Entwaffnen(zeile);
-        return;
+        return true;
     }
-    if (w.Beschäftigt) return;
+    if (w.Beschäftigt) return true;
     try {
-        if (änderungen.MussLaufen(zeile, [&] { return z.orte(*this, w); }) && z.verwerfen) z.verwerfen(*this);
+        return änderungen.MussLaufen(zeile, [&] { return z.orte(*this, w); });
     } catch (...) {
         // A place that cannot be named leaves the row walking as it did.
-        if (z.verwerfen) z.verwerfen(*this);
+        return true;
     }
 }
 
