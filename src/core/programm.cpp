@@ -109,7 +109,7 @@ void Programm::TimerTick(int id) {
                 // a running cycle nothing is asked: its later rows ask themselves, and what
                 // fired for an earlier row still fires at the next ask.
                 if (alarm_ && alarm_->Timer1.Enabled() && Sofort && !Beschäftigt && !timerLäuft_[kTimerAlarm1] &&
-                    alarm_->änderungen.Gefeuert())
+                    alarm_->Gefeuert())
                     TimerTick(kTimerAlarm1);
                 break;
             case kTimerForm3_1:

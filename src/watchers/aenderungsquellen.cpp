@@ -51,24 +51,36 @@ bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änder
     Zeile& z = zeilen_.at(zeile);
     const std::int64_t jetzt = p_.timers.Uhr();
     const bool gefeuert = z.scharf && Fragen(z);
-    const bool laufen = !z.scharf || gefeuert || jetzt - z.zuletzt >= kSicherheitsLaufMs;
+    const bool laufen = !z.scharf || !z.gelaufen || gefeuert || jetzt - z.zuletzt >= kSicherheitsLaufMs;
     // Armed anew at every walk: a place watched above itself may have come into being
     // (its notification lost, too), and a deleted key's source cannot be armed again.
     if (laufen) {
-        z.quellen.clear();
-        z.scharf = true;
-        for (const Änderungsort& ort : orte()) z.scharf = Schärfen(ort, z.quellen) && z.scharf;
-        if (!z.scharf) z.quellen.clear();
+        Schärfen(z, orte);
+        z.zuletzt = jetzt;
+        z.gelaufen = true;
     }
     z.gefeuert = false;
-    if (laufen) z.zuletzt = jetzt;
     return laufen;
+}
+
+void Änderungsquellen::Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte) {
+    z.quellen.clear();
+    z.scharf = true;
+    for (const Änderungsort& ort : orte()) z.scharf = Schärfen(ort, z.quellen) && z.scharf;
+    if (!z.scharf) z.quellen.clear();
+}
+
+void Änderungsquellen::Vorbereiten(std::size_t zeile, const std::function<Änderungsorte()>& orte) {
+    Zeile& z = zeilen_.at(zeile);
+    if (z.scharf || z.versucht) return;
+    z.versucht = true;
+    Schärfen(z, orte);
 }
 
 void Änderungsquellen::Entwaffnen(std::size_t zeile) {
     Zeile& z = zeilen_.at(zeile);
     z.quellen.clear();
-    z.scharf = z.gefeuert = false;
+    z.scharf = z.gefeuert = z.gelaufen = z.versucht = false;
 }
 
 bool Änderungsquellen::Gefeuert() {

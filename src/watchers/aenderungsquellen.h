@@ -36,6 +36,9 @@ public:
     // not armed, and says whether the row must walk. A row whose place cannot be armed
     // walks at every tick and is tried again at the next.
     bool MussLaufen(std::size_t zeile, const std::function<Änderungsorte()>& orte);
+    // Arms a row whose box is on before its first walk, so that a change before the first
+    // tick brings that tick at once; tried once until the row is disarmed.
+    void Vorbereiten(std::size_t zeile, const std::function<Änderungsorte()>& orte);
     // The row's box is off: its sources go, and it walks when they are armed again.
     void Entwaffnen(std::size_t zeile);
     // Asks the sources of every armed row; true while a row has fired and not walked since.
@@ -46,10 +49,13 @@ private:
         std::vector<ChangeSource> quellen;
         bool scharf = false;
         bool gefeuert = false;
+        bool gelaufen = false;  // walked since it was armed
+        bool versucht = false;  // armed, or tried, ahead of its first walk
         std::int64_t zuletzt = 0;
     };
     bool Fragen(Zeile& z);
     bool Schärfen(const Änderungsort& ort, std::vector<ChangeSource>& quellen);
+    void Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte);
     Plattform& p_;
     std::vector<Zeile> zeilen_;
 };

@@ -117,6 +117,9 @@ public:
     void Laden();
     // The change sources of the table's rows.
     Änderungsquellen änderungen;
+    // Between two ticks: arms the rows whose box is on and that have not walked yet, and
+    // asks every source; true when one fired since its row last walked.
+    bool Gefeuert();
 
     // A baseline or exception list with its file, and the loader that fills the list from
     // the file alone (a file put back from a backup is read in again by it): the lists of

@@ -44,6 +44,21 @@ bool AlarmDaten::Quellen(std::size_t zeile, const WächterZeile& z) {
     }
 }
 
+bool AlarmDaten::Gefeuert() {
+    Prozesswerte& w = k_.W();
+    const auto tabelle = Wächtertabelle();
+    for (std::size_t i = 0; i < tabelle.size(); ++i) {
+        const WächterZeile& z = tabelle[i];
+        if (!z.orte || k_.Box(z.box) != 1) continue;
+        try {
+            änderungen.Vorbereiten(i, [&] { return z.orte(*this, w); });
+        } catch (...) {
+            // The row's first walk tries again.
+        }
+    }
+    return änderungen.Gefeuert();
+}
+
 void AlarmDaten::Laden() {
     Prozesswerte& w = k_.W();
     for (const WächterZeile& z : Wächtertabelle())
