@@ -39,6 +39,8 @@ public:
     // Arms a row whose box is on before its first walk, so that a change before the first
     // tick brings that tick at once; tried once until the row is disarmed.
     void Vorbereiten(std::size_t zeile, const std::function<Änderungsorte()>& orte);
+    // A pass of the row did not run (the busy flag, its box): it walks at its next run.
+    void Unvollständig(std::size_t zeile) { zeilen_.at(zeile).gelaufen = false; }
     // The row's box is off: its sources go, and it walks when they are armed again.
     void Entwaffnen(std::size_t zeile);
     // Asks the sources of every armed row; true while a row has fired and not walked since.

@@ -111,6 +111,7 @@ void AutostartRegistry::TesteAutostartRegistry() {
             if (zeile >= 0) Warnen(zeile, false);
             return;
         }
+        zeilen_.reset();
         ListView33.Items.clear();
         HiveOCX hive(k_.P().registry);
         // The user's places are one in both views; the machine's are listed in each.
@@ -151,6 +152,7 @@ void AutostartRegistry::TesteAutostartHkeyUser() {
             }
             return;
         }
+        benutzerZeilen_.reset();  // a walk cut short by a warning or an error keeps nothing
         std::vector<std::vector<ListItem>> gelistet;
         const auto liste = ListSubkeys(k_.P(), kHkeyUsers, "");
         if (liste.empty() || liste.front().empty()) {

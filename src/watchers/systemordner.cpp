@@ -99,6 +99,7 @@ void WindowsDateien::Gelöscht(Ordner welcher, const std::string& ordner, const 
     if (k_.W().Unverändert && stand) {
         ListView5.Items = *stand;
     } else {
+        stand.reset();
         Füllen(ListView5, ordner);
         stand = ListView5.Items;
     }

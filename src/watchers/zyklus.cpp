@@ -15,7 +15,12 @@ void AlarmDaten::Durchlauf() {
         w.Unverändert = z.orte && !Quellen(i, z);
         for (Wächterroutine pass : z.zyklus) {
             // The live value: a box changed during a pump takes effect at the next pass.
-            if (!pass || w.Beschäftigt || k_.Box(z.box) != 1) continue;
+            if (!pass) continue;
+            if (w.Beschäftigt || k_.Box(z.box) != 1) {
+                // What this pass kept is older than the walk its row counts as done.
+                if (z.orte) änderungen.Unvollständig(i);
+                continue;
+            }
             // A watcher catches its own errors; none may stop the passes after it.
             try {
                 pass(*this, w);

@@ -8,6 +8,7 @@
 #include "core/starten.h"
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
+#include "warning/form3.h"
 
 namespace kes::test {
 namespace {
@@ -101,6 +102,31 @@ TEST_P(Quellen, SofortOff_ChangeWaitsForTheStage) {
     EXPECT_FALSE(prg.Form3Geladen());
     fp.timers.Advance(1);
     EXPECT_TRUE(prg.Form3Geladen());
+}
+
+// A Run value of the user is seen first below HKEY_USERS, by the first pass of the autostart
+// row, so the second pass does not run: once accepted, the second pass must walk, not take
+// its older listing, and find the value below HKEY_CURRENT_USER.
+TEST(QuellenZweiterPass, WarningOfTheFirstPass_SecondPassWalksAtTheNextTick) {
+    Lauf l;
+    PropertyBag bag;
+    bag.WriteProperty("Aufab1", std::int16_t{5});
+    l.fp.files.Put(l.prg.Programmordner + "kestrella.dat", bag.Contents());
+    l.fp.registry.MakeKey(kRun);
+    ASSERT_TRUE(Main(l.prg));
+    l.a().Box1[13].setValue(1);
+    l.fp.timers.Advance(5000);
+    ASSERT_FALSE(l.prg.Form3Geladen());
+    l.fp.registry.SetString(kRun, "Tool", "C:\\tool.exe");
+    l.fp.timers.Advance(kSofortMs);
+    ASSERT_TRUE(l.prg.Form3Geladen());
+    EXPECT_EQ(l.prg.Form3().ListView4.Items.at(0).SubItem(1), "HKEY_USERS");
+    l.prg.Form3().Image_Click(1);  // "Übernehmen"
+    l.prg.Aufräumen();
+    ASSERT_FALSE(l.prg.Form3Geladen());
+    l.fp.timers.Advance(5000);
+    ASSERT_TRUE(l.prg.Form3Geladen()) << "the value below HKEY_CURRENT_USER is found";
+    EXPECT_EQ(l.prg.Form3().ListView4.Items.at(0).SubItem(1), "HKEY_CURRENT_USER");
 }
 
 INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen), [](const auto& info) {
