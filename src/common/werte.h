@@ -24,6 +24,11 @@ struct Prozesswerte {
     std::int32_t Hostsgrösse = 0;
     std::array<std::string, 32> StartSeiten;
     bool AnzeigeLöschen = false;
+    // A change source that fired brings the next tick of the cycle at once.
+    bool Sofort = true;
+    // Set by the cycle while a row runs whose places have not changed since its last walk:
+    // its passes may take what that walk found instead of walking again.
+    bool Unverändert = false;
     bool Zurücksetzen = false;
     // The tray record, reused for every call of the notification area.
     TrayRecord Tray;

@@ -53,6 +53,8 @@ void Properties_Load(Programm& prg) {
             prg.Alarm().Box1[i].setValue(wert);
         }
         prg.AnzeigeLöschen = Lies<bool>(bag, "AnzeigeLöschen", false);
+        prg.Sofort = Lies<bool>(bag, "Sofort", true);
+        prg.Alarm().Sofort.setValue(prg.Sofort ? 1 : 0);
 
         AlarmFenster& alarm = prg.Alarm();
         if (alarm.Box1[19].value() == 1) alarm.windowsDateien.LadeWindows();
@@ -89,6 +91,7 @@ void Properties_Save(Programm& prg) {
     bag.WriteProperty("hostsgrösse", prg.Hostsgrösse, std::int32_t{0});
     bag.WriteProperty("Aufab1", prg.Intervallstufe, std::int16_t{5});
     bag.WriteProperty("AnzeigeLöschen", prg.AnzeigeLöschen, false);
+    bag.WriteProperty("Sofort", prg.Sofort, true);
     // The writer's default for the pages is the number 0, never equal to a text: all go in.
     for (std::size_t i = 0; i < prg.StartSeiten.size(); ++i)
         bag.WriteProperty("InternetStartPage" + std::to_string(i), prg.StartSeiten[i], std::int16_t{0});

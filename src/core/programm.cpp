@@ -32,6 +32,7 @@ AlarmFenster& Programm::Alarm() {
     if (!alarm_) {
         alarm_ = std::make_unique<AlarmFenster>(static_cast<PanelKontext&>(*this));
         alarm_->Form_Load();
+        p.timers.Set(kTimerSofort, kSofortMs);
     }
     return *alarm_;
 }
@@ -101,6 +102,15 @@ void Programm::TimerTick(int id) {
             case kTimerAufAb0:
             case kTimerAufAb1:
                 if (alarm_) alarm_->AufAb1.Tick(id == kTimerAufAb0 ? 0 : 1);
+                break;
+            case kTimerSofort:
+                // A change source fired: the cycle's tick comes now, not at the end of its
+                // interval, which stays as the clock of the places without a source. Inside
+                // a running cycle nothing is asked: its later rows ask themselves, and what
+                // fired for an earlier row still fires at the next ask.
+                if (alarm_ && alarm_->Timer1.Enabled() && Sofort && !Beschäftigt && !timerLäuft_[kTimerAlarm1] &&
+                    alarm_->Gefeuert())
+                    TimerTick(kTimerAlarm1);
                 break;
             case kTimerForm3_1:
                 if (form3_ && form3_->Timer1.Enabled()) form3_->Timer1_Timer();

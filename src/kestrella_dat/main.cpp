@@ -31,8 +31,8 @@
 
 #include "common/fehler.h"
 #include "common/text.h"
-#include "core/property_bag.h"
 #include "common/zeichensatz.h"
+#include "core/property_bag.h"
 #include "kestrella_dat/befehle.h"
 
 using namespace kes;
@@ -79,7 +79,7 @@ BagTyp TypFürSchlüssel(const std::string& name) {
     const std::string k = Klein(name);
     if (k == Klein("hostsgrösse")) return BagTyp::Int32;
     if (k == "aufab1" || (k.rfind("box", 0) == 0 && k.size() > 3)) return BagTyp::Int16;
-    if (k == Klein("AnzeigeLöschen")) return BagTyp::Bool;
+    if (k == Klein("AnzeigeLöschen") || k == "sofort") return BagTyp::Bool;
     return BagTyp::Text;
 }
 

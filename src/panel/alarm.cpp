@@ -31,6 +31,12 @@ AlarmFenster::AlarmFenster(PanelKontext& k) : AlarmDaten(k), Ausnahmen(k, *this,
         for (const Option& o : z.optionen)
             if (o.beschriftung) Box1.at(static_cast<std::size_t>(o.box)).Caption = o.beschriftung;
     }
+    Sofort.Caption = "Sofort warnen, sobald sich etwas ändert (nicht erst nach dem Intervall)";
+    Sofort.setValue(k.W().Sofort ? 1 : 0);
+    Sofort.Click = [this](std::int16_t& neu) {
+        k_.W().Sofort = neu == 1;
+        k_.EinstellungenSpeichern();
+    };
     AufAb1.Zahlen = true;
     AufAb1.Max = 30;
     AufAb1.TextValue = [this](std::int32_t& zahl) { AufAb1_TextValue(zahl); };

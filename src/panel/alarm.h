@@ -75,6 +75,8 @@ public:
     // The row of ListView3 the user selected, 0-based; -1 none. The view keeps it current.
     int ListView3Auswahl = -1;
     MenüWunsch Menü;
+    // On the page "Aktuelle Einstellungen": a fired change source brings the next tick at once.
+    Box Sofort;
     // The context menus of the lists that show baselines and exception lists.
     Ausnahmelisten Ausnahmen;
     // The page "Sicherungen": what was saved before a removal, newest first, and the size of

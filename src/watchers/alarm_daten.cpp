@@ -27,6 +27,7 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       policiesRun(k, kPoliciesRunOrte, ListView17),
       activeSetup(k, kActiveSetupOrte, ListView18),
       bootSicherheit(k, kBootSicherheitOrte, ListView19),
+      änderungen(k.P(), Wächtertabelle().size()),
       k_(k) {
     ListView1.Columns = {"Wert"};
     for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19}) {

@@ -11,6 +11,7 @@
 #include "common/steuerelemente.h"
 #include "platform/dateiliste.h"
 #include "watchers/activex.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/autostart_ordner.h"
 #include "watchers/autostart_registry.h"
 #include "watchers/dfue.h"
@@ -29,6 +30,8 @@
 
 namespace kes {
 
+struct WächterZeile;
+
 // Timer ids of the window timers; the platform delivers ticks by these.
 enum TimerId : int {
     kTimerAlarm1 = 1,   // Timer1 of Alarm: the watch cycle
@@ -36,6 +39,7 @@ enum TimerId : int {
     kTimerForm3_1 = 3,  // Timer1 of Form3: blinks the hidden-file box
     kTimerAufAb0 = 4,   // the arrows of AufAb1, one timer each
     kTimerAufAb1 = 5,
+    kTimerSofort = 6,  // asks the change sources between two ticks of Timer1
 };
 
 // The option boxes of Alarm. Boxes 0 to 3 are the panel's own (autostart, sound, the log,
@@ -44,6 +48,9 @@ enum TimerId : int {
 // until it does, and the array, the view and the settings follow it.
 inline constexpr int kEigeneBoxen = 4;
 inline constexpr int kBoxAnzahl = 39;
+
+// How often the change sources are asked between two ticks of Timer1.
+inline constexpr int kSofortMs = 250;
 
 class AlarmDaten {
 public:
@@ -125,6 +132,11 @@ public:
     void Durchlauf();
     // Every watcher's loaders, in the order of the table.
     void Laden();
+    // The change sources of the table's rows.
+    Änderungsquellen änderungen;
+    // Between two ticks: arms the rows whose box is on and that have not walked yet, and
+    // asks every source; true when one fired since its row last walked.
+    bool Gefeuert();
 
     // A baseline or exception list with its file, and the loader that fills the list from
     // the file alone (a file put back from a backup is read in again by it): the lists of
@@ -136,6 +148,7 @@ public:
     std::vector<ListeMitDatei> ListenMitDatei();
 
 private:
+    bool Quellen(std::size_t zeile, const WächterZeile& z);
     WächterKontext& k_;
 };
 

@@ -83,17 +83,42 @@ int AutostartRegistry::Unbekannt(const BekannteTexte& liste) {
     return -1;
 }
 
+Änderungsorte AutostartRegistry::Orte() {
+    Plattform& p = k_.P();
+    Änderungsorte orte;
+    auto schlüssel = [&](RegHandle root, const std::string& pfad) { orte.push_back({root, pfad, false}); };
+    schlüssel(kHkeyCurrentUser, kWindowsNT);
+    for (const std::string& pfad : BeideAnsichten(p, kHkeyLocalMachine, kWindowsNT)) schlüssel(kHkeyLocalMachine, pfad);
+    for (const char* ort : kOrte) {
+        schlüssel(kHkeyCurrentUser, ort);
+        for (const std::string& pfad : BeideAnsichten(p, kHkeyLocalMachine, ort)) schlüssel(kHkeyLocalMachine, pfad);
+    }
+    // A hive that comes or goes, and the keys of each one there now.
+    schlüssel(kHkeyUsers, "");
+    for (const std::string& u : ListSubkeys(p, kHkeyUsers, ""))
+        if (!u.empty())
+            for (const char* ort : kOrte) schlüssel(kHkeyUsers, u + "\\" + ort);
+    return orte;
+}
+
 void AutostartRegistry::TesteAutostartRegistry() {
     try {
         const BekannteTexte bekannt = Stand(ListView1);
-        ListView33.Items.clear();
         k_.W().Kategorieschlüssel = Kategorie::AutostartRegistry;
+        if (k_.W().Unverändert && zeilen_) {
+            ListView33.Items = *zeilen_;
+            const int zeile = Unbekannt(bekannt);
+            if (zeile >= 0) Warnen(zeile, false);
+            return;
+        }
+        zeilen_.reset();
+        ListView33.Items.clear();
         HiveOCX hive(k_.P().registry);
         // The user's places are one in both views; the machine's are listed in each.
         for (int code : {1, 2}) {
             const RegHandle root = HandleVonHive(code);
-            for (const std::string& pfad : code == 1 ? std::vector<std::string>{kWindowsNT}
-                                                     : BeideAnsichten(k_.P(), root, kWindowsNT)) {
+            for (const std::string& pfad :
+                 code == 1 ? std::vector<std::string>{kWindowsNT} : BeideAnsichten(k_.P(), root, kWindowsNT)) {
                 if (!hive.ValueExists(code, pfad, "run")) continue;
                 ListItem& z = ListView33.Add(RootName(root));
                 z.SetSubItem(1, pfad);
@@ -105,6 +130,7 @@ void AutostartRegistry::TesteAutostartRegistry() {
         for (const char* ort : kOrte)
             for (const std::string& pfad : BeideAnsichten(k_.P(), kHkeyLocalMachine, ort))
                 Auflisten(kHkeyLocalMachine, pfad);
+        zeilen_ = ListView33.Items;
         const int zeile = Unbekannt(bekannt);
         if (zeile >= 0) Warnen(zeile, false);
     } catch (...) {
@@ -116,8 +142,23 @@ void AutostartRegistry::TesteAutostartHkeyUser() {
     try {
         k_.W().Kategorieschlüssel = Kategorie::AutostartRegistry;
         const BekannteTexte bekannt = Stand(ListView1);
+        if (k_.W().Unverändert && benutzerZeilen_) {
+            // Without the pumps of the listing, one compare of each hive's rows finds the
+            // row the compare after each key would have found.
+            for (const std::vector<ListItem>& zeilen : *benutzerZeilen_) {
+                ListView33.Items = zeilen;
+                const int zeile = Unbekannt(bekannt);
+                if (zeile >= 0) return Warnen(zeile, true);
+            }
+            return;
+        }
+        benutzerZeilen_.reset();  // a walk cut short by a warning or an error keeps nothing
+        std::vector<std::vector<ListItem>> gelistet;
         const auto liste = ListSubkeys(k_.P(), kHkeyUsers, "");
-        if (liste.empty() || liste.front().empty()) return;
+        if (liste.empty() || liste.front().empty()) {
+            benutzerZeilen_.emplace();
+            return;
+        }
         std::vector<std::string> benutzer;
         for (const auto& name : liste) {
             benutzer.push_back(name);
@@ -136,7 +177,9 @@ void AutostartRegistry::TesteAutostartHkeyUser() {
                     return;
                 }
             }
+            gelistet.push_back(ListView33.Items);
         }
+        benutzerZeilen_ = std::move(gelistet);
     } catch (...) {
     }
 }

@@ -3,7 +3,11 @@
 // nor deferred (without them) raises a warning; a value that goes raises nothing.
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "common/steuerelemente.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/bekannte_texte.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
@@ -38,6 +42,8 @@ public:
     void LadeAutostartregistry();
     void TesteAutostartRegistry();
     void TesteAutostartHkeyUser();
+    // The keys both passes list, the user hives' included.
+    Änderungsorte Orte();
 
     ListView& ListView1;   // the baseline: one text per known entry
     ListView& ListView33;  // the rows of the current listing
@@ -50,6 +56,10 @@ private:
     int Unbekannt(const BekannteTexte& bekannt);
     // Raises the warning for that row; the user hives also search the system folders.
     void Warnen(int zeile, bool benutzerHives);
+    // The rows of the last whole listing: of the user's and the machine's keys, and of each
+    // hive below HKEY_USERS.
+    std::optional<std::vector<ListItem>> zeilen_;
+    std::optional<std::vector<std::vector<ListItem>>> benutzerZeilen_;
     WächterKontext& k_;
 };
 

@@ -6,8 +6,12 @@
 
 namespace kes {
 
+std::string HostsOrdner(const Prozesswerte& w) {
+    return w.Systemordner + "\\drivers\\etc";
+}
+
 std::string HostsPfad(const Prozesswerte& w) {
-    return w.Systemordner + "\\drivers\\etc\\hosts";
+    return HostsOrdner(w) + "\\hosts";
 }
 
 void Hosts::TesteHosts() {
@@ -17,11 +21,14 @@ void Hosts::TesteHosts() {
     // A missing or locked file counts as 0 bytes. The length is taken as the 32 bits the
     // saved size holds, as the accept action stores it: a file beyond 4 GB compares equal
     // again once its size is accepted.
-    std::int32_t länge = 0;
-    try {
-        länge = static_cast<std::int32_t>(k_.P().files.Length(HostsPfad(w)).value_or(0));
-    } catch (...) {
+    if (!w.Unverändert || !länge_) {
+        länge_ = 0;
+        try {
+            länge_ = static_cast<std::int32_t>(k_.P().files.Length(HostsPfad(w)).value_or(0));
+        } catch (...) {
+        }
     }
+    const std::int32_t länge = *länge_;
     if (länge == w.Hostsgrösse) return;
 
     // Each step is passed over on its own when it fails, so a partly filled window can

@@ -3,6 +3,9 @@
 // asks the deferred list.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -18,10 +21,13 @@ public:
     bool NachrichtendienstGestoppt = false;
 
 private:
+    std::optional<std::int32_t> länge_;  // the length the last measure found
     WächterKontext& k_;
 };
 
 // The hosts file: the system folder plus "\drivers\etc\hosts", worked out anew at each use.
 std::string HostsPfad(const Prozesswerte& w);
+// The folder that holds it, whose change source tells when it must be measured again.
+std::string HostsOrdner(const Prozesswerte& w);
 
 }  // namespace kes

@@ -92,10 +92,17 @@ bool WindowsDateien::AusnahmeTrue(const std::string& pfad) const {
     return false;
 }
 
-void WindowsDateien::Gelöscht(const std::string& ordner, const ListView& basis, bool ausnahmen) {
-    // The snapshot is taken at every call, whatever box 17 says: the created-file test
-    // after this one works on it.
-    Füllen(ListView5, ordner);
+void WindowsDateien::Gelöscht(Ordner welcher, const std::string& ordner, const ListView& basis, bool ausnahmen) {
+    // The snapshot is put in place at every call, whatever box 17 says: the created-file
+    // test after this one works on it.
+    auto& stand = stand_[welcher];
+    if (k_.W().Unverändert && stand) {
+        ListView5.Items = *stand;
+    } else {
+        stand.reset();
+        Füllen(ListView5, ordner);
+        stand = ListView5.Items;
+    }
     if (k_.Box(17) != 1) return;
     if (ListView5.Items.size() >= basis.Items.size()) return;
 
@@ -149,7 +156,7 @@ void WindowsDateien::Erstellt(const ListView& basis, bool ausnahmen) {
 
 void WindowsDateien::TesteWindowsGelöscht() {
     try {
-        Gelöscht(k_.W().Windowsordner, ListView4, true);
+        Gelöscht(kWindows, k_.W().Windowsordner, ListView4, true);
     } catch (...) {
     }
 }
@@ -163,7 +170,7 @@ void WindowsDateien::TesteWindowsErstellt() {
 
 void WindowsDateien::TesteWindowsSystem32Gelöscht() {
     try {
-        Gelöscht(k_.W().Systemordner, ListView7, false);
+        Gelöscht(kSystem, k_.W().Systemordner, ListView7, false);
     } catch (...) {
     }
 }
@@ -178,7 +185,7 @@ void WindowsDateien::TesteWindowsSystem32Erstellt() {
 void WindowsDateien::TesteWindowsSysWow64Gelöscht() {
     if (k_.W().SysWow64ordner.empty()) return;
     try {
-        Gelöscht(k_.W().SysWow64ordner, ListView13, false);
+        Gelöscht(kSysWow64, k_.W().SysWow64ordner, ListView13, false);
     } catch (...) {
     }
 }

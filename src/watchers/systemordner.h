@@ -7,7 +7,9 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "common/steuerelemente.h"
 #include "watchers/grundliste.h"
@@ -64,7 +66,11 @@ public:
 private:
     // The top level of the folder, path and length a row; a walk that fails leaves it.
     void Füllen(ListView& liste, const std::string& ordner);
-    void Gelöscht(const std::string& ordner, const ListView& basis, bool ausnahmen);
+    // The folders by their place in the snapshots kept below.
+    enum Ordner { kWindows, kSystem, kSysWow64 };
+    void Gelöscht(Ordner welcher, const std::string& ordner, const ListView& basis, bool ausnahmen);
+    // The last walk of each folder, which ListView5 gets back while nothing changed there.
+    std::array<std::optional<std::vector<ListItem>>, 3> stand_;
     void Erstellt(const ListView& basis, bool ausnahmen);
     WächterKontext& k_;
 };

@@ -149,7 +149,11 @@ constexpr WächterZeile kWächter[] = {
                   {"lösche"},
                   0,
                   " Eintrag löschen",
-                  LöscheAutostartordner1_Click}}}},
+                  LöscheAutostartordner1_Click}}},
+     .orte =
+         [](A& a, W&) {
+             return Änderungsorte{{0, a.Label2[2].Caption}, {0, a.Label2[3].Caption}};
+         }},
     {.name = "autostart registry",
      .box = 13,
      .beschriftung = "Sofort warnen wenn Registryeinträge geändert werden.",
@@ -174,7 +178,8 @@ constexpr WächterZeile kWächter[] = {
                       for (std::size_t i = 0; i < a.ListView1.Items.size(); ++i)
                           if (a.ListView1.Items[i].Selected) return std::to_string(i + 1);
                       return std::string("0");
-                  }}}}},
+                  }}}},
+     .orte = [](A& a, W&) { return a.autostartRegistry.Orte(); }},
     {.name = "online",
      .box = 14,
      .beschriftung = "Nachrichtendienst beenden wenn eine  Online-Verbindung besteht.",
@@ -185,7 +190,11 @@ constexpr WächterZeile kWächter[] = {
      .beschriftung = "Wenn die Hosts Datei geändert wird sofort melden!",
      .kategorien = {K::HostsDatei},
      .zyklus = {[](A& a, W&) { a.hosts.TesteHosts(); }},
-     .assistent = true},
+     .assistent = true,
+     .orte =
+         [](A&, W& w) {
+             return Änderungsorte{{0, HostsOrdner(w)}};
+         }},
     // The folder baselines load only for a box that is on; at the panel's load the stored
     // values have not arrived yet, and the settings load repeats both.
     {.name = "Windows folder",
@@ -216,7 +225,11 @@ constexpr WächterZeile kWächter[] = {
                   {"lösche"},
                   0,
                   " Eintrag löschen",
-                  Löschewindows1_Click}}}},
+                  Löschewindows1_Click}}},
+     .orte =
+         [](A&, W& w) {
+             return Änderungsorte{{0, w.Windowsordner}};
+         }},
     {.name = "system folder",
      .box = 20,
      // Its caption is the folder, set when the panel loads.
@@ -229,6 +242,10 @@ constexpr WächterZeile kWächter[] = {
      .beimKlick =
          [](A& a, W&) {
              if (a.ListView7.Items.empty()) a.windowsDateien.LadeWindowsSys32();
+         },
+     .orte =
+         [](A&, W& w) {
+             return Änderungsorte{{0, w.Systemordner}};
          }},
     {.name = "SysWOW64 folder",
      .box = 32,
@@ -243,6 +260,11 @@ constexpr WächterZeile kWächter[] = {
      .beimKlick =
          [](A& a, W&) {
              if (a.ListView13.Items.empty()) a.windowsDateien.LadeWindowsSysWow64();
+         },
+     // Without the folder there is nothing to watch, and the passes do nothing.
+     .orte =
+         [](A&, W& w) {
+             return w.SysWow64ordner.empty() ? Änderungsorte{} : Änderungsorte{{0, w.SysWow64ordner}};
          }},
     {.name = "ActiveX",
      .box = 22,

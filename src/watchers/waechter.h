@@ -12,6 +12,7 @@
 
 #include "common/kategorie.h"
 #include "common/werte.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/listenmenue.h"
 
 namespace kes {
@@ -60,6 +61,10 @@ struct WächterZeile {
     bool assistent = false;
     // The panel's lists that show its baselines and exceptions, with their menus.
     std::array<Listenmenü, 2> listen{};
+    // The places it reads, whose change sources tell that it must walk again (its passes
+    // see Unverändert) and bring the next tick at once; without them it walks at every tick
+    // and waits for the stage.
+    Änderungsorte (*orte)(AlarmDaten& a, Prozesswerte& w) = nullptr;
 };
 
 std::span<const WächterZeile> Wächtertabelle();

@@ -3,6 +3,8 @@ user accepts it (baseline file and log written, no warning after that), and a se
 is deleted from the registry through the question window."""
 
 import os
+import subprocess
+import threading
 import time
 
 from e2e_gemeinsam import WARNING_TITLE, hidden_windows, visible_titles
@@ -98,3 +100,39 @@ def new_run_value_accepted_then_another_deleted(h):
     with open(os.path.join(h.folder, "Kestrella.log"), "rb") as f:
         check("< Gelöscht OK >" in f.read().decode("cp1252"), "no delete entry in Kestrella.log")
     h.reg_delete(RUN, "Tool")
+
+
+@test
+def run_value_warns_at_once_at_stage_30(h):
+    """At the slowest stage the change source of the Run key brings the tick at once: the
+    warning stands within a second of the value, not up to 30 s later."""
+    h.reg_delete(RUN, "Schnell")
+    h.program_folder("sofort")
+    # The prefix's own Run values are made known at stage 1 first; then the slowest stage.
+    h.settings(box13=1, aufab1=1)
+    h.start()
+    check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+    accept_whatever_is_there(h)
+    h.stop_program()
+    h.settings(aufab1=30)
+    h.start()
+    check(wait_until(lambda: hidden_windows(h), 30), "the program did not start again")
+
+    waiter = subprocess.Popen(["wine", h.kdriver, "wait", WARNING_TITLE, "20"], env=h.tool_env,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+    h.procs.append(waiter)
+    seen = {}
+    reader = threading.Thread(target=lambda: (waiter.stdout.readline(), seen.setdefault("t", time.monotonic())))
+    reader.start()
+    time.sleep(3)  # the waiting driver is up and looking
+    start = time.monotonic()
+    h.reg_add(RUN, "Schnell", r"C:\windows\notepad.exe")
+    written = time.monotonic()
+    reader.join(25)
+    check("t" in seen and waiter.wait(5) == 0, "no warning window within 20 s")
+    print(f"    reg add took {written - start:.2f} s; warning {seen['t'] - written:.2f} s after it returned, "
+          f"{seen['t'] - start:.2f} s after it started")
+    check(seen["t"] - written <= 1.0, f"the warning came {seen['t'] - written:.2f} s after the value")
+    row = registry_row(h)
+    check(row is not None and row[3] == "Schnell", f"the warning is not about the new value: {row}")
+    h.reg_delete(RUN, "Schnell")

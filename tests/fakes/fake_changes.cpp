@@ -30,7 +30,7 @@ bool FakeChanges::Fired(std::uintptr_t source) {
     if (!jetzt) return q.kaputt = true;
     if (*jetzt == q.zuletzt) return false;
     q.zuletzt = *jetzt;
-    return true;
+    return !verloren;
 }
 
 long FakeChanges::CloseSource(std::uintptr_t source) {

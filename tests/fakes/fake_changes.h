@@ -24,6 +24,8 @@ public:
     bool Fired(std::uintptr_t source) override;
 
     long verweigert = 0;  // the error every arming answers; 0 arms
+    // While set, an ask answers that nothing fired and forgets what did: a lost notification.
+    bool verloren = false;
     int OpenSources() const { return static_cast<int>(quellen_.size()); }
     int Asked() const { return gefragt_; }
 

@@ -45,6 +45,8 @@ public:
         if (msProPumpe > 0) Advance(msProPumpe);
     }
 
+    std::int64_t Uhr() override { return jetzt_; }
+
     // Asked before every pump: the platform bundle checks that no handle stays open across it.
     std::function<void()> vorDerPumpe;
 

@@ -2,6 +2,7 @@
 // any pumped event run on it, never at the same time as other program code.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 namespace kes {
@@ -17,6 +18,8 @@ public:
     virtual void Kill(int id) = 0;
     // Lets pending window messages run (user clicks, other timers) and returns.
     virtual void PumpMessages() = 0;
+    // Milliseconds of a clock that only goes forward, for how long ago something was done.
+    virtual std::int64_t Uhr() = 0;
 };
 
 }  // namespace kes

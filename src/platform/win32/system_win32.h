@@ -40,6 +40,7 @@ public:
     void Set(int id, int intervalMs) override;
     void Kill(int id) override;
     void PumpMessages() override;
+    std::int64_t Uhr() override { return static_cast<std::int64_t>(::GetTickCount64()); }
     // Runs after every pumped message, so the views can follow what the logic changed.
     std::function<void()> nachNachricht;
 

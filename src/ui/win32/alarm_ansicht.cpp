@@ -208,6 +208,7 @@ void AlarmAnsicht::Inhalt() {
     for (int s = 0; s < kSeiten; ++s)
         if (f_.Frame1[s].Visible) oben = s;
     for (const Teil& t : teile_) Sichtbar(t.h, t.seite == oben);
+    if (sofort_) BoxAbgleichen(sofort_);
     for (std::size_t i = 0; i < box_.size(); ++i)
         if (box_[i]) {
             BoxAbgleichen(box_[i]);

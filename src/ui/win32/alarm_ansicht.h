@@ -111,6 +111,7 @@ private:
     HWND sicherungen_ = nullptr;
     std::array<HWND, 3> text5_{};
     HWND tipps_ = nullptr;
+    HWND sofort_ = nullptr;
 };
 
 // Ids of the panel's controls.
@@ -120,6 +121,7 @@ enum AlarmId : int {
     kIdListe = 300,   // + running number
     kIdLogLöschen = 400,
     kIdLogÖffnen = 401,
+    kIdSofort = 402,
     kIdÄndern = 410,
     kIdZonen = 411,
     kIdImage = 420,  // + 0 web site, 1 mail

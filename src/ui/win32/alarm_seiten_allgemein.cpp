@@ -2,6 +2,7 @@
 // interval and the log, processes, folders, the deferred list, the two locks, services.
 #include "ui/win32/alarm_ansicht.h"
 #include "ui/win32/aufab_ansicht.h"
+#include "ui/win32/box_ansicht.h"
 
 namespace kes::ui {
 
@@ -24,6 +25,9 @@ void AlarmAnsicht::SeitenAllgemein() {
         BoxNeu(0, i, 12, y);
         y += 21;
     }
+    sofort_ = BoxAnlegen(h_, f_.Sofort, kIdSofort, kSeiteLinks + 12, kSeiteOben + y, 0);
+    teile_.push_back({0, sofort_});
+    y += 21;
     y += 8;
     Überschrift(0, "Überwachungs-Interval Stufe 1 bis 30", 12, y);
     aufab_ = AufAbAnlegen(h_, f_.AufAb1, kIdAufAb, kSeiteLinks + 12, kSeiteOben + y + 20, 64, 22);

@@ -41,7 +41,8 @@ TEST_F(Zyklus, GreyBox_RunsNoWatcher) {
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
-TEST_F(Zyklus, TickComesEveryStageSecondsAndFindsTheChange) {
+TEST_F(Zyklus, SofortOff_TickComesEveryStageSecondsAndFindsTheChange) {
+    prg.Sofort = false;
     Box(15, 1);
     fp.timers.Advance(5000);
     EXPECT_FALSE(prg.Form3Geladen());

@@ -1,0 +1,93 @@
+#include "watchers/aenderungsquellen.h"
+
+namespace kes {
+
+namespace {
+constexpr long kNichtGefunden = 2;  // ERROR_FILE_NOT_FOUND, as both sources answer it
+constexpr long kPfadNichtGefunden = 3;
+
+// The path one step up: "" above a key of the root, empty optional above a drive.
+bool Hoch(std::string& pfad, bool ordner) {
+    const auto teil = pfad.find_last_of('\\');
+    if (teil == std::string::npos) {
+        if (ordner || pfad.empty()) return false;
+        pfad.clear();
+        return true;
+    }
+    pfad.erase(teil);
+    // "C:" is no folder to watch; "C:\" is.
+    if (ordner && pfad.size() == 2 && pfad[1] == ':') pfad += '\\';
+    return !pfad.empty();
+}
+}  // namespace
+
+// A place that does not exist yet is watched at the nearest place above it that does, for
+// its own names only: what comes into being there fires, and the row then arms anew.
+bool Änderungsquellen::Schärfen(const Änderungsort& ort, std::vector<ChangeSource>& quellen) {
+    const bool ordner = ort.root == 0;
+    std::string pfad = ort.pfad;
+    bool unter = ort.unterschlüssel;
+    for (;;) {
+        ChangeSource q;
+        const long rc =
+            ordner ? p_.changes.WatchFolder(pfad, &q) : p_.changes.WatchKey(ort.root, pfad, kKeyRead, unter, &q);
+        if (rc == 0) {
+            quellen.push_back(std::move(q));
+            return true;
+        }
+        if ((rc != kNichtGefunden && rc != kPfadNichtGefunden) || !Hoch(pfad, ordner)) return false;
+        unter = false;
+    }
+}
+
+bool Änderungsquellen::Fragen(Zeile& z) {
+    // Every source is asked, so that each is armed again before the walk.
+    for (const ChangeSource& q : z.quellen)
+        if (p_.changes.Fired(q.Get())) z.gefeuert = true;
+    return z.gefeuert;
+}
+
+bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änderungsorte()>& orte) {
+    Zeile& z = zeilen_.at(zeile);
+    const std::int64_t jetzt = p_.timers.Uhr();
+    const bool gefeuert = z.scharf && Fragen(z);
+    const bool laufen = !z.scharf || !z.gelaufen || gefeuert || jetzt - z.zuletzt >= kSicherheitsLaufMs;
+    // Armed anew at every walk: a place watched above itself may have come into being
+    // (its notification lost, too), and a deleted key's source cannot be armed again.
+    if (laufen) {
+        Schärfen(z, orte);
+        z.zuletzt = jetzt;
+        z.gelaufen = true;
+    }
+    z.gefeuert = false;
+    return laufen;
+}
+
+void Änderungsquellen::Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte) {
+    z.quellen.clear();
+    z.scharf = true;
+    for (const Änderungsort& ort : orte()) z.scharf = Schärfen(ort, z.quellen) && z.scharf;
+    if (!z.scharf) z.quellen.clear();
+}
+
+void Änderungsquellen::Vorbereiten(std::size_t zeile, const std::function<Änderungsorte()>& orte) {
+    Zeile& z = zeilen_.at(zeile);
+    if (z.scharf || z.versucht) return;
+    z.versucht = true;
+    Schärfen(z, orte);
+}
+
+void Änderungsquellen::Entwaffnen(std::size_t zeile) {
+    Zeile& z = zeilen_.at(zeile);
+    z.quellen.clear();
+    z.scharf = z.gefeuert = z.gelaufen = z.versucht = false;
+}
+
+bool Änderungsquellen::Gefeuert() {
+    bool irgendeine = false;
+    for (Zeile& z : zeilen_)
+        if (z.scharf && Fragen(z)) irgendeine = true;
+    return irgendeine;
+}
+
+}  // namespace kes

@@ -1,0 +1,65 @@
+// The change sources of the watcher table's rows: each row names the registry keys and
+// folders it reads, and this object keeps them armed while the row's box is on. It tells the
+// cycle whether a row must walk again (something fired since its last walk, a place could
+// not be armed, or the last walk is a minute old), and tells the program between ticks that
+// something fired, so that the next tick can come at once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/seam/plattform.h"
+
+namespace kes {
+
+// A registry key below root (with everything under it when unterschlüssel), or with root
+// 0 a folder's top level.
+struct Änderungsort {
+    RegHandle root = 0;
+    std::string pfad;
+    bool unterschlüssel = false;
+};
+using Änderungsorte = std::vector<Änderungsort>;
+
+// A walk older than this is done again whatever the sources say: the guard against a
+// notification the system lost.
+inline constexpr std::int64_t kSicherheitsLaufMs = 60000;
+
+class Änderungsquellen {
+public:
+    Änderungsquellen(Plattform& p, std::size_t zeilen) : p_(p), zeilen_(zeilen) {}
+
+    // Asked as the row's passes are about to run, with its places: arms them when they are
+    // not armed, and says whether the row must walk. A row whose place cannot be armed
+    // walks at every tick and is tried again at the next.
+    bool MussLaufen(std::size_t zeile, const std::function<Änderungsorte()>& orte);
+    // Arms a row whose box is on before its first walk, so that a change before the first
+    // tick brings that tick at once; tried once until the row is disarmed.
+    void Vorbereiten(std::size_t zeile, const std::function<Änderungsorte()>& orte);
+    // A pass of the row did not run (the busy flag, its box): it walks at its next run.
+    void Unvollständig(std::size_t zeile) { zeilen_.at(zeile).gelaufen = false; }
+    // The row's box is off: its sources go, and it walks when they are armed again.
+    void Entwaffnen(std::size_t zeile);
+    // Asks the sources of every armed row; true while a row has fired and not walked since.
+    bool Gefeuert();
+
+private:
+    struct Zeile {
+        std::vector<ChangeSource> quellen;
+        bool scharf = false;
+        bool gefeuert = false;
+        bool gelaufen = false;  // walked since it was armed
+        bool versucht = false;  // armed, or tried, ahead of its first walk
+        std::int64_t zuletzt = 0;
+    };
+    bool Fragen(Zeile& z);
+    bool Schärfen(const Änderungsort& ort, std::vector<ChangeSource>& quellen);
+    void Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte);
+    Plattform& p_;
+    std::vector<Zeile> zeilen_;
+};
+
+}  // namespace kes

@@ -1,0 +1,140 @@
+// The rows that keep their last walk: no walk while their places stay quiet, a walk (and a
+// tick at once) after every change, a walk at every tick where a place cannot be armed, and
+// the safety walk after a lost notification. A change the sources do not hear is the test's
+// way to see whether a tick walked: only a walk finds it.
+#include <cctype>
+#include <functional>
+
+#include "core/starten.h"
+#include "panel/alarm.h"
+#include "programm_test_basis.h"
+#include "warning/form3.h"
+
+namespace kes::test {
+namespace {
+
+constexpr const char* kRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+
+struct Zeile {
+    const char* name;
+    int box;
+    std::function<void(fake::FakePlattform&)> ändern;  // a change the row warns of
+};
+
+const Zeile kZeilen[] = {
+    {"hosts", 15, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\system32\\drivers\\etc\\hosts", "abcd"); }},
+    {"autostart registry", 13, [](fake::FakePlattform& fp) { fp.registry.SetString(kRun, "Tool", "C:\\tool.exe"); }},
+    {"autostart registry, a user hive", 13,
+     [](fake::FakePlattform& fp) {
+         fp.registry.SetString("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool",
+                               "C:\\tool.exe");
+     }},
+    {"Windows folder", 19, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ"); }},
+    {"system folder", 20, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\system32\\neu.dll", "MZ"); }},
+    {"SysWOW64 folder", 32, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\SysWOW64\\neu.dll", "MZ"); }},
+};
+
+class Quellen : public ProgrammTest, public ::testing::WithParamInterface<Zeile> {
+protected:
+    void SetUp() override {
+        PropertyBag bag;
+        bag.WriteProperty("hostsgrösse", std::int32_t{3});
+        Einstellungen(bag);
+        fp.system.wow64 = "C:\\WINDOWS\\SysWOW64";
+        fp.files.Put(hostsPfad, "abc");
+        for (const char* d : {"C:\\WINDOWS\\a.exe", "C:\\WINDOWS\\system32\\a.dll", "C:\\WINDOWS\\SysWOW64\\a.dll"})
+            fp.files.Put(d, "MZ");
+        fp.registry.MakeKey(kRun);
+        fp.registry.MakeKey("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
+        ASSERT_TRUE(Main(prg));
+        AlarmFenster& a = prg.Alarm();
+        a.Box1[GetParam().box].setValue(1);
+        a.Box1[16].setValue(1);
+        a.windowsDateien.LadeWindows();
+        a.windowsDateien.LadeWindowsSys32();
+        a.windowsDateien.LadeWindowsSysWow64();
+        fp.timers.Advance(5000);  // arms the row and takes its first walk
+        ASSERT_FALSE(prg.Form3Geladen());
+    }
+    // The change made while every notification is lost.
+    void Ungehört() {
+        fp.changes.verloren = true;
+        GetParam().ändern(fp);
+        prg.Alarm().änderungen.Gefeuert();
+        fp.changes.verloren = false;
+    }
+};
+
+TEST_P(Quellen, QuietPlaces_NoWalk_ThenEveryChangeWalksAtOnce) {
+    Ungehört();
+    fp.timers.Advance(5000);
+    EXPECT_FALSE(prg.Form3Geladen()) << "the tick took the last walk";
+    GetParam().ändern(fp);  // the same again, heard this time
+    fp.timers.Advance(kSofortMs);
+    EXPECT_TRUE(prg.Form3Geladen()) << "the change brought a tick at once, and it walked";
+}
+
+TEST_P(Quellen, LostNotification_FoundByTheSafetyWalk) {
+    Ungehört();
+    fp.timers.Advance(kSicherheitsLaufMs - 5000);
+    EXPECT_FALSE(prg.Form3Geladen());
+    fp.timers.Advance(5000);
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
+TEST_P(Quellen, PlaceThatCannotBeArmed_WalksAtEveryTick) {
+    prg.Alarm().Box1[GetParam().box].setValue(0);
+    fp.timers.Advance(5000);  // the box off disarms the row
+    prg.Alarm().Box1[GetParam().box].setValue(1);
+    fp.changes.verweigert = 5;
+    fp.timers.Advance(5000);
+    GetParam().ändern(fp);
+    fp.timers.Advance(kSofortMs);
+    EXPECT_FALSE(prg.Form3Geladen()) << "nothing to fire: the stage's tick finds it";
+    fp.timers.Advance(5000 - kSofortMs);
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
+TEST_P(Quellen, SofortOff_ChangeWaitsForTheStage) {
+    prg.Sofort = false;
+    GetParam().ändern(fp);
+    fp.timers.Advance(4999);
+    EXPECT_FALSE(prg.Form3Geladen());
+    fp.timers.Advance(1);
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
+// A Run value of the user is seen first below HKEY_USERS, by the first pass of the autostart
+// row, so the second pass does not run: once accepted, the second pass must walk, not take
+// its older listing, and find the value below HKEY_CURRENT_USER.
+TEST(QuellenZweiterPass, WarningOfTheFirstPass_SecondPassWalksAtTheNextTick) {
+    Lauf l;
+    PropertyBag bag;
+    bag.WriteProperty("Aufab1", std::int16_t{5});
+    l.fp.files.Put(l.prg.Programmordner + "kestrella.dat", bag.Contents());
+    l.fp.registry.MakeKey(kRun);
+    ASSERT_TRUE(Main(l.prg));
+    l.a().Box1[13].setValue(1);
+    l.fp.timers.Advance(5000);
+    ASSERT_FALSE(l.prg.Form3Geladen());
+    l.fp.registry.SetString(kRun, "Tool", "C:\\tool.exe");
+    l.fp.timers.Advance(kSofortMs);
+    ASSERT_TRUE(l.prg.Form3Geladen());
+    EXPECT_EQ(l.prg.Form3().ListView4.Items.at(0).SubItem(1), "HKEY_USERS");
+    l.prg.Form3().Image_Click(1);  // "Übernehmen"
+    l.prg.Aufräumen();
+    ASSERT_FALSE(l.prg.Form3Geladen());
+    l.fp.timers.Advance(5000);
+    ASSERT_TRUE(l.prg.Form3Geladen()) << "the value below HKEY_CURRENT_USER is found";
+    EXPECT_EQ(l.prg.Form3().ListView4.Items.at(0).SubItem(1), "HKEY_CURRENT_USER");
+}
+
+INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen), [](const auto& info) {
+    std::string n;
+    for (char c : std::string(info.param.name))
+        if (std::isalnum(static_cast<unsigned char>(c))) n += c;
+    return n;
+});
+
+}  // namespace
+}  // namespace kes::test
