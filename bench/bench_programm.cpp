@@ -1,5 +1,6 @@
 #include "bench_programm.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <iterator>
 #include <map>
@@ -11,6 +12,7 @@
 #include "platform/allefunktionen.h"
 #include "platform/liste_schreiben.h"
 #include "warning/form3.h"
+#include "warning/kategorien.h"
 #include "watchers/waechter.h"
 
 namespace kes::bench {
@@ -19,11 +21,17 @@ namespace {
 constexpr int kNein = 7;
 
 // The warning at hand accepted as the person at the machine would: "Übernehmen", and
-// where that opens a menu, the entry that keeps the thing for good. False when the window
-// is still open, so the bench can tell a category it cannot accept.
+// where that opens a menu, the entry that keeps the thing for good; a warning that shows
+// no "Übernehmen" but "Original" is answered with that, which silences it as well. False
+// when the window is still open, so the bench can tell a category it cannot accept.
 bool Übernehmen(Programm& prg) {
     Form3Fenster& f = prg.Form3();
-    f.Image1_Click();
+    const auto& knöpfe = Zeile(prg.Kategorieschlüssel).knöpfe;
+    const auto zeigt = [&](int n) { return std::find(knöpfe.begin(), knöpfe.end(), n) != knöpfe.end(); };
+    if (!zeigt(1) && zeigt(8))
+        f.Image_Click(8);
+    else
+        f.Image1_Click();
     if (prg.Form3Geladen() && f.Popup.Menü == "dienst") f.dienst1_Click(1);
     if (prg.Form3Geladen() && f.Popup.Menü == "killprozess") f.killprozess1_Click(0);
     const bool zu = !prg.Form3Geladen();
