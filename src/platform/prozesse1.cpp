@@ -121,17 +121,46 @@ void Prozesse1::ProzesseHolen() {
             r.ThreadCount = static_cast<std::int32_t>(pe.cntThreads);
         }
         int pumpen = 0;
+        std::uint64_t erstellt = 0;
         {
             // One handle serves every module's path and the program's own: opened once, it
             // answers as one opened anew for each would, and spares two calls per module.
             const ProzessEigner h = p_.processes.OpenProcess(kProcessQueryRead, pe.th32ProcessID);
-            ModuleHolen(pe.th32ProcessID, h.Get(), r.ModuleNames, r.ModulePaths, r.ModuleCount, pumpen);
-            r.Path = Pfad(h.Get(), 0, r.Name);
+            if (h) erstellt = p_.processes.CreationTime(h.Get());
+            if (!Wiederholen(r, erstellt)) {
+                const std::int32_t vorher = ModulZähler;
+                ModuleHolen(pe.th32ProcessID, h.Get(), r.ModuleNames, r.ModulePaths, r.ModuleCount, pumpen);
+                r.Path = Pfad(h.Get(), 0, r.Name);
+                // A process caught while it starts may not have its program mapped yet.
+                if (erstellt != 0 && !r.Path.empty()) gesehen_[r.ProcessId] = {erstellt, r, ModulZähler - vorher};
+            }
         }
         Nachholen(pumpen);
         ++i;
     }
     ProzessAnzahl = static_cast<std::int32_t>(i) - 1;
+    // Only what runs now is kept: an id used again later is walked as new.
+    for (auto it = gesehen_.begin(); it != gesehen_.end();) {
+        const bool läuft = std::any_of(Prozesse.begin(), Prozesse.end(),
+                                       [&](const ProcessRecord& r) { return r.ProcessId == it->first; });
+        it = läuft ? std::next(it) : gesehen_.erase(it);
+    }
+}
+
+bool Prozesse1::Wiederholen(ProcessRecord& r, std::uint64_t erstellt) {
+    const auto it = gesehen_.find(r.ProcessId);
+    if (erstellt == 0 || it == gesehen_.end()) return false;
+    const Gesehen& g = it->second;
+    if (g.erstellt != erstellt || g.daten.Name != r.Name) {
+        gesehen_.erase(it);
+        return false;
+    }
+    r.ModuleNames = g.daten.ModuleNames;
+    r.ModulePaths = g.daten.ModulePaths;
+    r.ModuleCount = g.daten.ModuleCount;
+    r.Path = g.daten.Path;
+    ModulZähler += g.module;
+    return true;
 }
 
 void Prozesse1::ModuleHolen(std::uint32_t processId, std::vector<std::string>& names, std::vector<std::string>& paths,

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -52,7 +53,9 @@ public:
     // Sets ProzessAnzahl to the last index of a fresh snapshot.
     void ProzesseZaehlen();
     // Fills the table from a second snapshot; entries beyond the new count are cut, the
-    // others overwritten field by field.
+    // others overwritten field by field. A process seen by the last fill under the same id
+    // and creation time keeps the modules and path that fill found, without a walk: a
+    // module it loaded since is seen by ModuleHolen, which always walks.
     void ProzesseHolen();
     // The modules of one process, the program file passed over. count ends one below the
     // number stored: -1 for a process with only its program file or a failed walk, and 0
@@ -73,6 +76,16 @@ private:
                      std::vector<std::string>& paths, std::int32_t& count, int& pumpen);
     std::string Pfad(ProzessHandle prozess, std::uintptr_t module, const std::string& name);
     void Nachholen(int pumpen);
+
+    // What the last fill walked of each process it could ask for its creation time.
+    struct Gesehen {
+        std::uint64_t erstellt = 0;
+        ProcessRecord daten;
+        std::int32_t module = 0;  // what the walk added to ModulZähler
+    };
+    // Fills r's modules and path from the last fill; false when r must be walked.
+    bool Wiederholen(ProcessRecord& r, std::uint64_t erstellt);
+    std::map<std::int32_t, Gesehen> gesehen_;
 
     Plattform& p_;
 };

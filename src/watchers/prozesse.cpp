@@ -80,7 +80,7 @@ void Prozesse::TesteProzesse() {
             } catch (...) {
             }
             DateiVersion v;
-            DateiInfos(p, r.Path, v);
+            versionen_.Infos(p, r.Path, v);
             // A process without a name is none the user could place or accept.
             if (IstSystemProzess(r.Name) || r.Name.empty()) continue;
             if (!r.Path.empty()) ohnePfad_.erase(r.ProcessId);
@@ -90,10 +90,23 @@ void Prozesse::TesteProzesse() {
             break;
         }
         OhnePfadAufräumen(tabelle.Prozesse);
+        if (!neu) versionen_.Aufräumen();
         if (!neu) return;
         // A deferred process hides everything behind it in the snapshot for this pass.
         if (k_.Später(neu->Name)) return;
-        Warnen(*neu);
+        // The table may hold the modules of an earlier tick: the warning shows those of
+        // now, or the table's when the process has ended meanwhile. The walk lets window
+        // messages run, so it works on a copy.
+        ProcessRecord gemeldet = *neu;
+        std::vector<std::string> namen, pfade;
+        std::int32_t anzahl = 0;
+        tabelle.ModuleHolen(static_cast<std::uint32_t>(gemeldet.ProcessId), namen, pfade, anzahl);
+        if (!namen.empty()) {
+            gemeldet.ModuleNames = std::move(namen);
+            gemeldet.ModulePaths = std::move(pfade);
+            gemeldet.ModuleCount = anzahl;
+        }
+        Warnen(gemeldet);
     } catch (...) {
         // Any other error ends the routine without a message.
     }

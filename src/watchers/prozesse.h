@@ -10,6 +10,7 @@
 #include <map>
 
 #include "common/steuerelemente.h"
+#include "platform/versionsgedaechtnis.h"
 #include "watchers/bekannte_texte.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
@@ -67,6 +68,8 @@ private:
         int blicke = 0;
     };
     std::map<std::int32_t, OhnePfad> ohnePfad_;
+    // The makers of the programs running, read again only for a program file written since.
+    VersionsGedächtnis versionen_;
     WächterKontext& k_;
 };
 

@@ -24,6 +24,8 @@ std::string Dword(std::uint32_t v) {
 
 void FakeFileDetails::SetVersion(const std::string& path, FakeVersion version) {
     versionen_[Schlüssel(path)] = std::move(version);
+    // A version resource changes only with a write of its file.
+    files_.Berühren(path);
 }
 
 void FakeFileDetails::SetLength(const std::string& path, std::uint64_t länge) {
@@ -84,6 +86,7 @@ std::uint32_t FakeFileDetails::VersionInfoSize(const std::string& path) {
 bool FakeFileDetails::VersionInfo(const std::string& path, std::uint32_t size, std::vector<std::uint8_t>* block) {
     const std::uint32_t nötig = VersionInfoSize(path);
     if (nötig == 0 || size < nötig) return false;
+    ++versionsLesungen;
     const std::string inhalt = kKennung + Schlüssel(path);
     block->assign(inhalt.begin(), inhalt.end());
     block->resize(size, 0);

@@ -31,6 +31,7 @@ public:
     explicit FakeFileDetails(FakeFiles& files) : files_(files) {}
 
     long ortszeitMinuten = 60;  // local time minus UTC
+    int versionsLesungen = 0;   // version blocks read whole
 
     void SetVersion(const std::string& path, FakeVersion version);
     // A length beyond what the fake keeps in memory, for one file.

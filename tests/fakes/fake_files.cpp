@@ -221,6 +221,13 @@ void FakeFiles::Put(const std::string& path, const std::string& data, std::uint3
     Geändert(Schlüssel(path));
 }
 
+void FakeFiles::Berühren(const std::string& path) {
+    if (Eintrag* e = Finde(path)) {
+        e->zeit = ++uhr_;
+        Geändert(Schlüssel(path));
+    }
+}
+
 void FakeFiles::Geändert(const std::string& schlüssel) {
     ++änderungen_[Eltern(schlüssel)];
 }

@@ -36,6 +36,9 @@ public:
     // The length the file reports from now on, without holding that many bytes: how a file
     // of gigabytes looks to the program. Writing the file ends it.
     void PretendLength(const std::string& path, std::int64_t length);
+    // A write that leaves the content as it is: a new write time, as a tool that patches
+    // the file in place gives it.
+    void Berühren(const std::string& path);
     bool Exists(const std::string& path) const;
     std::string Content(const std::string& path) const;  // "" when missing
     int OpenFinds() const { return static_cast<int>(finds_.size()); }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "fake_plattform.h"
 
 namespace kes::test {
@@ -86,6 +88,76 @@ TEST_F(ProzessTabelle, Modules_FirstIsPassedOver_AndTheCountIsOneBelowTheStored)
     EXPECT_EQ(tabelle.ModulZähler, 3) << "four modules seen, less one";
     EXPECT_EQ(fp.processes.öffnungen, 1) << "one handle for the program's path and every module's";
     EXPECT_EQ(fp.processes.OffeneHandles(), 0);
+}
+
+// A second fill takes the modules and path of a process from the first while the id
+// still belongs to that process; anything it cannot be sure of is walked again.
+struct ZweiteFüllung {
+    const char* fall;
+    std::function<void(FakeProzess&)> vorher, zwischen;
+    std::vector<std::string> module;  // after the second fill
+    std::string pfad;
+    bool gelaufen;  // the second fill walked the modules
+};
+
+class ProzessWiederholt : public ProzessTabelle, public ::testing::WithParamInterface<ZweiteFüllung> {};
+
+TEST_P(ProzessWiederholt, SecondFill_WalksOnlyWhatItCannotTakeFromTheFirst) {
+    const ZweiteFüllung& f = GetParam();
+    FakeProzess& p = Prozess("a.exe", 10, "C:\\Prog\\a.exe");
+    p.module = {{"ntdll.dll", "C:\\ntdll.dll"}, {"x.dll", "C:\\x.dll"}};
+    if (f.vorher) f.vorher(p);
+    tabelle.ProzesseHolen();
+    p.module.push_back({"spaet.dll", "C:\\spaet.dll"});  // loaded since
+    if (f.zwischen) f.zwischen(p);
+    const int snaps = fp.processes.snapshots;
+    tabelle.ProzesseHolen();
+    const ProcessRecord& r = tabelle.Prozesse.at(0);
+    EXPECT_EQ(r.ModuleNames, f.module);
+    EXPECT_EQ(r.Path, f.pfad);
+    EXPECT_EQ(fp.processes.snapshots - snaps, f.gelaufen ? 3 : 2) << "two process snapshots, and the module walk";
+    EXPECT_EQ(fp.processes.OffeneHandles(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Fälle, ProzessWiederholt,
+    ::testing::Values(
+        ZweiteFüllung{"SameProcess_KeptFromTheFirst", {}, {}, {"ntdll.dll", "x.dll"}, "C:\\PROG\\A.EXE", false},
+        ZweiteFüllung{"AnotherProcessUnderTheSameId",
+                      {},
+                      [](FakeProzess& p) { p.erstellt += 1; },
+                      {"ntdll.dll", "x.dll", "spaet.dll"},
+                      "C:\\PROG\\A.EXE",
+                      true},
+        ZweiteFüllung{"SameIdAndTime_AnotherName",
+                      {},
+                      [](FakeProzess& p) { p.name = "b.exe"; },
+                      {"ntdll.dll", "x.dll", "spaet.dll"},
+                      "C:\\PROG\\A.EXE",
+                      true},
+        ZweiteFüllung{"PathUnreadableAtFirst_WalkedAgain",
+                      [](FakeProzess& p) { p.pfad = ""; },
+                      [](FakeProzess& p) { p.pfad = "C:\\Prog\\a.exe"; },
+                      {"ntdll.dll", "x.dll", "spaet.dll"},
+                      "C:\\PROG\\A.EXE",
+                      true},
+        ZweiteFüllung{"RefusesToBeOpened_WalkedEachTime",
+                      [](FakeProzess& p) { p.öffnenVerweigert = true; },
+                      {},
+                      {"ntdll.dll", "x.dll", "spaet.dll"},
+                      "",
+                      true}),
+    [](const ::testing::TestParamInfo<ZweiteFüllung>& i) { return std::string(i.param.fall); });
+
+TEST_F(ProzessTabelle, ModulesOfOneProcess_AlwaysWalked) {
+    FakeProzess& p = Prozess("a.exe", 10, "C:\\a.exe");
+    p.module = {{"ntdll.dll", "C:\\ntdll.dll"}};
+    tabelle.ProzesseHolen();
+    fp.processes.prozesse[0].module.push_back({"spaet.dll", "C:\\spaet.dll"});
+    std::vector<std::string> namen, pfade;
+    std::int32_t anzahl = 0;
+    tabelle.ModuleHolen(10, namen, pfade, anzahl);
+    EXPECT_EQ(namen, (std::vector<std::string>{"ntdll.dll", "spaet.dll"})) << "what the process has loaded since";
 }
 
 TEST_F(ProzessTabelle, ProcessThatRefusesToOpen_KeepsItsModulesWithoutPaths) {
