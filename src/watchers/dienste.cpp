@@ -88,37 +88,36 @@ void Dienste::TesteDienste() {
     const BekannteTexte bekannt(ListView11.Items, [](const ListItem& z) { return z.Text; });
     std::vector<std::string> firmen;
     for (const std::string& zeile : List10.Items) firmen.push_back(Klein(zeile));
-    std::vector<std::string> liste;
-    try {
-        liste = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, w.Kategorieschlüssel);
-    } catch (...) {
-        return;
+    if (!w.Unverändert || !liste_) {
+        liste_.reset();
+        werte_.clear();
+        try {
+            liste_ = Registry(p).GetSubkeys(kHkeyLocalMachine, kDienste, w.Kategorieschlüssel);
+        } catch (...) {
+            return;
+        }
     }
+    const std::vector<std::string> liste = *liste_;
     if (liste.empty() || liste.front().empty()) return;
 
-    HiveOCX hive(p.registry);
     std::string name, K, start, objectName, displayName, beschreibung, pfad;
     bool neu = false;
     for (const std::string& eintrag : liste) {
         name = eintrag.substr(0, eintrag.find(';'));
-        bool gefunden = bekannt.Enthält(name);
+        if (bekannt.Enthält(name)) continue;
         K = std::string(kDienste) + "\\" + name;
-        // Without an ImagePath it is nothing this watch looks at, driver or not. A known
-        // service needs no look: the read has no effect, and it is passed over either way.
-        if (!gefunden && !hive.ValueExists(2, K, "ImagePath")) gefunden = true;
-        if (gefunden) continue;
-        if (!hive.ValueExists(2, K, "Start")) continue;
-        start = hive.ReadValue(2, K, "Start");
+        // Without an ImagePath it is nothing this watch looks at, driver or not.
+        const Werte& d = Lesen(name);
+        if (!d.bild || !d.start) continue;
+        start = d.startwert;
         if (start != "2") continue;  // automatic start only
-        objectName = hive.ReadValue(2, K, "ObjectName");
-        displayName = hive.ReadValue(2, K, "DisplayName");
-        const std::string imagePath = hive.ReadValue(2, K, "ImagePath");
-        const std::string serviceDll = hive.ReadValue(2, K + "\\Parameters", "ServiceDll");
-        beschreibung = hive.ReadValue(2, K, "Description");
-        pfad = DienstPfad(p, imagePath, serviceDll, w.Windowsordner, w.Systemordner);
+        objectName = d.objectName;
+        displayName = d.displayName;
+        beschreibung = d.beschreibung;
+        pfad = DienstPfad(p, d.imagePath, d.serviceDll, w.Windowsordner, w.Systemordner);
         if (k_.Später(pfad)) continue;
         try {
-            DateiInfos(p, pfad, infos_);
+            versionen_.Infos(p, pfad, infos_);
         } catch (const Fehler&) {
         }
         // Up to one beyond the last line, which reads as empty; a hit does not stop it.
@@ -131,6 +130,7 @@ void Dienste::TesteDienste() {
             break;
         }
     }
+    if (!neu) versionen_.Aufräumen();
     if (!neu) return;
 
     k_.Warnen(Kategorie::Dienste, [&](Warnung& f) {
@@ -154,6 +154,29 @@ void Dienste::TesteDienste() {
         holedaten(p, f, datei);
         IcoHolen(p, pfad, f.picProcIcon);
     });
+}
+
+const Dienste::Werte& Dienste::Lesen(const std::string& name) {
+    if (const auto it = werte_.find(name); it != werte_.end()) return it->second;
+    HiveOCX hive(k_.P().registry);
+    const std::string K = std::string(kDienste) + "\\" + name;
+    // Read in the walk's order, each value only when the one before let the service pass.
+    Werte d;
+    d.bild = hive.ValueExists(2, K, "ImagePath");
+    d.start = d.bild && hive.ValueExists(2, K, "Start");
+    if (d.start) d.startwert = hive.ReadValue(2, K, "Start");
+    if (d.startwert == "2") {
+        d.objectName = hive.ReadValue(2, K, "ObjectName");
+        d.displayName = hive.ReadValue(2, K, "DisplayName");
+        d.imagePath = hive.ReadValue(2, K, "ImagePath");
+        d.serviceDll = hive.ReadValue(2, K + "\\Parameters", "ServiceDll");
+        d.beschreibung = hive.ReadValue(2, K, "Description");
+    }
+    return werte_[name] = std::move(d);
+}
+
+Änderungsorte Dienste::Orte() {
+    return {{kHkeyLocalMachine, kDienste, true}};
 }
 
 void holedienste(WächterKontext& k) {

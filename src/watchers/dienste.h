@@ -6,10 +6,15 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "common/steuerelemente.h"
 #include "platform/infos.h"
+#include "platform/versionsgedaechtnis.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 #include "watchers/listenmenue.h"
@@ -35,9 +40,25 @@ public:
     Grundliste basis;   // ListView11: a section per service
     Grundliste firmen;  // List10
 
+    // The keys the row reads: the services' key with everything below it.
+    static Änderungsorte Orte();
+
 private:
+    // What the registry says of one service, as far as the walk needed to read it.
+    struct Werte {
+        bool bild = false;   // has an ImagePath
+        bool start = false;  // has a Start value
+        std::string startwert, objectName, displayName, imagePath, serviceDll, beschreibung;
+    };
+    const Werte& Lesen(const std::string& name);
+
     WächterKontext& k_;
     DateiVersion infos_;  // one record, filled anew for each entry
+    // The last walk's list of services and what it read of them, kept while the services'
+    // key has not changed: the lists of the user are still compared at every tick.
+    std::optional<std::vector<std::string>> liste_;
+    std::unordered_map<std::string, Werte> werte_;
+    VersionsGedächtnis versionen_;
 };
 
 // The first service baseline, when the assistant takes the machine as it stands: every

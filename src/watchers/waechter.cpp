@@ -386,7 +386,8 @@ constexpr WächterZeile kWächter[] = {
                   {"", "Alle Dienste aus der Liste entfernen"},
                   0,
                   " --> Eintrag aus der Liste löschen",
-                  dienst1_Click}}}},
+                  dienst1_Click}}},
+     .orte = [](A&, W&) { return Dienste::Orte(); }},
     // The reset deletes daten\toolbar.ini, a file no version of the program ever wrote; the
     // baseline daten\V_seiten.txt survives it, as intended.
     {.name = "trusted sites",

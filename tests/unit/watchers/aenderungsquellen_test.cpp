@@ -14,6 +14,7 @@ namespace kes::test {
 namespace {
 
 constexpr const char* kRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services";
 
 struct Zeile {
     const char* name;
@@ -32,6 +33,12 @@ const Zeile kZeilen[] = {
     {"Windows folder", 19, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ"); }},
     {"system folder", 20, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\system32\\neu.dll", "MZ"); }},
     {"SysWOW64 folder", 32, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\SysWOW64\\neu.dll", "MZ"); }},
+    // Below a key of its own: the services' key is watched with everything under it.
+    {"services", 28,
+     [](fake::FakePlattform& fp) {
+         fp.registry.SetString(std::string(kDienste) + "\\Neu", "ImagePath", "C:\\neu.exe");
+         fp.registry.SetDword(std::string(kDienste) + "\\Neu", "Start", 2);
+     }},
 };
 
 class Quellen : public ProgrammTest, public ::testing::WithParamInterface<Zeile> {
@@ -45,6 +52,7 @@ protected:
         for (const char* d : {"C:\\WINDOWS\\a.exe", "C:\\WINDOWS\\system32\\a.dll", "C:\\WINDOWS\\SysWOW64\\a.dll"})
             fp.files.Put(d, "MZ");
         fp.registry.MakeKey(kRun);
+        fp.registry.SetDword(std::string(kDienste) + "\\Alt", "Start", 3);
         fp.registry.MakeKey("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
         ASSERT_TRUE(Main(prg));
         AlarmFenster& a = prg.Alarm();
