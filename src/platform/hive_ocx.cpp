@@ -52,14 +52,26 @@ RegHandle HandleVonHive(int hive) {
 }
 
 std::string HiveOCX::ReadValue(int hive, const std::string& key, const std::string& name) {
-    const RegKey k = Schlüssel(reg_, hive, key, kKeyRead);
-    if (!k) return "";
+    return Offen(*this, hive, key).ReadValue(name);
+}
+
+HiveOCX::Offen::Offen(HiveOCX& ocx, int hive, const std::string& key)
+    : reg_(ocx.reg_), k_(Schlüssel(ocx.reg_, hive, key, kKeyRead)) {}
+
+std::string HiveOCX::Offen::ReadValue(const std::string& name) {
+    if (!k_) return "";
     std::uint32_t typ = 0, grösse = 0;
-    if (reg_.QueryValueEx(k.Get(), Wertname(name), &typ, nullptr, &grösse) != kErrorSuccess) return "";
+    if (reg_.QueryValueEx(k_.Get(), Wertname(name), &typ, nullptr, &grösse) != kErrorSuccess) return "";
     std::vector<std::uint8_t> daten(grösse + 1, 0);
-    if (reg_.QueryValueEx(k.Get(), Wertname(name), &typ, daten.data(), &grösse) != kErrorSuccess) return "";
+    if (reg_.QueryValueEx(k_.Get(), Wertname(name), &typ, daten.data(), &grösse) != kErrorSuccess) return "";
     daten.resize(grösse);
     return AlsText(typ, daten);
+}
+
+bool HiveOCX::Offen::ValueExists(const std::string& name) {
+    if (!k_) return false;
+    std::uint32_t grösse = 0;
+    return reg_.QueryValueEx(k_.Get(), Wertname(name), nullptr, nullptr, &grösse) == kErrorSuccess;
 }
 
 std::string HiveOCX::ReadValueText(int hive, std::string& key, std::string& name) {
@@ -117,10 +129,7 @@ bool HiveOCX::KeyExists(int hive, const std::string& key) {
 }
 
 bool HiveOCX::ValueExists(int hive, const std::string& key, const std::string& name) {
-    const RegKey k = Schlüssel(reg_, hive, key, kKeyRead);
-    if (!k) return false;
-    std::uint32_t grösse = 0;
-    return reg_.QueryValueEx(k.Get(), Wertname(name), nullptr, nullptr, &grösse) == kErrorSuccess;
+    return Offen(*this, hive, key).ValueExists(name);
 }
 
 }  // namespace kes

@@ -35,6 +35,19 @@ public:
     bool KeyExists(int hive, const std::string& key);
     bool ValueExists(int hive, const std::string& key, const std::string& name);
 
+    // One key opened once for several reads: the same answers as ReadValue and ValueExists
+    // give for it, each of which opens the key anew.
+    class Offen {
+    public:
+        Offen(HiveOCX& ocx, int hive, const std::string& key);
+        std::string ReadValue(const std::string& name);
+        bool ValueExists(const std::string& name);
+
+    private:
+        RegistryApi& reg_;
+        RegKey k_;
+    };
+
 private:
     void Baum(RegHandle root, const std::string& key, int tiefe);
     RegistryApi& reg_;

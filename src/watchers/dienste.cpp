@@ -162,15 +162,16 @@ const Dienste::Werte& Dienste::Lesen(const std::string& name) {
     const std::string K = std::string(kDienste) + "\\" + name;
     // Read in the walk's order, each value only when the one before let the service pass.
     Werte d;
-    d.bild = hive.ValueExists(2, K, "ImagePath");
-    d.start = d.bild && hive.ValueExists(2, K, "Start");
-    if (d.start) d.startwert = hive.ReadValue(2, K, "Start");
+    HiveOCX::Offen schlüssel(hive, 2, K);
+    d.bild = schlüssel.ValueExists("ImagePath");
+    d.start = d.bild && schlüssel.ValueExists("Start");
+    if (d.start) d.startwert = schlüssel.ReadValue("Start");
     if (d.startwert == "2") {
-        d.objectName = hive.ReadValue(2, K, "ObjectName");
-        d.displayName = hive.ReadValue(2, K, "DisplayName");
-        d.imagePath = hive.ReadValue(2, K, "ImagePath");
+        d.objectName = schlüssel.ReadValue("ObjectName");
+        d.displayName = schlüssel.ReadValue("DisplayName");
+        d.imagePath = schlüssel.ReadValue("ImagePath");
         d.serviceDll = hive.ReadValue(2, K + "\\Parameters", "ServiceDll");
-        d.beschreibung = hive.ReadValue(2, K, "Description");
+        d.beschreibung = schlüssel.ReadValue("Description");
     }
     return werte_[name] = std::move(d);
 }
