@@ -109,18 +109,23 @@ void RegistryOrte::Erstaufnahme(WächterKontext& k, const OrteBeschreibung& b) {
 void RegistryOrte::Teste() {
     try {
         k_.W().Kategorieschlüssel = beschreibung.kategorie;
+        // The baseline as the row starts: the walks let messages run, and a change of the
+        // list meanwhile counts from the next row on.
+        const BekannteTexte bekannt(liste.Items, [](const ListItem& z) { return Klein(z.Text); });
+        if (!k_.W().Unverändert || !stand_) {
+            stand_.reset();
+            stand_ = OrteAuflisten(k_.P(), beschreibung, [&] { k_.Pumpen(); });
+        }
+        // A copy: the warning lets messages run, and a walk of another pass may renew it.
+        const std::vector<OrtEintrag> einträge = *stand_;
         if (!grundstand_) {
-            const auto einträge = OrteAuflisten(k_.P(), beschreibung, [&] { k_.Pumpen(); });
             liste.Items.clear();
             for (const OrtEintrag& e : einträge) liste.Add(e.Zeile()).SmallIcon = 26;
             basis.Speichern(Schreibfehler::Übergehen);
             grundstand_ = true;
             return;
         }
-        // The baseline as the row starts: the walks let messages run, and a change of the
-        // list meanwhile counts from the next row on.
-        const BekannteTexte bekannt(liste.Items, [](const ListItem& z) { return Klein(z.Text); });
-        for (const OrtEintrag& e : OrteAuflisten(k_.P(), beschreibung, [&] { k_.Pumpen(); })) {
+        for (const OrtEintrag& e : einträge) {
             if (bekannt.Enthält(Klein(e.Zeile())) || k_.Später(e.Aufschub())) continue;
             Warnen(e);
             return;
@@ -128,6 +133,17 @@ void RegistryOrte::Teste() {
     } catch (...) {
         // A failed read ends the pass without a word and without a warning.
     }
+}
+
+Änderungsorte RegistryOrte::Orte() {
+    Änderungsorte orte;
+    for (const RegistryOrt& ort : beschreibung.orte) {
+        const bool darunter = ort.art == Ortsart::WertJeSchlüssel || ort.art == Ortsart::Unterschlüssel;
+        const std::vector<std::string> pfade = ort.beideAnsichten ? BeideAnsichten(k_.P(), ort.wurzel, ort.schlüssel)
+                                                                  : std::vector<std::string>{ort.schlüssel};
+        for (const std::string& pfad : pfade) orte.push_back({ort.wurzel, pfad, darunter});
+    }
+    return orte;
 }
 
 void RegistryOrte::Warnen(const OrtEintrag& e) {

@@ -8,12 +8,14 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "common/kategorie.h"
 #include "common/steuerelemente.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 #include "watchers/listenmenue.h"
@@ -85,6 +87,9 @@ public:
     void Übernehmen(const std::string& zeile);
     // The panel's menu: the selected rows removed from the baseline.
     void MarkierteLöschen(ListenPanel& panel);
+    // The keys the passes read, in each view they are read in; with everything below them
+    // where the subkeys count.
+    Änderungsorte Orte();
 
     const OrteBeschreibung& beschreibung;
     ListView& liste;  // the baseline: one line per known entry
@@ -94,6 +99,9 @@ private:
     void Warnen(const OrtEintrag& e);
     WächterKontext& k_;
     bool grundstand_ = false;  // a baseline file was read or written in this run
+    // The entries of the last walk, kept while the places are quiet; the baseline and the
+    // deferred list are still asked at every pass.
+    std::optional<std::vector<OrtEintrag>> stand_;
 };
 
 }  // namespace kes

@@ -33,7 +33,8 @@ constexpr WächterZeile OrteZeile(const char* name, int box, const char* beschri
                          {""},
                          0,
                          " --> Eintrag löschen",
-                         [](A& a, ListenPanel& panel, int) { (a.*Wächter).MarkierteLöschen(panel); }}}}};
+                         [](A& a, ListenPanel& panel, int) { (a.*Wächter).MarkierteLöschen(panel); }}}},
+            .orte = [](A& a, W&) { return (a.*Wächter).Orte(); }};
 }
 
 // The order is the cycle's and fixed: box 22 comes before box 21 on purpose.

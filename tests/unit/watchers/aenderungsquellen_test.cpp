@@ -14,6 +14,9 @@ namespace kes::test {
 namespace {
 
 constexpr const char* kRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr const char* kWinlogon = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
+constexpr const char* kIfeo =
+    "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options";
 constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services";
 
 struct Zeile {
@@ -33,6 +36,9 @@ const Zeile kZeilen[] = {
     {"Windows folder", 19, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ"); }},
     {"system folder", 20, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\system32\\neu.dll", "MZ"); }},
     {"SysWOW64 folder", 32, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\SysWOW64\\neu.dll", "MZ"); }},
+    {"Winlogon", 33, [](fake::FakePlattform& fp) { fp.registry.SetString(kWinlogon, "Shell", "evil.exe"); }},
+    {"Image File Execution Options, a new subkey", 35,
+     [](fake::FakePlattform& fp) { fp.registry.SetString(std::string(kIfeo) + "\\notepad.exe", "Debugger", "d.exe"); }},
     // Below a key of its own: the services' key is watched with everything under it.
     {"services", 28,
      [](fake::FakePlattform& fp) {
@@ -52,6 +58,8 @@ protected:
         for (const char* d : {"C:\\WINDOWS\\a.exe", "C:\\WINDOWS\\system32\\a.dll", "C:\\WINDOWS\\SysWOW64\\a.dll"})
             fp.files.Put(d, "MZ");
         fp.registry.MakeKey(kRun);
+        fp.registry.SetString(kWinlogon, "Shell", "Explorer.exe");
+        fp.registry.MakeKey(kIfeo);
         fp.registry.SetDword(std::string(kDienste) + "\\Alt", "Start", 3);
         fp.registry.MakeKey("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
         ASSERT_TRUE(Main(prg));
