@@ -80,6 +80,35 @@ std::size_t Dateien(const std::string& ordner) {
 }
 }  // namespace
 
+namespace {
+std::size_t Baum(HKEY root, const std::string& key, bool unter) {
+    HKEY h;
+    if (::RegOpenKeyExA(root, key.c_str(), 0, KEY_READ, &h) != ERROR_SUCCESS) return 0;
+    std::size_t n = Werte(h, "");
+    if (unter) {
+        std::vector<std::string> namen;
+        for (DWORD i = 0;; ++i) {
+            char name[256];
+            DWORD grösse = sizeof name;
+            if (::RegEnumKeyExA(h, i, name, &grösse, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+            namen.emplace_back(name, grösse);
+        }
+        for (const std::string& name : namen) n += 1 + Baum(h, name, true);
+    }
+    ::RegCloseKey(h);
+    return n;
+}
+}  // namespace
+
+std::size_t RohDerOrte(const Änderungsorte& orte) {
+    std::size_t n = 0;
+    for (const Änderungsort& o : orte)
+        n += o.root == 0 ? Dateien(o.pfad)
+                         : Baum(reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(static_cast<LONG_PTR>(static_cast<LONG>(o.root)))),
+                                o.pfad, o.unterschlüssel);
+    return n;
+}
+
 std::size_t RohProzesse() {
     const HANDLE snap = ::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     if (snap == INVALID_HANDLE_VALUE) return 0;

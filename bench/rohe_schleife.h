@@ -9,6 +9,8 @@
 #include <cstddef>
 #include <string>
 
+#include "watchers/aenderungsquellen.h"
+
 namespace kes::bench {
 
 // Where the folders lie; the registry places are fixed.
@@ -23,6 +25,10 @@ struct RohOrte {
 // Each returns the number of entries it saw, so that the work cannot be left out.
 // The one of a watcher by its box; a box that runs no watcher sees nothing.
 std::size_t Roh(int box, const RohOrte& o);
+// The floor of a row that names its change places and has no function of its own above:
+// each key's values (and, where the row reads below it, every key under it with its
+// values), each folder's top level.
+std::size_t RohDerOrte(const Änderungsorte& orte);
 std::size_t RohProzesse();
 std::size_t RohFavoriten(const RohOrte& o);
 std::size_t RohStartseiten();
