@@ -36,6 +36,10 @@ void VertrauenswürdigeSeiten::LadeToolbar() {
     // The view fits the column to its content.
 }
 
+Änderungsorte VertrauenswürdigeSeiten::Orte() {
+    return {{kHkeyLocalMachine, kZoneMapDomains, true}, {kHkeyCurrentUser, kZoneMapDomains, true}};
+}
+
 void VertrauenswürdigeSeiten::TesteToolBar() {
     // The singular is the program's own.
     static const Hive h{kHkeyLocalMachine, Kategorie::ToolBar, "HKEY_LOCAL_MACHINE",
@@ -56,7 +60,13 @@ void VertrauenswürdigeSeiten::Testen(const Hive& h) {
         // The baseline as the row starts, compared with case, though the registry has none:
         // the walk yields, and a change meanwhile counts from the next row on.
         const BekannteTexte liste(ListView12.Items, [](const ListItem& z) { return z.Text; });
-        const auto schlüssel = Registry(k_.P()).GetSubkeys(h.root, kZoneMapDomains, k_.W().Kategorieschlüssel);
+        std::optional<Stand>& stand = stände_[h.root == kHkeyLocalMachine ? 0 : 1];
+        const Kategorie kategorie = k_.W().Kategorieschlüssel;
+        if (!k_.W().Unverändert || !stand || stand->kategorie != kategorie) {
+            stand.reset();
+            stand = Stand{kategorie, Registry(k_.P()).GetSubkeys(h.root, kZoneMapDomains, k_.W().Kategorieschlüssel)};
+        }
+        const std::vector<std::string> schlüssel = stand->schlüssel;
         // A missing key gives no entries or an empty first one: nothing to test. So does a
         // walk of more than 3000 domains while the services watcher's key still stands.
         if (schlüssel.empty() || schlüssel.front().empty()) return;

@@ -4,7 +4,12 @@
 // heeds case, though the registry does not; a domain that goes raises nothing.
 #pragma once
 
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "common/steuerelemente.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 #include "watchers/listenmenue.h"
@@ -27,10 +32,20 @@ public:
     ListView& ListView12;
     Grundliste basis;  // ListView12
 
+    // The domains' keys of both hives, with everything below them.
+    static Änderungsorte Orte();
+
 private:
     struct Hive;
     void Testen(const Hive& h);
     WächterKontext& k_;
+    // Each hive's last listing, kept while its key is quiet. The listing depends on the
+    // category key that stood when it was taken, so it is kept with it.
+    struct Stand {
+        Kategorie kategorie;
+        std::vector<std::string> schlüssel;
+    };
+    std::optional<Stand> stände_[2];
 };
 
 // The key below which both hives keep a subkey per domain.

@@ -17,6 +17,8 @@ constexpr const char* kRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\C
 constexpr const char* kWinlogon = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
 constexpr const char* kIfeo =
     "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options";
+constexpr const char* kDomains =
+    "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
 constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services";
 
 struct Zeile {
@@ -39,6 +41,12 @@ const Zeile kZeilen[] = {
     {"Winlogon", 33, [](fake::FakePlattform& fp) { fp.registry.SetString(kWinlogon, "Shell", "evil.exe"); }},
     {"Image File Execution Options, a new subkey", 35,
      [](fake::FakePlattform& fp) { fp.registry.SetString(std::string(kIfeo) + "\\notepad.exe", "Debugger", "d.exe"); }},
+    // A key made again is no change: each call makes another.
+    {"trusted sites", 29,
+     [](fake::FakePlattform& fp) {
+         static int n = 0;
+         fp.registry.MakeKey(std::string("HKEY_CURRENT_USER\\") + kDomains + "\\neu" + std::to_string(++n) + ".de");
+     }},
     // Below a key of its own: the services' key is watched with everything under it.
     {"services", 28,
      [](fake::FakePlattform& fp) {
@@ -60,6 +68,8 @@ protected:
         fp.registry.MakeKey(kRun);
         fp.registry.SetString(kWinlogon, "Shell", "Explorer.exe");
         fp.registry.MakeKey(kIfeo);
+        for (const char* hive : {"HKEY_LOCAL_MACHINE\\", "HKEY_CURRENT_USER\\"})
+            fp.registry.MakeKey(std::string(hive) + kDomains);
         fp.registry.SetDword(std::string(kDienste) + "\\Alt", "Start", 3);
         fp.registry.MakeKey("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
         ASSERT_TRUE(Main(prg));
