@@ -1,5 +1,7 @@
 #include "watchers/startseite.h"
 
+#include <algorithm>
+
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
 #include "watchers/startseiten_tabelle.h"
@@ -42,18 +44,39 @@ void StartSeite::LadeStartPage() {
     }
 }
 
+Änderungsorte StartSeite::Orte() {
+    // From the table the list is filled from, so that the places stand before the list does.
+    Änderungsorte orte;
+    const std::size_t zeilen = k_.P().registry.ZweiAnsichten() ? kStartSeitenZeilen : kStartSeitenTabelle.size();
+    for (std::size_t n = 1; n <= zeilen; ++n) {
+        const StartSeitenZeile& w = StartSeitenZeileNr(n);
+        const Änderungsort ort{HandleVonHive(w.Hive), w.Schlüssel, false};
+        const bool schon = std::any_of(orte.begin(), orte.end(),
+                                       [&](const Änderungsort& o) { return o.root == ort.root && o.pfad == ort.pfad; });
+        if (!schon) orte.push_back(ort);
+    }
+    return orte;
+}
+
 void StartSeite::TesteStartPage() {
     try {
         HiveOCX hive(k_.P().registry);
+        if (!k_.W().Unverändert) gelesen_.clear();
         // A read that fails leaves the text of the row before.
         std::string aktuell;
         for (std::size_t i = 1; i <= ListView3.Items.size(); ++i) {
             const ListItem z = ListView3.Items[i - 1];
             const int code = StartSeitenHive(z.Text);
             if (code > 0) {
-                try {
-                    aktuell = hive.ReadValue(code, z.SubItem(1), z.SubItem(2));
-                } catch (...) {
+                const std::string ort = std::to_string(code) + "\\" + z.SubItem(1) + "\\" + z.SubItem(2);
+                if (const auto it = gelesen_.find(ort); it != gelesen_.end()) {
+                    aktuell = it->second;
+                } else {
+                    try {
+                        aktuell = hive.ReadValue(code, z.SubItem(1), z.SubItem(2));
+                        gelesen_[ort] = aktuell;
+                    } catch (...) {
+                    }
                 }
             }
             const std::string gespeichert = k_.W().StartSeiten.at(SlotVonZeile(i));

@@ -4,11 +4,15 @@
 // changed value raises a warning.
 #pragma once
 
+#include <map>
+#include <string>
+
 #include <array>
 
 #include "common/steuerelemente.h"
 #include "common/werte.h"
 #include "platform/seam/plattform.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/kontext.h"
 
 namespace kes {
@@ -24,10 +28,16 @@ public:
 
     ListView& ListView3;
 
+    // The keys of the list's rows, each once.
+    Änderungsorte Orte();
+
 private:
     void Zurücksetzen(const ListItem& zeile, const std::string& aktuell, const std::string& gespeichert);
     void Warnen(int i, const ListItem& zeile, const std::string& aktuell, const std::string& gespeichert);
     WächterKontext& k_;
+    // The values read by the last walk, by hive, key and name, kept while their keys are
+    // quiet; a read that failed is not kept.
+    std::map<std::string, std::string> gelesen_;
 };
 
 // The first saved start pages, when the assistant takes the machine as it stands: slots 1 to

@@ -19,6 +19,7 @@ constexpr const char* kIfeo =
     "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options";
 constexpr const char* kDomains =
     "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
+constexpr const char* kIeMain = "Software\\Microsoft\\Internet Explorer\\Main";
 constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services";
 
 struct Zeile {
@@ -38,6 +39,10 @@ const Zeile kZeilen[] = {
     {"Windows folder", 19, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ"); }},
     {"system folder", 20, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\system32\\neu.dll", "MZ"); }},
     {"SysWOW64 folder", 32, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\SysWOW64\\neu.dll", "MZ"); }},
+    {"start pages", 8,
+     [](fake::FakePlattform& fp) {
+         fp.registry.SetString(std::string("HKEY_CURRENT_USER\\") + kIeMain, "Start Page", "http://neu.example/");
+     }},
     {"Winlogon", 33, [](fake::FakePlattform& fp) { fp.registry.SetString(kWinlogon, "Shell", "evil.exe"); }},
     {"Image File Execution Options, a new subkey", 35,
      [](fake::FakePlattform& fp) { fp.registry.SetString(std::string(kIfeo) + "\\notepad.exe", "Debugger", "d.exe"); }},
@@ -68,6 +73,9 @@ protected:
         fp.registry.MakeKey(kRun);
         fp.registry.SetString(kWinlogon, "Shell", "Explorer.exe");
         fp.registry.MakeKey(kIfeo);
+        for (const char* hive : {"HKEY_LOCAL_MACHINE\\", "HKEY_CURRENT_USER\\"})
+            for (const char* key : {kIeMain, "Software\\Microsoft\\Internet Explorer\\Search"})
+                fp.registry.MakeKey(std::string(hive) + key);
         for (const char* hive : {"HKEY_LOCAL_MACHINE\\", "HKEY_CURRENT_USER\\"})
             fp.registry.MakeKey(std::string(hive) + kDomains);
         fp.registry.SetDword(std::string(kDienste) + "\\Alt", "Start", 3);
