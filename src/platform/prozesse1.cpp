@@ -35,10 +35,12 @@ std::string ErsetzenOhneFall(const std::string& text, const std::string& alt, co
     return aus + text.substr(von);
 }
 
-// The processes of a snapshot, read whole; the snapshot is closed when this returns.
+// The processes of a snapshot, read whole; the snapshot is closed when this returns. Only
+// the processes are asked for: the threads of every process and the program's own modules
+// that a whole snapshot gathers besides are never read.
 std::vector<ProzessDaten> ProzesseLesen(ProcessApi& api) {
     std::vector<ProzessDaten> liste;
-    const ProzessEigner snap = api.CreateSnapshot(kSnapAll, 0);
+    const ProzessEigner snap = api.CreateSnapshot(kSnapProcess, 0);
     ProzessDaten pe;
     for (bool ok = api.ProcessFirst(snap.Get(), &pe); ok; ok = api.ProcessNext(snap.Get(), &pe)) liste.push_back(pe);
     return liste;

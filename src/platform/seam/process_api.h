@@ -21,6 +21,7 @@ using ProzessEigner = SeamHandle<ProcessApi>;
 
 inline constexpr std::uint32_t kSnapAll = 15;    // TH32CS_SNAPALL
 inline constexpr std::uint32_t kSnapModule = 8;  // TH32CS_SNAPMODULE
+inline constexpr std::uint32_t kSnapProcess = 2;  // TH32CS_SNAPPROCESS
 inline constexpr std::uint32_t kProcessTerminate = 1;
 inline constexpr std::uint32_t kProcessQueryRead = 1040;  // query information and read memory
 inline constexpr std::uint32_t kProcessQueryInformation = 0x400;
