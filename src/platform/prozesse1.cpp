@@ -129,6 +129,7 @@ void Prozesse1::ProzesseHolen() {
             // answers as one opened anew for each would, and spares two calls per module.
             const ProzessEigner h = p_.processes.OpenProcess(kProcessQueryRead, pe.th32ProcessID);
             if (h) erstellt = p_.processes.CreationTime(h.Get());
+            r.Erstellt = erstellt;
             if (!Wiederholen(r, erstellt)) {
                 const std::int32_t vorher = ModulZähler;
                 ModuleHolen(pe.th32ProcessID, h.Get(), r.ModuleNames, r.ModulePaths, r.ModuleCount, pumpen);

@@ -24,6 +24,9 @@ struct ProcessRecord {
     // One below the number of stored modules: readers go from 1 to ModuleCount, so the
     // first stored module is never shown, and -1 means no modules.
     std::int32_t ModuleCount = 0;
+    // When the process was created, as the table's fill asked it; 0 when it could not be
+    // asked. With the id it tells one process from a later one under the same id.
+    std::uint64_t Erstellt = 0;
 };
 
 // The three entries of the system's own that no baseline holds: "[System Process]",

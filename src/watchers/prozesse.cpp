@@ -79,8 +79,7 @@ void Prozesse::TesteProzesse() {
                 PfadSuchen(p, r);
             } catch (...) {
             }
-            DateiVersion v;
-            versionen_.Infos(p, r.Path, v);
+            const DateiVersion& v = Version(r);
             // A process without a name is none the user could place or accept.
             if (IstSystemProzess(r.Name) || r.Name.empty()) continue;
             if (!r.Path.empty()) ohnePfad_.erase(r.ProcessId);
@@ -90,7 +89,10 @@ void Prozesse::TesteProzesse() {
             break;
         }
         OhnePfadAufräumen(tabelle.Prozesse);
-        if (!neu) versionen_.Aufräumen();
+        if (!neu) {
+            versionen_.Aufräumen();
+            VersionenAufräumen(tabelle.Prozesse);
+        }
         if (!neu) return;
         // A deferred process hides everything behind it in the snapshot for this pass.
         if (k_.Später(neu->Name)) return;
@@ -110,6 +112,32 @@ void Prozesse::TesteProzesse() {
     } catch (...) {
         // Any other error ends the routine without a message.
     }
+}
+
+const DateiVersion& Prozesse::Version(const ProcessRecord& r) {
+    // The image a process runs cannot be written while it runs: its texts stay those of
+    // the first look for as long as the process does.
+    if (r.Erstellt != 0) {
+        const auto it = laufend_.find(r.ProcessId);
+        if (it != laufend_.end() && it->second.erstellt == r.Erstellt && it->second.pfad == r.Path)
+            return it->second.version;
+    }
+    // A version block that overflows throws here, and nothing is kept: it ends the pass at
+    // every look, as it always did.
+    DateiVersion v;
+    versionen_.Infos(k_.P(), r.Path, v);
+    Laufend& l = laufend_[r.ProcessId];
+    l = {r.Erstellt, r.Path, std::move(v)};
+    return l.version;
+}
+
+void Prozesse::VersionenAufräumen(const std::vector<ProcessRecord>& tabelle) {
+    std::map<std::int32_t, Laufend> bleiben;
+    for (const ProcessRecord& r : tabelle) {
+        const auto it = laufend_.find(r.ProcessId);
+        if (it != laufend_.end()) bleiben.insert(*it);
+    }
+    laufend_ = std::move(bleiben);
 }
 
 bool Prozesse::OhnePfadMelden(const ProcessRecord& r) {

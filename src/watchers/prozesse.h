@@ -70,6 +70,17 @@ private:
     std::map<std::int32_t, OhnePfad> ohnePfad_;
     // The makers of the programs running, read again only for a program file written since.
     VersionsGedächtnis versionen_;
+    // The version texts of each process by its id, with the creation time and path they
+    // were read for.
+    struct Laufend {
+        std::uint64_t erstellt = 0;
+        std::string pfad;
+        DateiVersion version;
+    };
+    const DateiVersion& Version(const ProcessRecord& r);
+    // Forgets the processes that are not in the table any more.
+    void VersionenAufräumen(const std::vector<ProcessRecord>& tabelle);
+    std::map<std::int32_t, Laufend> laufend_;
     WächterKontext& k_;
 };
 

@@ -119,6 +119,36 @@ TEST_F(NeueProzesse, TrustedMaker_MatchesWithoutCase_OnAnyLineOfTheList) {
     EXPECT_FALSE(prg.Form3Geladen()) << "a maker further down the list";
 }
 
+// The maker of a running program is read at its first look and kept while the process runs;
+// another process under the same id is read anew.
+TEST_F(NeueProzesse, MakerOfARunningProcess_ReadOnce_AgainForAnotherProcessUnderItsId) {
+    Programmdatei("C:\\Prog\\a.exe", "Vertraut GmbH");
+    W().List1.Items = {"vertraut gmbh"};
+    Prozess("a.exe", 100, "C:\\Prog\\a.exe");
+    Testen();
+    Testen();
+    EXPECT_EQ(fp.details.versionsLesungen, 1);
+    Programmdatei("C:\\Prog\\a.exe", "Fremd AG");  // written while the same process runs
+    Testen();
+    EXPECT_EQ(Gewarnt(), "") << "the texts of the image it runs";
+    fp.processes.prozesse[0].erstellt += 1;
+    Testen();
+    EXPECT_EQ(Gewarnt(), "a.exe") << "another process under the id: its file's maker is not trusted";
+}
+
+TEST_F(NeueProzesse, VersionBlockThatOverflows_EndsThePassAtEveryLook) {
+    fp.files.Put("C:\\Prog\\x.exe", "MZ");
+    fake::FakeVersion v;
+    v.übersetzungen = {{0x8407, 0x04E4, {{"CompanyName", "X"}}}};
+    fp.details.SetVersion("C:\\Prog\\x.exe", v);
+    Prozess("x.exe", 100, "C:\\Prog\\x.exe");
+    Prozess("neu.exe", 101, "C:\\Temp\\neu.exe");
+    for (int look = 1; look <= 2; ++look) {
+        Testen();
+        EXPECT_EQ(Gewarnt(), "") << "look " << look;
+    }
+}
+
 TEST_F(NeueProzesse, AllowedForThisRun_ByNameWithoutCase) {
     Prozess("Einmal.EXE", 100, "C:\\Temp\\einmal.exe");
     W().List2.Items = {"einmal.exe"};
