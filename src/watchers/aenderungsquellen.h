@@ -27,6 +27,8 @@ using Änderungsorte = std::vector<Änderungsort>;
 // A walk older than this is done again whatever the sources say: the guard against a
 // notification the system lost.
 inline constexpr std::int64_t kSicherheitsLaufMs = 60000;
+// Of the looks between ticks, every this many asks each source on its own.
+inline constexpr int kBlickeJeFrage = 4;
 
 class Änderungsquellen {
 public:
@@ -43,7 +45,8 @@ public:
     void Unvollständig(std::size_t zeile) { zeilen_.at(zeile).gelaufen = false; }
     // The row's box is off: its sources go, and it walks when they are armed again.
     void Entwaffnen(std::size_t zeile);
-    // Asks the sources of every armed row; true while a row has fired and not walked since.
+    // Whether a row has fired and not walked since: one look at all armed sources, and at
+    // every kBlickeJeFrage-th call an ask of each.
     bool Gefeuert();
 
 private:
@@ -60,6 +63,7 @@ private:
     void Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte);
     Plattform& p_;
     std::vector<Zeile> zeilen_;
+    int blicke_ = 0;
 };
 
 }  // namespace kes

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "umgebung.h"
 
@@ -128,6 +129,42 @@ TEST_F(Änderungen, AFolderFiresForAFileComingChangingSizeAndGoing) {
         c.Fired(q.Get());
         EXPECT_TRUE(Still(q)) << f.was << ": went on firing";
     }
+}
+
+// The look between ticks: many sources at once (more than one wait can take), and what it
+// sees is still there for the ask.
+TEST_F(Änderungen, OneLookAtManySources_SeesAFiredOne_AndTakesNothingBack) {
+    Wert(kTestSchlüssel + std::string("\\Kind"), "a");
+    std::vector<ChangeSource> quellen;
+    std::vector<std::uintptr_t> alle;
+    for (int i = 0; i < 70; ++i) {
+        ChangeSource q;
+        ASSERT_EQ(c.WatchKey(kHkeyCurrentUser, kTestSchlüssel + std::string("\\Kind"), kKeyRead, false, &q),
+                  kErrorSuccess);
+        alle.push_back(q.Get());
+        quellen.push_back(std::move(q));
+    }
+    ChangeSource ordnerQuelle = Ordner(ordner);
+    ASSERT_TRUE(ordnerQuelle);
+    alle.push_back(ordnerQuelle.Get());
+    ChangeSource letzte = Schlüssel(false);  // the 72nd, past the first wait's 64
+    alle.push_back(letzte.Get());
+    EXPECT_FALSE(c.AnyFired(alle));
+    Wert(kTestSchlüssel, "b");
+    EXPECT_TRUE(c.AnyFired(alle));
+    EXPECT_TRUE(c.AnyFired(alle)) << "the look took the notification back";
+    EXPECT_TRUE(c.Fired(letzte.Get()));
+    EXPECT_FALSE(c.AnyFired(alle)) << "the ask took it";
+
+    ASSERT_TRUE(p.files.WriteAll(Pfad("neu.exe"), "MZ"));
+    bool gesehen = false;
+    for (int ms = 0; ms <= kWarteMs && !gesehen; ms += 20) {
+        gesehen = c.AnyFired(alle);
+        if (!gesehen) p.system.Sleep(20);
+    }
+    EXPECT_TRUE(gesehen) << "a folder's notification";
+    EXPECT_TRUE(c.AnyFired(alle)) << "the look took the folder's notification back";
+    EXPECT_TRUE(c.Fired(ordnerQuelle.Get()));
 }
 
 TEST_F(Änderungen, ASourceWhoseKeyWasDeletedFiresAtEveryAsk) {

@@ -30,7 +30,24 @@ bool FakeChanges::Fired(std::uintptr_t source) {
     if (!jetzt) return q.kaputt = true;
     if (*jetzt == q.zuletzt) return false;
     q.zuletzt = *jetzt;
-    return !verloren;
+    return true;
+}
+
+void FakeChanges::Verlieren() {
+    for (auto& [id, q] : quellen_)
+        if (const auto jetzt = q.stand()) q.zuletzt = *jetzt;
+}
+
+// As Wine: a key deleted under its source shows only to Fired.
+bool FakeChanges::AnyFired(const std::vector<std::uintptr_t>& sources) {
+    ++geschaut_;
+    for (const std::uintptr_t s : sources) {
+        const Quelle& q = quellen_.at(s);
+        if (q.kaputt) return true;
+        const auto jetzt = q.stand();
+        if (jetzt && *jetzt != q.zuletzt) return true;
+    }
+    return false;
 }
 
 long FakeChanges::CloseSource(std::uintptr_t source) {

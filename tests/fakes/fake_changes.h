@@ -22,12 +22,14 @@ public:
                   ChangeSource* out) override;
     long WatchFolder(const std::string& path, ChangeSource* out) override;
     bool Fired(std::uintptr_t source) override;
+    bool AnyFired(const std::vector<std::uintptr_t>& sources) override;
 
     long verweigert = 0;  // the error every arming answers; 0 arms
-    // While set, an ask answers that nothing fired and forgets what did: a lost notification.
-    bool verloren = false;
+    // What changed so far fires nowhere: every notification pending now is lost.
+    void Verlieren();
     int OpenSources() const { return static_cast<int>(quellen_.size()); }
     int Asked() const { return gefragt_; }
+    int Looked() const { return geschaut_; }
 
 protected:
     long CloseSource(std::uintptr_t source) override;
@@ -44,6 +46,7 @@ private:
     std::map<std::uintptr_t, Quelle> quellen_;
     std::uintptr_t nächste_ = 1;
     int gefragt_ = 0;
+    int geschaut_ = 0;
 };
 
 }  // namespace kes::fake

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/seam/registry_api.h"
 #include "platform/seam/seam_handle.h"
@@ -34,6 +35,11 @@ public:
     // Whether the source fired since it was armed or last asked. A source that cannot be
     // armed again (its key was deleted) answers true from then on.
     virtual bool Fired(std::uintptr_t source) = 0;
+    // Whether any of the sources fired, in one look for all of them and without taking
+    // anything back: what it sees, Fired still answers. For a caller that looks often
+    // between ticks. A source whose key was deleted need not show here (Wine signals
+    // nothing then); Fired sees it.
+    virtual bool AnyFired(const std::vector<std::uintptr_t>& sources) = 0;
 
 protected:
     virtual long CloseSource(std::uintptr_t source) = 0;

@@ -1,5 +1,6 @@
 #include "platform/win32/changes_win32.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace kes::win32 {
@@ -21,8 +22,9 @@ long Win32Changes::WatchKey(RegHandle root, const std::string& subkey, std::uint
     const REGSAM rechte = KEY_NOTIFY | (sam & (KEY_WOW64_32KEY | KEY_WOW64_64KEY));
     long rc = ::RegOpenKeyExA(reinterpret_cast<HKEY>(root), subkey.c_str(), 0, rechte, &q->key);
     if (rc != ERROR_SUCCESS) return rc;
-    // Auto-reset: the ask that sees it signalled takes it back.
-    q->ereignis = ::CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    // Manual reset, so that a look at many sources at once takes nothing back; the ask
+    // that sees it signalled resets it before it arms the key again.
+    q->ereignis = ::CreateEventA(nullptr, TRUE, FALSE, nullptr);
     rc = q->ereignis ? Schärfen(*q) : static_cast<long>(::GetLastError());
     if (rc != ERROR_SUCCESS) {
         if (q->ereignis) ::CloseHandle(q->ereignis);
@@ -53,9 +55,30 @@ bool Win32Changes::Fired(std::uintptr_t source) {
         return false;
     }
     // Armed again before the caller walks, so that what changes meanwhile fires next time.
+    if (q.key) ::ResetEvent(q.ereignis);
     const bool scharf = q.key ? Schärfen(q) == ERROR_SUCCESS : ::FindNextChangeNotification(q.ereignis) != FALSE;
     q.kaputt = !scharf;
     return true;
+}
+
+bool Win32Changes::AnyFired(const std::vector<std::uintptr_t>& sources) {
+    // One wait for up to 64 handles instead of one per source: the look between ticks
+    // then costs the server a call or two, whatever the number of places.
+    std::vector<HANDLE> griffe;
+    griffe.reserve(sources.size());
+    for (const std::uintptr_t s : sources) {
+        const auto& q = *reinterpret_cast<const Quelle*>(s);
+        if (q.kaputt) return true;
+        griffe.push_back(q.ereignis);
+    }
+    for (std::size_t i = 0; i < griffe.size(); i += MAXIMUM_WAIT_OBJECTS) {
+        const auto n = static_cast<DWORD>(std::min<std::size_t>(MAXIMUM_WAIT_OBJECTS, griffe.size() - i));
+        const DWORD rc = ::WaitForMultipleObjects(n, griffe.data() + i, FALSE, 0);
+        if (rc < WAIT_OBJECT_0 + n) return true;
+        // A handle that cannot be waited on: let the sources be asked one by one.
+        if (rc == WAIT_FAILED) return true;
+    }
+    return false;
 }
 
 long Win32Changes::CloseSource(std::uintptr_t source) {

@@ -9,6 +9,7 @@
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
 #include "warning/form3.h"
+#include "watchers/aenderungsquellen.h"
 
 namespace kes::test {
 namespace {
@@ -92,10 +93,8 @@ protected:
     }
     // The change made while every notification is lost.
     void Ungehört() {
-        fp.changes.verloren = true;
         GetParam().ändern(fp);
-        prg.Alarm().änderungen.Gefeuert();
-        fp.changes.verloren = false;
+        fp.changes.Verlieren();
     }
 };
 
@@ -161,6 +160,34 @@ TEST(QuellenZweiterPass, WarningOfTheFirstPass_SecondPassWalksAtTheNextTick) {
     l.fp.timers.Advance(5000);
     ASSERT_TRUE(l.prg.Form3Geladen()) << "the value below HKEY_CURRENT_USER is found";
     EXPECT_EQ(l.prg.Form3().ListView4.Items.at(0).SubItem(1), "HKEY_CURRENT_USER");
+}
+
+// Between ticks the sources are looked at all at once, and each is asked on its own only
+// now and then: a key deleted under its source shows to that ask alone.
+TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFires) {
+    fake::FakePlattform fp;
+    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+    fp.registry.MakeKey(std::string("HKEY_CURRENT_USER\\") + run);
+    fp.registry.MakeKey(std::string("HKEY_CURRENT_USER\\") + run + "Once");
+    Änderungsquellen q(fp.plattform, 2);
+    q.Vorbereiten(0, [&] { return Änderungsorte{{kHkeyCurrentUser, run, false}}; });
+    q.Vorbereiten(1, [&] { return Änderungsorte{{kHkeyCurrentUser, run + "Once", false}}; });
+    for (int i = 1; i < kBlickeJeFrage; ++i) EXPECT_FALSE(q.Gefeuert());
+    EXPECT_EQ(fp.changes.Asked(), 0);
+    EXPECT_EQ(fp.changes.Looked(), kBlickeJeFrage - 1) << "one look for both rows' sources";
+    EXPECT_FALSE(q.Gefeuert());
+    EXPECT_EQ(fp.changes.Asked(), 2) << "each source asked once";
+
+    fp.registry.SetString(std::string("HKEY_CURRENT_USER\\") + run + "Once", "Tool", "C:\\tool.exe");
+    EXPECT_TRUE(q.Gefeuert());
+    EXPECT_TRUE(q.Gefeuert()) << "a look takes nothing back until the row walks";
+    EXPECT_TRUE(q.MussLaufen(1, [&] { return Änderungsorte{{kHkeyCurrentUser, run + "Once", false}}; }));
+    for (int i = 0; i < kBlickeJeFrage; ++i) EXPECT_FALSE(q.Gefeuert()) << "the row walked";
+
+    ASSERT_EQ(fp.registry.DeleteKey(kHkeyCurrentUser, run, 0), kErrorSuccess);
+    int blicke = 0;
+    while (blicke < 2 * kBlickeJeFrage && !q.Gefeuert()) ++blicke;
+    EXPECT_LT(blicke, kBlickeJeFrage) << "the deleted key fires at the next ask of each source";
 }
 
 INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen), [](const auto& info) {
