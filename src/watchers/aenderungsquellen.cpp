@@ -58,6 +58,7 @@ bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änder
         Schärfen(z, orte);
         z.zuletzt = jetzt;
         z.gelaufen = true;
+        z.offen = false;
     }
     z.gefeuert = false;
     return laufen;
@@ -80,7 +81,7 @@ void Änderungsquellen::Vorbereiten(std::size_t zeile, const std::function<Ände
 void Änderungsquellen::Entwaffnen(std::size_t zeile) {
     Zeile& z = zeilen_.at(zeile);
     z.quellen.clear();
-    z.scharf = z.gefeuert = z.gelaufen = z.versucht = false;
+    z.scharf = z.gefeuert = z.gelaufen = z.versucht = z.offen = false;
 }
 
 bool Änderungsquellen::Gefeuert() {
@@ -90,14 +91,14 @@ bool Änderungsquellen::Gefeuert() {
         std::vector<std::uintptr_t> alle;
         for (const Zeile& z : zeilen_) {
             if (!z.scharf) continue;
-            if (z.gefeuert) return true;
+            if (z.gefeuert || z.offen) return true;
             for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
         }
         return !alle.empty() && p_.changes.AnyFired(alle);
     }
     bool irgendeine = false;
     for (Zeile& z : zeilen_)
-        if (z.scharf && Fragen(z)) irgendeine = true;
+        if (z.scharf && (Fragen(z) || z.offen)) irgendeine = true;
     return irgendeine;
 }
 

@@ -41,12 +41,17 @@ public:
     // Arms a row whose box is on before its first walk, so that a change before the first
     // tick brings that tick at once; tried once until the row is disarmed.
     void Vorbereiten(std::size_t zeile, const std::function<Änderungsorte()>& orte);
-    // A pass of the row did not run (the busy flag, its box): it walks at its next run.
-    void Unvollständig(std::size_t zeile) { zeilen_.at(zeile).gelaufen = false; }
+    // A pass of the row did not run (a warning stopped the cycle, its box): it walks at its
+    // next run, which comes at once once the warning is answered.
+    void Unvollständig(std::size_t zeile) {
+        Zeile& z = zeilen_.at(zeile);
+        z.gelaufen = false;
+        z.offen = z.scharf;
+    }
     // The row's box is off: its sources go, and it walks when they are armed again.
     void Entwaffnen(std::size_t zeile);
-    // Whether a row has fired and not walked since: one look at all armed sources, and at
-    // every kBlickeJeFrage-th call an ask of each.
+    // Whether a row has fired, or was stopped short, and not walked since: one look at all
+    // armed sources, and at every kBlickeJeFrage-th call an ask of each.
     bool Gefeuert();
 
 private:
@@ -56,6 +61,7 @@ private:
         bool gefeuert = false;
         bool gelaufen = false;  // walked since it was armed
         bool versucht = false;  // armed, or tried, ahead of its first walk
+        bool offen = false;     // a pass stopped short since its last walk
         std::int64_t zuletzt = 0;
     };
     bool Fragen(Zeile& z);
