@@ -27,8 +27,9 @@ using Änderungsorte = std::vector<Änderungsort>;
 // A walk older than this is done again whatever the sources say: the guard against a
 // notification the system lost.
 inline constexpr std::int64_t kSicherheitsLaufMs = 60000;
-// Of the looks between ticks, every this many asks each source on its own.
-inline constexpr int kBlickeJeFrage = 4;
+// Of the looks between ticks, every this many asks each source on its own: every 5 s at
+// a look each 250 ms. The asks cost the server two calls a source; the look one for all.
+inline constexpr int kBlickeJeFrage = 20;
 
 class Änderungsquellen {
 public:
