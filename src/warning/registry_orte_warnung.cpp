@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
+#include "common/text.h"
+
 #include "platform/hive_ocx.h"
 #include "platform/mehrfachwert.h"
 #include "platform/registry.h"
+#include "warning/antwort.h"
 #include "warning/form3.h"
 #include "warning/loeschen.h"
 #include "warning/uebernehmen.h"
@@ -59,6 +62,8 @@ void RegistryOrt(Form3Fenster& f) {
         ok = f.RegistryLöschenSubkey(Feld(f, 1), Feld(f, 2));
     else if (art == ArtName(Eintragsart::Teil))
         ok = TeilLöschen(f);
+    else if (art == ArtName(Eintragsart::Unentbehrlich))
+        ok = false;  // never deleted: its warning offers "Original" instead
     else
         ok = f.RegistryLöschenValue(Feld(f, 1), Feld(f, 2), Feld(f, 3), Feld(f, 4));
     const RegistryOrte* w = f.K().Alarm().RegistryOrteVon(f.K().W().Kategorieschlüssel);
@@ -67,6 +72,38 @@ void RegistryOrt(Form3Fenster& f) {
               ok ? "< Gelöscht OK >" : "< Gelöscht Nein >");
 }
 }  // namespace entfernen
+
+namespace weitere {
+// A value Windows needs back to the data the baseline knows for it, or, when it knows
+// none, to what Windows itself writes there; after a backup of the value as it stands.
+void RegistryOrtOriginal(Form3Fenster& f) {
+    WarnKontext& k = f.K();
+    RegistryOrte* w = k.Alarm().RegistryOrteVon(k.W().Kategorieschlüssel);
+    const RegHandle root = Wurzel(Feld(f, 1));
+    if (!w || root == 0 || Feld(f, 5) != ArtName(Eintragsart::Unentbehrlich)) return f.raus();
+    const std::string wert = Feld(f, 0) + "\\" + Feld(f, 3);
+    std::string daten;
+    if (const auto bekannt = w->Bekannt(wert))
+        daten = *bekannt;
+    else if (GleichOhneFall(Feld(f, 3), "Userinit"))
+        daten = k.W().Systemordner + "\\userinit.exe,";
+    else
+        daten = "Explorer.exe";
+    Sicherung s = SicherungFür(f);
+    s.Wert(root, Feld(f, 2), Feld(f, 3));
+    Sichern(f, s);
+    bool ok = true;
+    try {
+        HiveOCX(k.P().registry).WriteValue(HiveVonHandle(root), Feld(f, 2), Feld(f, 3), daten);
+    } catch (...) {
+        ok = false;
+    }
+    if (ok && !w->Bekannt(wert)) w->Übernehmen(wert + "\\" + daten);
+    k.Log(w->beschreibung.überschrift, {"Registry: " + wert, "Wert: " + Feld(f, 4)},
+          (ok ? "< Zurückgesetzt OK > auf " : "< Zurückgesetzt Nein > auf ") + daten);
+    f.raus();
+}
+}  // namespace weitere
 
 namespace später {
 std::string RegistryOrt(const Form3Fenster& f) {

@@ -20,23 +20,30 @@ namespace entfernen {
 void RegistryOrt(Form3Fenster& f);
 }  // namespace entfernen
 
+namespace weitere {
+// "Original" for a value Windows needs: the known data back, never a delete.
+void RegistryOrtOriginal(Form3Fenster& f);
+}  // namespace weitere
+
 namespace später {
 // The entry without its data, as the watcher asks: a deferred value that changes stays
 // deferred; a part of a multi-string is deferred by itself.
 std::string RegistryOrt(const Form3Fenster& f);
 }  // namespace später
 
-inline constexpr KategorieZeile RegistryOrtZeile(Kategorie k) {
+inline constexpr KategorieZeile RegistryOrtZeile(Kategorie k, Aktion original = nullptr) {
     return {.kategorie = k,
             .knöpfe = {1, 3},
             .löschenText = "Registry löschen",
             .übernehmen = übernehmen::RegistryOrt,
             .löschen = entfernen::RegistryOrt,
-            .später = später::RegistryOrt};
+            .später = später::RegistryOrt,
+            .original = original};
 }
 
 inline constexpr KategorieZeile kRegistryOrteZeilen[] = {
-    RegistryOrtZeile(Kategorie::Winlogon),           RegistryOrtZeile(Kategorie::AppInitDLLs),
+    // Winlogon has values Windows needs, which go back instead of being deleted.
+    RegistryOrtZeile(Kategorie::Winlogon, weitere::RegistryOrtOriginal), RegistryOrtZeile(Kategorie::AppInitDLLs),
     RegistryOrtZeile(Kategorie::ImageFileExecution), RegistryOrtZeile(Kategorie::PoliciesRun),
     RegistryOrtZeile(Kategorie::ActiveSetup),        RegistryOrtZeile(Kategorie::BootSicherheit),
 };

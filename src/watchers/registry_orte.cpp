@@ -1,5 +1,7 @@
 #include "watchers/registry_orte.h"
 
+#include <algorithm>
+
 #include "common/text.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
@@ -16,6 +18,8 @@ const char* ArtName(Eintragsart art) {
             return "Teil";
         case Eintragsart::Schlüssel:
             return "Schlüssel";
+        case Eintragsart::Unentbehrlich:
+            return "Unentbehrlich";
         default:
             return "Wert";
     }
@@ -40,7 +44,7 @@ void WertEinträge(Plattform& p, RegHandle root, const std::string& key, const s
         if (art == Eintragsart::Schlüssel) aus.push_back({RootName(root), key, name, "", art});
         return;
     }
-    if (art == Eintragsart::Wert) {
+    if (art != Eintragsart::Schlüssel) {
         if (const auto teile = MehrfachLesen(p.registry, root, key, name)) {
             for (const std::string& t : *teile) aus.push_back({RootName(root), key, name, t, Eintragsart::Teil});
             return;
@@ -53,8 +57,12 @@ void OrtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, cons
               std::vector<OrtEintrag>& aus) {
     switch (ort.art) {
         case Ortsart::Werte:
-            for (const char* name : ort.namen)
-                if (name) WertEinträge(p, ort.wurzel, key, name, Eintragsart::Wert, aus);
+            for (const char* name : ort.namen) {
+                if (!name) continue;
+                const bool nötig = std::any_of(ort.unentbehrlich.begin(), ort.unentbehrlich.end(),
+                                               [&](const char* n) { return n && GleichOhneFall(n, name); });
+                WertEinträge(p, ort.wurzel, key, name, nötig ? Eintragsart::Unentbehrlich : Eintragsart::Wert, aus);
+            }
             break;
         case Ortsart::AlleWerte:
             for (const std::string& name : AlleWertnamen(p.registry, ort.wurzel, key))
@@ -166,7 +174,23 @@ void RegistryOrte::Warnen(const OrtEintrag& e) {
         f.Text1[3].Text = e.name;
         f.Text1[4].Text = e.daten;
         f.Text1[5].Text = ArtName(e.art);
+        if (e.art == Eintragsart::Unentbehrlich) {
+            // Deleted, the value would leave Windows without a shell or a logon: the known
+            // data go back instead.
+            f.Image[3].Visible = false;
+            f.Label3[Warnung::LabelVon(3)].Visible = false;
+            f.Zeigen(8);
+            f.Label3[Warnung::LabelVon(8)].Caption = "Original";
+        }
     });
+}
+
+std::optional<std::string> RegistryOrte::Bekannt(const std::string& wert) const {
+    const std::string anfang = Klein(wert + "\\");
+    for (const ListItem& z : liste.Items)
+        if (z.Text.size() > anfang.size() && Klein(z.Text.substr(0, anfang.size())) == anfang)
+            return z.Text.substr(anfang.size());
+    return std::nullopt;
 }
 
 void RegistryOrte::Übernehmen(const std::string& zeile) {

@@ -37,6 +37,9 @@ struct RegistryOrt {
     std::array<const char*, 5> namen{};
     // A place below HKLM\Software is read in the 32-bit view too.
     bool beideAnsichten = false;
+    // Named values that Windows cannot start a session without: a warning of one offers to
+    // put back the known data ("Original"), never to delete it.
+    std::array<const char*, 2> unentbehrlich{};
 };
 
 struct OrteBeschreibung {
@@ -46,8 +49,9 @@ struct OrteBeschreibung {
     std::span<const RegistryOrt> orte;
 };
 
-// How an entry goes when the user deletes it; the warning keeps it in a field.
-enum class Eintragsart { Wert, Teil, Schlüssel };
+// How an entry goes when the user deletes it; the warning keeps it in a field. An
+// Unentbehrlich value is not deleted but put back.
+enum class Eintragsart { Wert, Teil, Schlüssel, Unentbehrlich };
 const char* ArtName(Eintragsart art);
 
 // One entry found: a value (or a part of a multi-string, or a subkey) with its data.
@@ -85,6 +89,9 @@ public:
 
     // The accept of a warning: the entry's line into the baseline.
     void Übernehmen(const std::string& zeile);
+    // The data the baseline knows for a value ("root\\key\\name"), the first line of it;
+    // none when it knows none.
+    std::optional<std::string> Bekannt(const std::string& wert) const;
     // The panel's menu: the selected rows removed from the baseline.
     void MarkierteLöschen(ListenPanel& panel);
     // The keys the passes read, in each view they are read in; with everything below them

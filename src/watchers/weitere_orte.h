@@ -20,7 +20,12 @@ inline constexpr const char* kWinlogon = "Software\\Microsoft\\Windows NT\\Curre
 inline constexpr const char* kPoliciesRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
 
 inline constexpr RegistryOrt kWinlogon_[] = {
-    {kHkeyLocalMachine, kWinlogon, Ortsart::Werte, {"Shell", "Userinit", "Taskman", "System", "VmApplet"}, true},
+    {kHkeyLocalMachine,
+     kWinlogon,
+     Ortsart::Werte,
+     {"Shell", "Userinit", "Taskman", "System", "VmApplet"},
+     true,
+     {"Shell", "Userinit"}},
     {kHkeyCurrentUser, kWinlogon, Ortsart::Werte, {"Shell", "Userinit", "Taskman", "System", "VmApplet"}},
     {kHkeyLocalMachine,
      "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon\\Notify",

@@ -206,8 +206,8 @@ const Szenario& AntwortTest::Von(K k) {
     static const std::map<K, Szenario> kSzenarien = {
         {K::Winlogon, ort(
                           33, &AlarmDaten::winlogon,
-                          [](T& t) { t.fp.registry.SetString(kWinlogon, "Shell", "C:\\boese.exe"); },
-                          [](T& t) { return t.Wert(kWinlogon, "Shell"); })},
+                          [](T& t) { t.fp.registry.SetString(kWinlogon, "Taskman", "C:\\boese.exe"); },
+                          [](T& t) { return t.Wert(kWinlogon, "Taskman"); })},
         {K::AppInitDLLs, ort(
                              34, &AlarmDaten::appInit,
                              [](T& t) { t.fp.registry.SetString(kAppInit, "AppInit_DLLs", "C:\\boese.dll"); },
@@ -448,6 +448,9 @@ const std::vector<Fall> kFälle = {
     {K::Winlogon, A::Später, -1, E::FürDenLauf},
     {K::Winlogon, A::Löschen, -1, E::Weg},
     {K::Winlogon, A::Übernehmen, -1, E::FürImmer, L::ListView14},
+    // "Original" is for Shell and Userinit of the machine; for any other value it only
+    // closes the window.
+    {K::Winlogon, A::Original, -1, E::WarntWieder},
     {K::AppInitDLLs, A::Übernehmen},
     {K::AppInitDLLs, A::Später, -1, E::FürDenLauf},
     {K::AppInitDLLs, A::Löschen, -1, E::Weg},

@@ -183,6 +183,56 @@ TEST(RegistryOrte, DeleteRemovesExactlyWhatWasFound_AfterItsBackup) {
     }
 }
 
+// Shell and Userinit of the machine cannot be deleted without leaving Windows without a
+// shell or a logon: their warning offers "Original", which puts back the data the baseline
+// knows, or else Windows' own, after a backup. The user's Shell is deleted as any value.
+struct Zurücksetzfall {
+    const char* fall;
+    const char* wurzel;
+    const char* name;
+    const char* vorher;  // nullptr: not there when the baseline is taken
+    std::string danach;  // the value after "Original"; empty: the warning offers the delete
+};
+
+const Zurücksetzfall kZurücksetzfälle[] = {
+    {"Shell known to the baseline", "HKEY_LOCAL_MACHINE\\", "Shell", "C:\\WINDOWS\\explorer.exe",
+     "C:\\WINDOWS\\explorer.exe"},
+    {"Userinit unknown to the baseline", "HKEY_LOCAL_MACHINE\\", "Userinit", nullptr,
+     "C:\\WINDOWS\\system32\\userinit.exe,"},
+    {"Shell unknown to the baseline", "HKEY_LOCAL_MACHINE\\", "Shell", nullptr, "Explorer.exe"},
+    {"the user's Shell", "HKEY_CURRENT_USER\\", "Shell", nullptr, ""},
+};
+
+TEST(RegistryOrte, ValuesWindowsNeeds_GoBackToTheKnownData_NeverDeleted) {
+    for (const Zurücksetzfall& fall : kZurücksetzfälle) {
+        SCOPED_TRACE(fall.fall);
+        Lauf l;
+        l.prg.AnzeigeLöschen = true;
+        const std::string key = std::string(fall.wurzel) + kNt + "Winlogon";
+        if (fall.vorher) l.fp.registry.SetString(key, fall.name, fall.vorher);
+        RegistryOrte& w = l.a().winlogon;
+        w.Teste();
+        l.fp.registry.SetString(key, fall.name, "explorer.exe boese.exe");
+        w.Teste();
+        ASSERT_TRUE(l.prg.Form3Geladen());
+        Form3Fenster& f = l.prg.Form3();
+        const bool original = !fall.danach.empty();
+        EXPECT_EQ(f.Image[3].Visible, !original);
+        EXPECT_EQ(f.Image[8].Visible, original);
+        if (!original) continue;
+        EXPECT_EQ(f.Label3[Warnung::LabelVon(8)].Caption, "Original");
+        f.Image_Click(8);
+        EXPECT_FALSE(l.prg.Form3Geladen());
+        const int hive = std::string(fall.wurzel) == "HKEY_LOCAL_MACHINE\\" ? 2 : 1;
+        EXPECT_EQ(HiveOCX(l.fp.registry).ReadValue(hive, kNt + "Winlogon", fall.name), fall.danach);
+        const auto journal = Journal(l.fp.files, l.fp.system, l.prg.Programmordner).Lesen();
+        ASSERT_FALSE(journal.einträge.empty());
+        EXPECT_FALSE(journal.einträge.back().sicherung.empty()) << "no backup";
+        w.Teste();
+        EXPECT_FALSE(l.prg.Form3Geladen()) << "the data put back are known";
+    }
+}
+
 TEST(RegistryOrte, BoxSwitchedOnWithoutBaseline_TakesThePresentState_ThenWarns) {
     Lauf l;
     l.fp.registry.SetString(kHklm + kNt + "Windows", "AppInit_DLLs", "alt.dll");

@@ -83,7 +83,7 @@ Ort WeitererOrt(const char* name, RegistryOrte AlarmDaten::*w, const std::string
 }
 
 const Ort kOrte[] = {
-    WeitererOrt("Winlogon", &AlarmDaten::winlogon, kWinlogon, "Shell"),
+    WeitererOrt("Winlogon", &AlarmDaten::winlogon, kWinlogon, "Taskman"),
     WeitererOrt("Active Setup", &AlarmDaten::activeSetup, kActiveSetup, "StubPath"),
     Autostart("Run"),
     Autostart("RunOnce"),
