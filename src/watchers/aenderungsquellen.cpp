@@ -58,7 +58,6 @@ bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änder
         Schärfen(z, orte);
         z.zuletzt = jetzt;
         z.gelaufen = true;
-        z.offen = false;
     }
     z.gefeuert = false;
     return laufen;
@@ -81,7 +80,7 @@ void Änderungsquellen::Vorbereiten(std::size_t zeile, const std::function<Ände
 void Änderungsquellen::Entwaffnen(std::size_t zeile) {
     Zeile& z = zeilen_.at(zeile);
     z.quellen.clear();
-    z.scharf = z.gefeuert = z.gelaufen = z.versucht = z.offen = false;
+    z.scharf = z.gefeuert = z.gelaufen = z.versucht = false;
 }
 
 bool Änderungsquellen::Gefeuert() {
@@ -91,14 +90,14 @@ bool Änderungsquellen::Gefeuert() {
         std::vector<std::uintptr_t> alle;
         for (const Zeile& z : zeilen_) {
             if (!z.scharf) continue;
-            if (z.gefeuert || z.offen) return true;
+            if (z.gefeuert) return true;
             for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
         }
         return !alle.empty() && p_.changes.AnyFired(alle);
     }
     bool irgendeine = false;
     for (Zeile& z : zeilen_)
-        if (z.scharf && (Fragen(z) || z.offen)) irgendeine = true;
+        if (z.scharf && Fragen(z)) irgendeine = true;
     return irgendeine;
 }
 

@@ -43,16 +43,14 @@ public:
     // tick brings that tick at once; tried once until the row is disarmed.
     void Vorbereiten(std::size_t zeile, const std::function<Änderungsorte()>& orte);
     // A pass of the row did not run (a warning stopped the cycle, its box): it walks at its
-    // next run, which comes at once once the warning is answered.
-    void Unvollständig(std::size_t zeile) {
-        Zeile& z = zeilen_.at(zeile);
-        z.gelaufen = false;
-        z.offen = z.scharf;
-    }
+    // next run. That run waits for the stage or a source, not for the answer: a warning
+    // closed without an answer that silences it comes back at the next tick, and that
+    // tick must not come at once.
+    void Unvollständig(std::size_t zeile) { zeilen_.at(zeile).gelaufen = false; }
     // The row's box is off: its sources go, and it walks when they are armed again.
     void Entwaffnen(std::size_t zeile);
-    // Whether a row has fired, or was stopped short, and not walked since: one look at all
-    // armed sources, and at every kBlickeJeFrage-th call an ask of each.
+    // Whether a row has fired and not walked since: one look at all armed sources, and at
+    // every kBlickeJeFrage-th call an ask of each.
     bool Gefeuert();
 
 private:
@@ -62,7 +60,6 @@ private:
         bool gefeuert = false;
         bool gelaufen = false;  // walked since it was armed
         bool versucht = false;  // armed, or tried, ahead of its first walk
-        bool offen = false;     // a pass stopped short since its last walk
         std::int64_t zuletzt = 0;
     };
     bool Fragen(Zeile& z);

@@ -190,6 +190,28 @@ TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFi
     EXPECT_LT(blicke, kBlickeJeFrage) << "the deleted key fires at the next ask of each source";
 }
 
+// A warning closed without an answer that silences it comes back at the next tick of the
+// stage, not at once: the rows it stopped short wait for the stage like the rest.
+TEST(QuellenZweiterPass, WarningClosedUnanswered_ComesBackAtTheStagesTick) {
+    Lauf l;
+    PropertyBag bag;
+    bag.WriteProperty("Aufab1", std::int16_t{5});
+    l.fp.files.Put(l.prg.Programmordner + "kestrella.dat", bag.Contents());
+    l.fp.registry.MakeKey(kRun);
+    ASSERT_TRUE(Main(l.prg));
+    l.a().Box1[13].setValue(1);
+    l.fp.timers.Advance(5000);
+    l.fp.registry.SetString(kRun, "Tool", "C:\\tool.exe");
+    l.fp.timers.Advance(kSofortMs);
+    ASSERT_TRUE(l.prg.Form3Geladen());
+    l.prg.Form3Entladen();
+    l.prg.Aufräumen();
+    l.fp.timers.Advance(5000 - 2 * kSofortMs);
+    EXPECT_FALSE(l.prg.Form3Geladen()) << "back before the stage's tick";
+    l.fp.timers.Advance(2 * kSofortMs);
+    EXPECT_TRUE(l.prg.Form3Geladen());
+}
+
 INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen), [](const auto& info) {
     std::string n;
     for (char c : std::string(info.param.name))
