@@ -82,8 +82,9 @@ void RegistryOrtOriginal(Form3Fenster& f) {
     const RegHandle root = Wurzel(Feld(f, 1));
     if (!w || root == 0 || Feld(f, 5) != ArtName(Eintragsart::Unentbehrlich)) return f.raus();
     const std::string wert = Feld(f, 0) + "\\" + Feld(f, 3);
+    const auto bekannt = w->Bekannt(wert);
     std::string daten;
-    if (const auto bekannt = w->Bekannt(wert))
+    if (bekannt)
         daten = *bekannt;
     else if (GleichOhneFall(Feld(f, 3), "Userinit"))
         daten = k.W().Systemordner + "\\userinit.exe,";
@@ -98,7 +99,7 @@ void RegistryOrtOriginal(Form3Fenster& f) {
     } catch (...) {
         ok = false;
     }
-    if (ok && !w->Bekannt(wert)) w->Übernehmen(wert + "\\" + daten);
+    if (ok && !bekannt) w->Übernehmen(wert + "\\" + daten);
     k.Log(w->beschreibung.überschrift, {"Registry: " + wert, "Wert: " + Feld(f, 4)},
           (ok ? "< Zurückgesetzt OK > auf " : "< Zurückgesetzt Nein > auf ") + daten);
     f.raus();

@@ -137,23 +137,30 @@ TEST_P(Quellen, SofortOff_ChangeWaitsForTheStage) {
     EXPECT_TRUE(prg.Form3Geladen());
 }
 
-// A Run value of the user is seen first below HKEY_USERS, by the first pass of the autostart
-// row, so the second pass does not run: once accepted, the second pass must walk, not take
-// its older listing, and find the value below HKEY_CURRENT_USER.
-TEST(QuellenZweiterPass, WarningOfTheFirstPass_SecondPassWalksAtTheNextTick) {
+// A new Run value of the user at stage 5, its warning open: seen first below HKEY_USERS, by
+// the first pass of the autostart row, so the second pass did not run.
+class RunWarnung : public ::testing::Test {
+protected:
     Lauf l;
-    PropertyBag bag;
-    bag.WriteProperty("Aufab1", std::int16_t{5});
-    l.fp.files.Put(l.prg.Programmordner + "kestrella.dat", bag.Contents());
-    l.fp.registry.MakeKey(kRun);
-    ASSERT_TRUE(Main(l.prg));
-    l.a().Box1[13].setValue(1);
-    l.fp.timers.Advance(5000);
-    ASSERT_FALSE(l.prg.Form3Geladen());
-    l.fp.registry.SetString(kRun, "Tool", "C:\\tool.exe");
-    l.fp.timers.Advance(kSofortMs);
-    ASSERT_TRUE(l.prg.Form3Geladen());
-    EXPECT_EQ(l.prg.Form3().ListView4.Items.at(0).SubItem(1), "HKEY_USERS");
+    void SetUp() override {
+        PropertyBag bag;
+        bag.WriteProperty("Aufab1", std::int16_t{5});
+        l.fp.files.Put(l.prg.Programmordner + "kestrella.dat", bag.Contents());
+        l.fp.registry.MakeKey(kRun);
+        ASSERT_TRUE(Main(l.prg));
+        l.a().Box1[13].setValue(1);
+        l.fp.timers.Advance(5000);
+        ASSERT_FALSE(l.prg.Form3Geladen());
+        l.fp.registry.SetString(kRun, "Tool", "C:\\tool.exe");
+        l.fp.timers.Advance(kSofortMs);
+        ASSERT_TRUE(l.prg.Form3Geladen());
+        ASSERT_EQ(l.prg.Form3().ListView4.Items.at(0).SubItem(1), "HKEY_USERS");
+    }
+};
+
+// Once accepted, the second pass must walk, not take its older listing, and find the value
+// below HKEY_CURRENT_USER.
+TEST_F(RunWarnung, WarningOfTheFirstPass_SecondPassWalksAtTheNextTick) {
     l.prg.Form3().Image_Click(1);  // "Übernehmen"
     l.prg.Aufräumen();
     ASSERT_FALSE(l.prg.Form3Geladen());
@@ -162,54 +169,43 @@ TEST(QuellenZweiterPass, WarningOfTheFirstPass_SecondPassWalksAtTheNextTick) {
     EXPECT_EQ(l.prg.Form3().ListView4.Items.at(0).SubItem(1), "HKEY_CURRENT_USER");
 }
 
-// Between ticks the sources are looked at all at once, and each is asked on its own only
-// now and then: a key deleted under its source shows to that ask alone.
-TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFires) {
-    fake::FakePlattform fp;
-    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-    fp.registry.MakeKey(std::string("HKEY_CURRENT_USER\\") + run);
-    fp.registry.MakeKey(std::string("HKEY_CURRENT_USER\\") + run + "Once");
-    Änderungsquellen q(fp.plattform, 2);
-    q.Vorbereiten(0, [&] { return Änderungsorte{{kHkeyCurrentUser, run, false}}; });
-    q.Vorbereiten(1, [&] { return Änderungsorte{{kHkeyCurrentUser, run + "Once", false}}; });
-    for (int i = 1; i < kBlickeJeFrage; ++i) EXPECT_FALSE(q.Gefeuert());
-    EXPECT_EQ(fp.changes.Asked(), 0);
-    EXPECT_EQ(fp.changes.Looked(), kBlickeJeFrage - 1) << "one look for both rows' sources";
-    EXPECT_FALSE(q.Gefeuert());
-    EXPECT_EQ(fp.changes.Asked(), 2) << "each source asked once";
-
-    fp.registry.SetString(std::string("HKEY_CURRENT_USER\\") + run + "Once", "Tool", "C:\\tool.exe");
-    EXPECT_TRUE(q.Gefeuert());
-    EXPECT_TRUE(q.Gefeuert()) << "a look takes nothing back until the row walks";
-    EXPECT_TRUE(q.MussLaufen(1, [&] { return Änderungsorte{{kHkeyCurrentUser, run + "Once", false}}; }));
-    for (int i = 0; i < kBlickeJeFrage; ++i) EXPECT_FALSE(q.Gefeuert()) << "the row walked";
-
-    ASSERT_EQ(fp.registry.DeleteKey(kHkeyCurrentUser, run, 0), kErrorSuccess);
-    int blicke = 0;
-    while (blicke < 2 * kBlickeJeFrage && !q.Gefeuert()) ++blicke;
-    EXPECT_LT(blicke, kBlickeJeFrage) << "the deleted key fires at the next ask of each source";
-}
-
 // A warning closed without an answer that silences it comes back at the next tick of the
 // stage, not at once: the rows it stopped short wait for the stage like the rest.
-TEST(QuellenZweiterPass, WarningClosedUnanswered_ComesBackAtTheStagesTick) {
-    Lauf l;
-    PropertyBag bag;
-    bag.WriteProperty("Aufab1", std::int16_t{5});
-    l.fp.files.Put(l.prg.Programmordner + "kestrella.dat", bag.Contents());
-    l.fp.registry.MakeKey(kRun);
-    ASSERT_TRUE(Main(l.prg));
-    l.a().Box1[13].setValue(1);
-    l.fp.timers.Advance(5000);
-    l.fp.registry.SetString(kRun, "Tool", "C:\\tool.exe");
-    l.fp.timers.Advance(kSofortMs);
-    ASSERT_TRUE(l.prg.Form3Geladen());
+TEST_F(RunWarnung, WarningClosedUnanswered_ComesBackAtTheStagesTick) {
     l.prg.Form3Entladen();
     l.prg.Aufräumen();
     l.fp.timers.Advance(5000 - 2 * kSofortMs);
     EXPECT_FALSE(l.prg.Form3Geladen()) << "back before the stage's tick";
     l.fp.timers.Advance(2 * kSofortMs);
     EXPECT_TRUE(l.prg.Form3Geladen());
+}
+
+// Between ticks the sources are looked at all at once, and each is asked on its own only
+// now and then: a key deleted under its source shows to that ask alone.
+TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFires) {
+    fake::FakePlattform fp;
+    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run", once = run + "Once";
+    for (const std::string& k : {run, once}) fp.registry.MakeKey("HKEY_CURRENT_USER\\" + k);
+    auto orte = [](const std::string& k) { return [k] { return Änderungsorte{{kHkeyCurrentUser, k, false}}; }; };
+    Änderungsquellen q(fp.plattform, 2);
+    q.Vorbereiten(0, orte(run));
+    q.Vorbereiten(1, orte(once));
+    for (int i = 1; i < kBlickeJeFrage; ++i) EXPECT_FALSE(q.Gefeuert());
+    EXPECT_EQ(fp.changes.Asked(), 0);
+    EXPECT_EQ(fp.changes.Looked(), kBlickeJeFrage - 1) << "one look for both rows' sources";
+    EXPECT_FALSE(q.Gefeuert());
+    EXPECT_EQ(fp.changes.Asked(), 2) << "each source asked once";
+
+    fp.registry.SetString("HKEY_CURRENT_USER\\" + once, "Tool", "C:\\tool.exe");
+    EXPECT_TRUE(q.Gefeuert());
+    EXPECT_TRUE(q.Gefeuert()) << "a look takes nothing back until the row walks";
+    EXPECT_TRUE(q.MussLaufen(1, orte(once)));
+    for (int i = 0; i < kBlickeJeFrage; ++i) EXPECT_FALSE(q.Gefeuert()) << "the row walked";
+
+    ASSERT_EQ(fp.registry.DeleteKey(kHkeyCurrentUser, run, 0), kErrorSuccess);
+    int blicke = 0;
+    while (blicke < 2 * kBlickeJeFrage && !q.Gefeuert()) ++blicke;
+    EXPECT_LT(blicke, kBlickeJeFrage) << "the deleted key fires at the next ask of each source";
 }
 
 INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen), [](const auto& info) {
