@@ -42,7 +42,10 @@ namespace kes {
     X(ImageFileExecution) \
     X(PoliciesRun) \
     X(ActiveSetup) \
-    X(BootSicherheit)
+    X(BootSicherheit) \
+    X(Winsock) \
+    X(ShellErweiterungen) \
+    X(IEToolbar)
 // clang-format on
 
 enum class Kategorie {

@@ -19,6 +19,9 @@ namespace {
 // The fields the watcher filled: 0 the key with its root, 1 the root, 2 the key, 3 the
 // value's name, 4 the data, 5 how the entry goes.
 std::string Eintrag(const Form3Fenster& f) {
+    // A catalog entry is known without its subkey's number.
+    if (Feld(f, 5) == ArtName(Eintragsart::Katalog))
+        return Feld(f, 1) + "\\" + KatalogSchlüssel(Feld(f, 2)) + "\\" + Feld(f, 3) + "\\" + Feld(f, 4);
     return Feld(f, 0) + "\\" + Feld(f, 3) + "\\" + Feld(f, 4);
 }
 
@@ -58,7 +61,7 @@ namespace entfernen {
 void RegistryOrt(Form3Fenster& f) {
     const std::string art = Feld(f, 5);
     bool ok = false;
-    if (art == ArtName(Eintragsart::Schlüssel))
+    if (art == ArtName(Eintragsart::Schlüssel) || art == ArtName(Eintragsart::Katalog))
         ok = f.RegistryLöschenSubkey(Feld(f, 1), Feld(f, 2));
     else if (art == ArtName(Eintragsart::Teil))
         ok = TeilLöschen(f);
@@ -108,6 +111,7 @@ void RegistryOrtOriginal(Form3Fenster& f) {
 
 namespace später {
 std::string RegistryOrt(const Form3Fenster& f) {
+    if (Feld(f, 5) == ArtName(Eintragsart::Katalog)) return Eintrag(f);
     const bool teil = Feld(f, 5) == ArtName(Eintragsart::Teil);
     return Feld(f, 0) + "\\" + Feld(f, 3) + (teil ? "\\" + Feld(f, 4) : "");
 }

@@ -43,9 +43,15 @@ inline constexpr KategorieZeile RegistryOrtZeile(Kategorie k, Aktion original = 
 
 inline constexpr KategorieZeile kRegistryOrteZeilen[] = {
     // Winlogon has values Windows needs, which go back instead of being deleted.
-    RegistryOrtZeile(Kategorie::Winlogon, weitere::RegistryOrtOriginal), RegistryOrtZeile(Kategorie::AppInitDLLs),
-    RegistryOrtZeile(Kategorie::ImageFileExecution), RegistryOrtZeile(Kategorie::PoliciesRun),
-    RegistryOrtZeile(Kategorie::ActiveSetup),        RegistryOrtZeile(Kategorie::BootSicherheit),
+    RegistryOrtZeile(Kategorie::Winlogon, weitere::RegistryOrtOriginal),
+    RegistryOrtZeile(Kategorie::AppInitDLLs),
+    RegistryOrtZeile(Kategorie::ImageFileExecution),
+    RegistryOrtZeile(Kategorie::PoliciesRun),
+    RegistryOrtZeile(Kategorie::ActiveSetup),
+    RegistryOrtZeile(Kategorie::BootSicherheit),
+    RegistryOrtZeile(Kategorie::Winsock),
+    RegistryOrtZeile(Kategorie::ShellErweiterungen),
+    RegistryOrtZeile(Kategorie::IEToolbar),
 };
 
 }  // namespace kes

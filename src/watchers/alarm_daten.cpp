@@ -27,10 +27,14 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       policiesRun(k, kPoliciesRunOrte, ListView17),
       activeSetup(k, kActiveSetupOrte, ListView18),
       bootSicherheit(k, kBootSicherheitOrte, ListView19),
+      winsock(k, kWinsockOrte, ListView20),
+      shellErweiterungen(k, kShellErweiterungenOrte, ListView21),
+      ieToolbar(k, kIEToolbarOrte, ListView22),
       änderungen(k.P(), Wächtertabelle().size()),
       k_(k) {
     ListView1.Columns = {"Wert"};
-    for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19}) {
+    for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19, &ListView20,
+                        &ListView21, &ListView22}) {
         l->Columns = {"Eintrag"};
         l->ColumnWidths = {600};  // a line is long; the list scrolls sideways
     }
@@ -45,7 +49,8 @@ std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {
 }
 
 RegistryOrte* AlarmDaten::RegistryOrteVon(Kategorie kategorie) {
-    for (RegistryOrte* w : {&winlogon, &appInit, &imageFileExecution, &policiesRun, &activeSetup, &bootSicherheit})
+    for (RegistryOrte* w : {&winlogon, &appInit, &imageFileExecution, &policiesRun, &activeSetup, &bootSicherheit,
+                            &winsock, &shellErweiterungen, &ieToolbar})
         if (w->beschreibung.kategorie == kategorie) return w;
     return nullptr;
 }

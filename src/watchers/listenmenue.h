@@ -43,7 +43,10 @@ class Grundliste;
     X(ListView16) \
     X(ListView17) \
     X(ListView18) \
-    X(ListView19)
+    X(ListView19) \
+    X(ListView20) \
+    X(ListView21) \
+    X(ListView22)
 // clang-format on
 
 enum class Ausnahmeliste {

@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "common/text.h"
+#include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
 #include "platform/hive_ocx.h"
+#include "platform/icoholen.h"
 #include "platform/mehrfachwert.h"
 #include "platform/registry.h"
 #include "watchers/bekannte_texte.h"
@@ -20,16 +22,25 @@ const char* ArtName(Eintragsart art) {
             return "Schlüssel";
         case Eintragsart::Unentbehrlich:
             return "Unentbehrlich";
+        case Eintragsart::Katalog:
+            return "Katalog";
         default:
             return "Wert";
     }
 }
 
+std::string KatalogSchlüssel(const std::string& schlüssel) {
+    return schlüssel.substr(0, std::min(schlüssel.size(), schlüssel.rfind('\\')));
+}
+
 std::string OrtEintrag::Zeile() const {
-    return wurzel + "\\" + schlüssel + "\\" + name + "\\" + daten;
+    const std::string ort = art == Eintragsart::Katalog ? KatalogSchlüssel(schlüssel) : schlüssel;
+    return wurzel + "\\" + ort + "\\" + name + "\\" + daten;
 }
 
 std::string OrtEintrag::Aufschub() const {
+    // A catalog entry by its library, whichever number it has now.
+    if (art == Eintragsart::Katalog) return Zeile();
     return wurzel + "\\" + schlüssel + "\\" + name + (art == Eintragsart::Teil ? "\\" + daten : "");
 }
 
@@ -53,8 +64,44 @@ void WertEinträge(Plattform& p, RegHandle root, const std::string& key, const s
     aus.push_back({RootName(root), key, name, hive.ReadValue(code, key, name), art});
 }
 
-void OrtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, const std::function<void()>& pumpen,
-              std::vector<OrtEintrag>& aus) {
+// The library a catalog item names: the text of a path value, or the ANSI path at the head
+// of a binary item, up to its first NUL. Empty when the value is missing.
+std::string KatalogPfad(Plattform& p, RegHandle root, const std::string& key, const char* name) {
+    RegKey k;
+    if (p.registry.OpenKeyEx(root, key, kKeyRead, &k) != kErrorSuccess) return "";
+    std::uint32_t typ = 0, grösse = 0;
+    if (p.registry.QueryValueEx(k.Get(), name, &typ, nullptr, &grösse) != kErrorSuccess) return "";
+    std::vector<std::uint8_t> daten(grösse + 1, 0);
+    if (p.registry.QueryValueEx(k.Get(), name, &typ, daten.data(), &grösse) != kErrorSuccess) return "";
+    daten.resize(std::min<std::size_t>(grösse, daten.size()));
+    const auto ende = std::find(daten.begin(), daten.end(), std::uint8_t{0});
+    return std::string(daten.begin(), ende);
+}
+
+// The server file of a class, read in the classes of the view the entry came from.
+std::string Serverdatei(Plattform& p, const std::string& schlüssel, const std::string& klasse) {
+    if (klasse.empty()) return "";
+    const std::string c = "CLSID\\" + klasse.substr(0, klasse.find(';'));
+    return HiveOCX(p.registry)
+        .ReadValue(0, (IstPfad32(schlüssel) ? Pfad32(kHkeyClassesRoot, c) : c) + "\\InprocServer32", "");
+}
+
+// The entries of a place that names classes become their server files; a class without one
+// is dropped.
+void KlassenAuflösen(Plattform& p, Klassenform form, std::vector<OrtEintrag>& einträge, std::size_t ab) {
+    std::vector<OrtEintrag> aufgelöst(einträge.begin(), einträge.begin() + static_cast<std::ptrdiff_t>(ab));
+    for (std::size_t i = ab; i < einträge.size(); ++i) {
+        OrtEintrag e = einträge[i];
+        e.daten = Serverdatei(p, e.schlüssel, form == Klassenform::Wertname ? e.name : e.daten);
+        if (e.daten.empty()) continue;
+        e.datei = true;
+        aufgelöst.push_back(std::move(e));
+    }
+    einträge = std::move(aufgelöst);
+}
+
+void OrtArtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, const std::function<void()>& pumpen,
+                 std::vector<OrtEintrag>& aus) {
     switch (ort.art) {
         case Ortsart::Werte:
             for (const char* name : ort.namen) {
@@ -79,7 +126,24 @@ void OrtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, cons
             }
             break;
         }
+        case Ortsart::Katalog:
+            for (const std::string& kind : ListSubkeys(p, ort.wurzel, key)) {
+                if (kind.empty()) continue;
+                pumpen();
+                const std::string pfad = KatalogPfad(p, ort.wurzel, key + "\\" + kind, ort.namen[0]);
+                if (!pfad.empty())
+                    aus.push_back(
+                        {RootName(ort.wurzel), key + "\\" + kind, ort.namen[0], pfad, Eintragsart::Katalog, true});
+            }
+            break;
     }
+}
+
+void OrtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, const std::function<void()>& pumpen,
+              std::vector<OrtEintrag>& aus) {
+    const std::size_t ab = aus.size();
+    OrtArtLesen(p, ort, key, pumpen, aus);
+    if (ort.klasse != Klassenform::Keine) KlassenAuflösen(p, ort.klasse, aus, ab);
 }
 }  // namespace
 
@@ -146,7 +210,7 @@ void RegistryOrte::Teste() {
 Änderungsorte RegistryOrte::Orte() {
     Änderungsorte orte;
     for (const RegistryOrt& ort : beschreibung.orte) {
-        const bool darunter = ort.art == Ortsart::WertJeSchlüssel || ort.art == Ortsart::Unterschlüssel;
+        const bool darunter = ort.art != Ortsart::Werte && ort.art != Ortsart::AlleWerte;
         const std::vector<std::string> pfade = ort.beideAnsichten ? BeideAnsichten(k_.P(), ort.wurzel, ort.schlüssel)
                                                                   : std::vector<std::string>{ort.schlüssel};
         for (const std::string& pfad : pfade) orte.push_back({ort.wurzel, pfad, darunter});
@@ -157,10 +221,18 @@ void RegistryOrte::Teste() {
 void RegistryOrte::Warnen(const OrtEintrag& e) {
     k_.Warnen(beschreibung.kategorie, [&](Warnung& f) {
         f.Label1[0].Caption = beschreibung.überschrift;
-        f.Label1[1].Caption =
-            "Name: " + e.wurzel + "\\" + e.schlüssel + (e.art == Eintragsart::Schlüssel ? "" : "\\" + e.name);
+        const bool schlüssel = e.art == Eintragsart::Schlüssel || e.art == Eintragsart::Katalog;
+        f.Label1[1].Caption = "Name: " + e.wurzel + "\\" + e.schlüssel + (schlüssel ? "" : "\\" + e.name);
         f.Label1[2].Caption = "Pfad: " + e.daten;
-        f.ListView2.Visible = false;
+        std::string datei = e.daten;
+        if (e.datei) {
+            // A server file or library: its details, as the warnings of the class lists show them.
+            datei = PfadErweitern(datei, k_.W().Windowsordner);
+            f.ListView2.Add(DateiName(datei)).SmallIcon = 4;
+            f.ListView2.Add(datei).SmallIcon = 5;
+        } else {
+            f.ListView2.Visible = false;
+        }
         ListItem& reihe = f.ListView4.Add("Autostart");
         reihe.SmallIcon = 1;
         reihe.SetSubItem(1, e.wurzel);
@@ -181,6 +253,10 @@ void RegistryOrte::Warnen(const OrtEintrag& e) {
             f.Label3[Warnung::LabelVon(3)].Visible = false;
             f.Zeigen(8);
             f.Label3[Warnung::LabelVon(8)].Caption = "Original";
+        }
+        if (e.datei) {
+            holedaten(k_.P(), f, datei);
+            IcoHolen(k_.P(), datei, f.picProcIcon);
         }
     });
 }

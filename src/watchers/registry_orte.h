@@ -28,6 +28,18 @@ enum class Ortsart {
     AlleWerte,        // every value of the key
     WertJeSchlüssel,  // the first named value of each subkey, where the subkey has it
     Unterschlüssel,   // each subkey, with the first named value as its data; delete removes the subkey
+    // Each subkey of a catalog, by the library its first named value names: a path as text, or
+    // a binary catalog item with the path at its head. Windows renumbers a catalog's subkeys
+    // when a provider comes or goes, so an entry is known by its path, not by its number.
+    Katalog,
+};
+
+// Where a place's entries name a component class, the entry stands for the class's server
+// file; a class without one passes in silence, as on the lists of helper objects.
+enum class Klassenform {
+    Keine,
+    Wertname,  // the value's name is the class
+    Daten,     // the value's data are the class
 };
 
 struct RegistryOrt {
@@ -40,6 +52,7 @@ struct RegistryOrt {
     // Named values that Windows cannot start a session without: a warning of one offers to
     // put back the known data ("Original"), never to delete it.
     std::array<const char*, 2> unentbehrlich{};
+    Klassenform klasse = Klassenform::Keine;
 };
 
 struct OrteBeschreibung {
@@ -50,8 +63,10 @@ struct OrteBeschreibung {
 };
 
 // How an entry goes when the user deletes it; the warning keeps it in a field. An
-// Unentbehrlich value is not deleted but put back.
-enum class Eintragsart { Wert, Teil, Schlüssel, Unentbehrlich };
+// Unentbehrlich value is not deleted but put back; a Katalog entry goes with its subkey.
+enum class Eintragsart { Wert, Teil, Schlüssel, Unentbehrlich, Katalog };
+// The key a catalog entry is known by: its subkey's number left out.
+std::string KatalogSchlüssel(const std::string& schlüssel);
 const char* ArtName(Eintragsart art);
 
 // One entry found: a value (or a part of a multi-string, or a subkey) with its data.
@@ -59,8 +74,9 @@ struct OrtEintrag {
     std::string wurzel;     // "HKEY_LOCAL_MACHINE"
     std::string schlüssel;  // the key, by its Wow6432Node path when seen in the 32-bit view
     std::string name;       // the value's name
-    std::string daten;
+    std::string daten;      // the server file or the library where the place names one
     Eintragsart art = Eintragsart::Wert;
+    bool datei = false;  // the data are a file, whose details the warning shows
 
     // The baseline's line: key, name and data.
     std::string Zeile() const;

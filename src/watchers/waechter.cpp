@@ -430,6 +430,13 @@ constexpr WächterZeile kWächter[] = {
         "Active Setup", 37, "Active Setup (StubPath) sofort melden.", 18, "activesetup"),
     OrteZeile<&A::bootSicherheit, &A::ListView19, L::ListView19, kBootSicherheitOrte>(
         "boot and security providers", 38, "Boot- und Lsa-Module sofort melden.", 19, "bootsicherheit"),
+    OrteZeile<&A::winsock, &A::ListView20, L::ListView20, kWinsockOrte>(
+        "Winsock providers", 39, "Winsock-Anbieter (LSP) sofort melden.", 20, "winsock"),
+    OrteZeile<&A::shellErweiterungen, &A::ListView21, L::ListView21, kShellErweiterungenOrte>(
+        "shell execute hooks and overlay icons", 40, "ShellExecuteHooks und Overlay-Symbole sofort melden.", 21,
+        "shellerweiterungen"),
+    OrteZeile<&A::ieToolbar, &A::ListView22, L::ListView22, kIEToolbarOrte>(
+        "browser toolbars", 41, "IExplorer Toolbars sofort melden.", 22, "ietoolbar"),
 };
 
 // Every key but Keine is carried by a row, and every row has a box and a pass.

@@ -1,6 +1,7 @@
 // The further autostart places, one description per watcher: Winlogon, AppInit_DLLs, the
 // debuggers of Image File Execution Options, the Run key of the Explorer policies, Active
-// Setup, and the boot and security providers. Each has its box, its key, its baseline file
+// Setup, the boot and security providers, the Winsock providers, the shell's execute hooks
+// and overlay icons, and the browser's toolbars. Each has its box, its key, its baseline file
 // and its list on the panel page "Weitere Autostart-Orte".
 #pragma once
 
@@ -14,6 +15,9 @@ inline constexpr const char* kImageFileExecutionDatei = "daten\\ImageFileExecuti
 inline constexpr const char* kPoliciesRunDatei = "daten\\PoliciesRun.txt";
 inline constexpr const char* kActiveSetupDatei = "daten\\ActiveSetup.txt";
 inline constexpr const char* kBootSicherheitDatei = "daten\\BootSicherheit.txt";
+inline constexpr const char* kWinsockDatei = "daten\\Winsock.txt";
+inline constexpr const char* kShellErweiterungenDatei = "daten\\ShellErweiterungen.txt";
+inline constexpr const char* kIEToolbarDatei = "daten\\IEToolbar.txt";
 
 namespace orte {
 inline constexpr const char* kWinlogon = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
@@ -72,6 +76,80 @@ inline constexpr RegistryOrt kBootSicherheit_[] = {
      {"Authentication Packages", "Notification Packages", "Security Packages"}},
     {kHkeyLocalMachine, "System\\CurrentControlSet\\Control\\Print\\Monitors", Ortsart::WertJeSchlüssel, {"Driver"}},
 };
+// The catalogs of the Winsock providers: the protocol entries carry their library at the
+// head of a binary item, the name spaces as a path. A 64-bit Windows keeps the 64-bit
+// providers in the catalogs ending in 64; the key is one in both views.
+inline constexpr RegistryOrt kWinsock_[] = {
+    {kHkeyLocalMachine,
+     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries",
+     Ortsart::Katalog,
+     {"PackedCatalogItem"}},
+    {kHkeyLocalMachine,
+     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries64",
+     Ortsart::Katalog,
+     {"PackedCatalogItem"}},
+    {kHkeyLocalMachine,
+     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\Catalog_Entries",
+     Ortsart::Katalog,
+     {"LibraryPath"}},
+    {kHkeyLocalMachine,
+     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\Catalog_Entries64",
+     Ortsart::Katalog,
+     {"LibraryPath"}},
+};
+// The execute hooks are values named by their class; an overlay icon is a subkey whose
+// default value names its class.
+inline constexpr RegistryOrt kShellErweiterungen_[] = {
+    {kHkeyLocalMachine,
+     "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellExecuteHooks",
+     Ortsart::AlleWerte,
+     {},
+     true,
+     {},
+     Klassenform::Wertname},
+    {kHkeyLocalMachine,
+     "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellIconOverlayIdentifiers",
+     Ortsart::Unterschlüssel,
+     {""},
+     true,
+     {},
+     Klassenform::Daten},
+};
+// A toolbar is a value named by its class; the user's layout values beside them name no
+// class and pass.
+inline constexpr const char* kToolbar = "Software\\Microsoft\\Internet Explorer\\Toolbar";
+inline constexpr RegistryOrt kIEToolbar_[] = {
+    {kHkeyLocalMachine, kToolbar, Ortsart::AlleWerte, {}, true, {}, Klassenform::Wertname},
+    {kHkeyLocalMachine,
+     "Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser",
+     Ortsart::AlleWerte,
+     {},
+     true,
+     {},
+     Klassenform::Wertname},
+    {kHkeyLocalMachine,
+     "Software\\Microsoft\\Internet Explorer\\Toolbar\\ShellBrowser",
+     Ortsart::AlleWerte,
+     {},
+     true,
+     {},
+     Klassenform::Wertname},
+    {kHkeyCurrentUser, kToolbar, Ortsart::AlleWerte, {}, false, {}, Klassenform::Wertname},
+    {kHkeyCurrentUser,
+     "Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser",
+     Ortsart::AlleWerte,
+     {},
+     false,
+     {},
+     Klassenform::Wertname},
+    {kHkeyCurrentUser,
+     "Software\\Microsoft\\Internet Explorer\\Toolbar\\ShellBrowser",
+     Ortsart::AlleWerte,
+     {},
+     false,
+     {},
+     Klassenform::Wertname},
+};
 }  // namespace orte
 
 inline constexpr OrteBeschreibung kWinlogonOrte{Kategorie::Winlogon, kWinlogonDatei,
@@ -92,5 +170,13 @@ inline constexpr OrteBeschreibung kActiveSetupOrte{Kategorie::ActiveSetup, kActi
 inline constexpr OrteBeschreibung kBootSicherheitOrte{
     Kategorie::BootSicherheit, kBootSicherheitDatei,
     "Ein Start- oder Sicherheitsmodul des Systems ist neu oder wurde geändert.", orte::kBootSicherheit_};
+inline constexpr OrteBeschreibung kWinsockOrte{
+    Kategorie::Winsock, kWinsockDatei,
+    "Ein neuer Winsock-Anbieter (Protokoll oder Namensraum) wurde im System eingetragen.", orte::kWinsock_};
+inline constexpr OrteBeschreibung kShellErweiterungenOrte{
+    Kategorie::ShellErweiterungen, kShellErweiterungenDatei,
+    "Neuer Eintrag [ShellExecuteHooks / ShellIconOverlayIdentifiers]", orte::kShellErweiterungen_};
+inline constexpr OrteBeschreibung kIEToolbarOrte{Kategorie::IEToolbar, kIEToolbarDatei,
+                                                 "Neuer Eintrag [IExplorer Toolbar]", orte::kIEToolbar_};
 
 }  // namespace kes

@@ -19,7 +19,8 @@ const char* const kListen[] = {"prozesse.txt",      "Firma.txt",         "favori
                                "taskscheduler.ini", "URLSearchHook.txt", "Activex.txt",
                                "dienste.ini",       "dienstefirmen.txt", "V_seiten.txt",
                                "Winlogon.txt",      "AppInit.txt",       "ImageFileExecution.txt",
-                               "PoliciesRun.txt",   "ActiveSetup.txt",   "BootSicherheit.txt"};
+                               "PoliciesRun.txt",   "ActiveSetup.txt",   "BootSicherheit.txt",
+                               "Winsock.txt",       "IEToolbar.txt",     "ShellErweiterungen.txt"};
 
 bool Endet(const std::string& s, const std::string& ende) {
     return s.size() >= ende.size() && s.compare(s.size() - ende.size(), ende.size(), ende) == 0;

@@ -1,6 +1,8 @@
 // The pages of the control panel reached through the menus "Autostart" and "Hijacker":
 // autostart folders and keys, the class lists, ActiveX, URL search hooks, the open
 // commands of the program file types, and the further autostart places.
+#include <iterator>
+
 #include "ui/win32/alarm_ansicht.h"
 
 namespace kes::ui {
@@ -90,17 +92,19 @@ void AlarmAnsicht::SeitenRegistry() {
                         293 + i * 28, innen - 124, 22);
     }
 
-    // 21: the further autostart places, two columns of three, each box above its baseline.
+    // 21: the further autostart places, two columns, each box above its baseline.
     const struct {
         int box;
         const ListView* liste;
     } orte[] = {{33, &f_.ListView14}, {34, &f_.ListView15}, {35, &f_.ListView16},
-                {36, &f_.ListView17}, {37, &f_.ListView18}, {38, &f_.ListView19}};
+                {36, &f_.ListView17}, {37, &f_.ListView18}, {38, &f_.ListView19},
+                {39, &f_.ListView20}, {40, &f_.ListView21}, {41, &f_.ListView22}};
     const int spalte = (innen - 8) / 2;
-    for (int i = 0; i < 6; ++i) {
-        const int x = 12 + (i % 2) * (spalte + 8), y = 20 + (i / 2) * 135;
+    constexpr int kZeile = 80;
+    for (int i = 0; i < static_cast<int>(std::size(orte)); ++i) {
+        const int x = 12 + (i % 2) * (spalte + 8), y = 18 + (i / 2) * kZeile;
         BoxNeu(21, orte[i].box, x, y);
-        ListeNeu(21, *orte[i].liste, x, y + 22, spalte, 108);
+        ListeNeu(21, *orte[i].liste, x, y + 20, spalte, kZeile - 24);
     }
 }
 

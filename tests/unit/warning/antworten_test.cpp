@@ -41,9 +41,16 @@ const std::string kBefehl = "\"%1\" %*";
 const std::string kWinlogon = kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
 const std::string kAppInit = kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows";
 const std::string kIfeo = kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options";
-const std::string kPoliciesRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
+const std::string kPoliciesRun =
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
 const std::string kActiveSetup = kHklm + "Software\\Microsoft\\Active Setup\\Installed Components\\{A1}";
 const std::string kSessionManager = "System\\CurrentControlSet\\Control\\Session Manager";
+const std::string kNamensraum =
+    kHklm +
+    "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\Catalog_Entries\\000000000009";
+const std::string kOverlay =
+    kHklm + "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellIconOverlayIdentifiers\\ Boese";
+const std::string kToolbar = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser";
 
 enum class Antwort { Übernehmen, Löschen, Später, Töten, Ausnahme, NaGut, Original };
 enum class Erwartet {
@@ -203,15 +210,36 @@ const Szenario& AntwortTest::Von(K k) {
         return MehrfachLesen(t.fp.registry, kHkeyLocalMachine, kSessionManager, "BootExecute")
             .value_or(std::vector<std::string>{});
     };
+    static const auto server = [](T& t, const std::string& clsid) {
+        t.fp.registry.SetString(kKlassen + clsid + "\\InprocServer32", "", "C:\\boese.dll");
+    };
     static const std::map<K, Szenario> kSzenarien = {
-        {K::Winlogon, ort(
-                          33, &AlarmDaten::winlogon,
-                          [](T& t) { t.fp.registry.SetString(kWinlogon, "Taskman", "C:\\boese.exe"); },
-                          [](T& t) { return t.Wert(kWinlogon, "Taskman"); })},
-        {K::AppInitDLLs, ort(
-                             34, &AlarmDaten::appInit,
-                             [](T& t) { t.fp.registry.SetString(kAppInit, "AppInit_DLLs", "C:\\boese.dll"); },
-                             [](T& t) { return t.Wert(kAppInit, "AppInit_DLLs"); })},
+        {K::Winsock, ort(
+                         39, &AlarmDaten::winsock,
+                         [](T& t) { t.fp.registry.SetString(kNamensraum, "LibraryPath", "C:\\boese.dll"); },
+                         [](T& t) { return t.Schlüssel(2, kNamensraum.substr(kHklm.size())); })},
+        {K::ShellErweiterungen, ort(
+                                    40, &AlarmDaten::shellErweiterungen,
+                                    [](T& t) {
+                                        server(t, "{B0}");
+                                        t.fp.registry.SetString(kOverlay, "", "{B0}");
+                                    },
+                                    [](T& t) { return t.Schlüssel(2, kOverlay.substr(kHklm.size())); })},
+        {K::IEToolbar, ort(
+                           41, &AlarmDaten::ieToolbar,
+                           [](T& t) {
+                               server(t, "{B1}");
+                               t.fp.registry.SetString(kToolbar, "{B1}", "");
+                           },
+                           [](T& t) { return t.Wert(kToolbar, "{B1}"); })},
+        {K::Winlogon,
+         ort(
+             33, &AlarmDaten::winlogon, [](T& t) { t.fp.registry.SetString(kWinlogon, "Taskman", "C:\\boese.exe"); },
+             [](T& t) { return t.Wert(kWinlogon, "Taskman"); })},
+        {K::AppInitDLLs,
+         ort(
+             34, &AlarmDaten::appInit, [](T& t) { t.fp.registry.SetString(kAppInit, "AppInit_DLLs", "C:\\boese.dll"); },
+             [](T& t) { return t.Wert(kAppInit, "AppInit_DLLs"); })},
         {K::ImageFileExecution,
          ort(
              35, &AlarmDaten::imageFileExecution,
@@ -232,8 +260,7 @@ const Szenario& AntwortTest::Von(K k) {
               const std::string key = kHklm + kSessionManager;
               t.fp.registry.SetRaw(key, "BootExecute", kRegMultiSz, std::string("autocheck autochk *\0\0", 21));
               t.a().bootSicherheit.Teste();
-              t.fp.registry.SetRaw(key, "BootExecute", kRegMultiSz,
-                                   std::string("autocheck autochk *\0boese\0\0", 27));
+              t.fp.registry.SetRaw(key, "BootExecute", kRegMultiSz, std::string("autocheck autochk *\0boese\0\0", 27));
           },
           [](T& t) { t.a().bootSicherheit.Laden(); },
           [=](T& t) {
@@ -471,6 +498,18 @@ const std::vector<Fall> kFälle = {
     {K::BootSicherheit, A::Später, -1, E::FürDenLauf},
     {K::BootSicherheit, A::Löschen, -1, E::Weg},
     {K::BootSicherheit, A::Übernehmen, -1, E::FürImmer, L::ListView19},
+    {K::Winsock, A::Übernehmen},
+    {K::Winsock, A::Später, -1, E::FürDenLauf},
+    {K::Winsock, A::Löschen, -1, E::Weg},
+    {K::Winsock, A::Übernehmen, -1, E::FürImmer, L::ListView20},
+    {K::ShellErweiterungen, A::Übernehmen},
+    {K::ShellErweiterungen, A::Später, -1, E::FürDenLauf},
+    {K::ShellErweiterungen, A::Löschen, -1, E::Weg},
+    {K::ShellErweiterungen, A::Übernehmen, -1, E::FürImmer, L::ListView21},
+    {K::IEToolbar, A::Übernehmen},
+    {K::IEToolbar, A::Später, -1, E::FürDenLauf},
+    {K::IEToolbar, A::Löschen, -1, E::Weg},
+    {K::IEToolbar, A::Übernehmen, -1, E::FürImmer, L::ListView22},
 };
 
 TEST_P(AntwortTest, TheAnswerHoldsInTheNextCycles) {

@@ -67,6 +67,7 @@ void OrtFelder(Form3Fenster& f, const std::string& key, const std::string& name,
     f.Text1[5].Text = art;
 }
 const std::string kNt = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\";
+const std::string kKatalog = "SYSTEM\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries";
 
 // A place of a further watcher: one value written, the warning's fields filled.
 Zweig OrtWert(const char* name, K k, const std::string& key, const std::string& wert) {
@@ -98,6 +99,20 @@ std::vector<Zweig> Zweige() {
                 "Boese"),
         OrtWert("ActiveSetup", K::ActiveSetup, "SOFTWARE\\Microsoft\\Active Setup\\Installed Components\\{A}",
                 "StubPath"),
+        OrtWert("ShellErweiterungen", K::ShellErweiterungen,
+                "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellExecuteHooks", "{E}"),
+        OrtWert("IEToolbar", K::IEToolbar, "SOFTWARE\\Microsoft\\Internet Explorer\\Toolbar", "{T}"),
+        // A catalog entry goes with its subkey; the entries beside it stay.
+        {"Winsock", K::Winsock,
+         {{Ort::Baum, "HKEY_LOCAL_MACHINE\\" + kKatalog}},
+         [](auto& fp, Form3Fenster& f) {
+             fp.registry.SetRaw("HKEY_LOCAL_MACHINE\\" + kKatalog + "\\000000000001", "PackedCatalogItem", kRegBinary,
+                                std::string("C:\\gut.dll\0\1\2", 13));
+             fp.registry.SetRaw("HKEY_LOCAL_MACHINE\\" + kKatalog + "\\000000000002", "PackedCatalogItem", kRegBinary,
+                                std::string("C:\\boese.dll\0\1\2", 15));
+             OrtFelder(f, kKatalog + "\\000000000002", "PackedCatalogItem", "C:\\boese.dll", "Katalog");
+         },
+         Löschen},
         // One part of a multi-string goes; the value keeps the others.
         {"BootSicherheit", K::BootSicherheit,
          {{Ort::Wert, "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Lsa", "Notification Packages"}},

@@ -16,7 +16,19 @@ namespace {
 const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
 const std::string kNt = "Software\\Microsoft\\Windows NT\\CurrentVersion\\";
 const std::string kLsa = "System\\CurrentControlSet\\Control\\Lsa";
+const std::string kExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
+const std::string kKatalog =
+    "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries";
+const std::string kToolbar = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Toolbar";
 using Schritt = std::function<void(fake::FakeRegistry&)>;
+
+void Server(fake::FakeRegistry& r, const std::string& clsid, const std::string& datei) {
+    r.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + clsid + "\\InprocServer32", "", datei);
+}
+// A protocol entry of the catalog: the library's path at the head of the binary item.
+void Katalogeintrag(fake::FakeRegistry& r, const std::string& nummer, const std::string& pfad) {
+    r.SetRaw(kHklm + kKatalog + "\\" + nummer, "PackedCatalogItem", kRegBinary, pfad + std::string("\0\x02\0\xff", 4));
+}
 
 std::string Multi(const std::string& teile) {
     return teile + std::string(1, '\0');
@@ -69,6 +81,64 @@ const Regel kRegeln[] = {
     {"a subkey is the entry", &AlarmDaten::winlogon, [](auto&) {},
      [](auto& r) { r.MakeKey(kHklm + kNt + "Winlogon\\Notify\\boese"); },
      "Name: " + kHklm + kNt + "Winlogon\\Notify\\boese", "Pfad: "},
+    // Where the value names a class, the class's server file is the entry.
+    {"class with a server file", &AlarmDaten::shellErweiterungen, [](auto&) {},
+     [](auto& r) {
+         Server(r, "{E1}", "C:\\hook.dll");
+         r.SetString(kHklm + kExplorer + "ShellExecuteHooks", "{E1}", "");
+     },
+     "Name: " + kHklm + kExplorer + "ShellExecuteHooks\\{E1}", "Pfad: C:\\hook.dll"},
+    {"class without a server file", &AlarmDaten::shellErweiterungen, [](auto&) {},
+     [](auto& r) { r.SetString(kHklm + kExplorer + "ShellExecuteHooks", "{E2}", ""); }, ""},
+    {"class whose server file changed", &AlarmDaten::shellErweiterungen,
+     [](auto& r) {
+         Server(r, "{E1}", "C:\\hook.dll");
+         r.SetString(kHklm + kExplorer + "ShellExecuteHooks", "{E1}", "");
+     },
+     [](auto& r) { Server(r, "{E1}", "C:\\boese.dll"); }, "Name: " + kHklm + kExplorer + "ShellExecuteHooks\\{E1}",
+     "Pfad: C:\\boese.dll"},
+    {"overlay subkey names its class by its default value", &AlarmDaten::shellErweiterungen, [](auto&) {},
+     [](auto& r) {
+         Server(r, "{O1}", "C:\\overlay.dll");
+         r.SetString(kHklm + kExplorer + "ShellIconOverlayIdentifiers\\ Boese", "", "{O1}");
+     },
+     "Name: " + kHklm + kExplorer + "ShellIconOverlayIdentifiers\\ Boese", "Pfad: C:\\overlay.dll"},
+    {"the user's toolbar layout beside the classes", &AlarmDaten::ieToolbar, [](auto&) {},
+     [](auto& r) { r.SetRaw(kToolbar + "\\ShellBrowser", "ITBar7Layout", kRegBinary, std::string("\x11\0\0\0", 4)); },
+     ""},
+    {"new toolbar of the user", &AlarmDaten::ieToolbar, [](auto&) {},
+     [](auto& r) {
+         Server(r, "{T1}", "C:\\leiste.dll");
+         r.SetRaw(kToolbar + "\\WebBrowser", "{T1}", kRegBinary, std::string("\x01", 1));
+     },
+     "Name: " + kToolbar + "\\WebBrowser\\{T1}", "Pfad: C:\\leiste.dll"},
+    // A catalog entry is known by the library it names, whatever its number.
+    {"new library in the catalog", &AlarmDaten::winsock, [](auto& r) { Katalogeintrag(r, "000000000001", "gut.dll"); },
+     [](auto& r) { Katalogeintrag(r, "000000000002", "%SystemRoot%\\boese.dll"); },
+     "Name: " + kHklm + kKatalog + "\\000000000002", "Pfad: %SystemRoot%\\boese.dll"},
+    {"catalog renumbered", &AlarmDaten::winsock,
+     [](auto& r) {
+         Katalogeintrag(r, "000000000001", "a.dll");
+         Katalogeintrag(r, "000000000002", "b.dll");
+     },
+     [](auto& r) {
+         Katalogeintrag(r, "000000000001", "b.dll");
+         Katalogeintrag(r, "000000000002", "a.dll");
+     },
+     ""},
+    {"name space by its path text", &AlarmDaten::winsock, [](auto&) {},
+     [](auto& r) {
+         r.SetString(kHklm +
+                         "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\"
+                         "Catalog_Entries64\\000000000001",
+                     "LibraryPath", "%SystemRoot%\\System32\\boese.dll");
+     },
+     "Name: " + kHklm +
+         "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\Catalog_Entries64\\"
+         "000000000001",
+     "Pfad: %SystemRoot%\\System32\\boese.dll"},
+    {"catalog item without a path", &AlarmDaten::winsock, [](auto&) {},
+     [](auto& r) { Katalogeintrag(r, "000000000003", ""); }, ""},
 };
 
 TEST(RegistryOrte, WhatWarnsAndWhatTheWarningShows) {
@@ -150,6 +220,13 @@ const Löschfall kLöschfälle[] = {
                 std::optional<std::vector<std::string>>({"scecli"});
      },
      [](auto& r) { return r.HasValue(kHklm + kLsa, "Notification Packages"); }},
+    {"catalog entry", &AlarmDaten::winsock,
+     [](auto& r) {
+         Katalogeintrag(r, "000000000001", "gut.dll");
+         Katalogeintrag(r, "000000000002", "boese.dll");
+     },
+     [](auto& r) { return !r.HasKey(kHklm + kKatalog + "\\000000000002"); },
+     [](auto& r) { return r.HasKey(kHklm + kKatalog + "\\000000000001"); }},
     {"subkey", &AlarmDaten::winlogon,
      [](auto& r) {
          r.SetString(kHklm + kNt + "Winlogon\\Notify\\boese", "DllName", "b.dll");
@@ -169,6 +246,7 @@ TEST(RegistryOrte, DeleteRemovesExactlyWhatWasFound_AfterItsBackup) {
         fall.anlegen(l.fp.registry);
         // The neighbour known, the entry new.
         if (std::string(fall.fall) == "subkey") w.Übernehmen(kHklm + kNt + "Winlogon\\Notify\\gut\\DllName\\g.dll");
+        if (std::string(fall.fall) == "catalog entry") w.Übernehmen(kHklm + kKatalog + "\\PackedCatalogItem\\gut.dll");
         if (std::string(fall.fall) == "part of a multi-string")
             w.Übernehmen(kHklm + kLsa + "\\Notification Packages\\scecli");
         w.Teste();
@@ -294,6 +372,45 @@ TEST(RegistryOrte, EveryWatcherFindsAnEntryAtEachOfItsPlaces) {
         EXPECT_EQ(f.Text1[0].Text, p.key);
         EXPECT_EQ(f.Text1[3].Text, p.name);
         EXPECT_EQ(f.Text1[4].Text, "x.exe");
+    }
+}
+
+// The places that name a class or a library: the entry planted at each is found with its file.
+struct Dateiplatz {
+    RegistryOrte AlarmDaten::*wächter;
+    std::string key;
+    std::string name;  // empty: the subkey's default value names the class
+};
+
+const std::string kWinsock = kHklm + "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\";
+const Dateiplatz kDateiplätze[] = {
+    {&AlarmDaten::shellErweiterungen, kHklm + kExplorer + "ShellExecuteHooks", "{K}"},
+    {&AlarmDaten::shellErweiterungen, kHklm + kExplorer + "ShellIconOverlayIdentifiers\\o", ""},
+    {&AlarmDaten::ieToolbar, kHklm + "Software\\Microsoft\\Internet Explorer\\Toolbar", "{K}"},
+    {&AlarmDaten::ieToolbar, kHklm + "Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser", "{K}"},
+    {&AlarmDaten::ieToolbar, kHklm + "Software\\Microsoft\\Internet Explorer\\Toolbar\\ShellBrowser", "{K}"},
+    {&AlarmDaten::ieToolbar, kToolbar, "{K}"},
+    {&AlarmDaten::ieToolbar, kToolbar + "\\WebBrowser", "{K}"},
+    {&AlarmDaten::ieToolbar, kToolbar + "\\ShellBrowser", "{K}"},
+    {&AlarmDaten::winsock, kWinsock + "Protocol_Catalog9\\Catalog_Entries\\1", "PackedCatalogItem"},
+    {&AlarmDaten::winsock, kWinsock + "Protocol_Catalog9\\Catalog_Entries64\\1", "PackedCatalogItem"},
+    {&AlarmDaten::winsock, kWinsock + "NameSpace_Catalog5\\Catalog_Entries\\1", "LibraryPath"},
+    {&AlarmDaten::winsock, kWinsock + "NameSpace_Catalog5\\Catalog_Entries64\\1", "LibraryPath"},
+};
+
+TEST(RegistryOrte, EveryPlaceThatNamesAFile_IsRead) {
+    for (const Dateiplatz& p : kDateiplätze) {
+        SCOPED_TRACE(p.key + "\\" + p.name);
+        Lauf l;
+        (l.a().*p.wächter).Teste();
+        Server(l.fp.registry, "{K}", "C:\\k.dll");
+        const bool katalog = p.wächter == &AlarmDaten::winsock;
+        l.fp.registry.SetString(p.key, p.name, katalog ? "C:\\k.dll" : p.name.empty() ? "{K}" : "");
+        (l.a().*p.wächter).Teste();
+        ASSERT_TRUE(l.prg.Form3Geladen());
+        const Form3Fenster& f = l.prg.Form3();
+        EXPECT_EQ(f.Text1[0].Text, p.key);
+        EXPECT_EQ(f.Text1[4].Text, "C:\\k.dll");
     }
 }
 

@@ -8,8 +8,8 @@
 #include "core/einstellungen.h"
 #include "core/property_bag.h"
 #include "panel/alarm.h"
-#include "programm_test_basis.h"
 #include "platform/hive_ocx.h"
+#include "programm_test_basis.h"
 #include "warning/form3.h"
 #include "watchers/startseite.h"
 
@@ -58,8 +58,7 @@ Ort Autostart(const char* schlüssel) {
     const std::string rest = std::string("Microsoft\\Windows\\CurrentVersion\\") + schlüssel;
     return {schlüssel,
             [rest](Maschine& m, bool b) { m.fp.registry.SetString(In(b, "Software", rest), "Tool", "C:\\tool.exe"); },
-            [](AlarmFenster& a) { a.autostartRegistry.TesteAutostartRegistry(); },
-            "Software\\Wow6432Node\\" + rest,
+            [](AlarmFenster& a) { a.autostartRegistry.TesteAutostartRegistry(); }, "Software\\Wow6432Node\\" + rest,
             [rest](Maschine& m, bool b) { return m.fp.registry.HasValue(In(b, "Software", rest), "Tool"); }};
 }
 
@@ -82,8 +81,25 @@ Ort WeitererOrt(const char* name, RegistryOrte AlarmDaten::*w, const std::string
             [=](Maschine& m, bool b) { return m.fp.registry.HasValue(In(b, "Software", rest), wert); }};
 }
 
+const std::string kHooks = "Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellExecuteHooks";
+const std::string kToolbar = "Microsoft\\Internet Explorer\\Toolbar";
+
+// A place whose values are named by their class; the class is registered in the entry's view.
+Ort KlassenOrt(const char* name, RegistryOrte AlarmDaten::*w, const std::string& rest) {
+    return {name,
+            [=](Maschine& m, bool b) {
+                (m.prg.Alarm().*w).Teste();
+                m.Klasse(b, "{K1}", b ? "C:\\k32.dll" : "C:\\k64.dll");
+                m.fp.registry.SetString(In(b, "Software", rest), "{K1}", "");
+            },
+            [=](AlarmFenster& a) { (a.*w).Teste(); }, "Software\\Wow6432Node\\" + rest,
+            [=](Maschine& m, bool b) { return m.fp.registry.HasValue(In(b, "Software", rest), "{K1}"); }};
+}
+
 const Ort kOrte[] = {
     WeitererOrt("Winlogon", &AlarmDaten::winlogon, kWinlogon, "Taskman"),
+    KlassenOrt("ShellExecuteHooks", &AlarmDaten::shellErweiterungen, kHooks),
+    KlassenOrt("Toolbar", &AlarmDaten::ieToolbar, kToolbar),
     WeitererOrt("Active Setup", &AlarmDaten::activeSetup, kActiveSetup, "StubPath"),
     Autostart("Run"),
     Autostart("RunOnce"),
@@ -157,6 +173,17 @@ TEST(ZweiAnsichten, EntryOfThe32BitView_WarnsOnceByItsPath_AndAcceptedIsSilent) 
     }
 }
 
+// A 32-bit program's class is registered among the 32-bit classes only: the entry that names
+// it is read with the server file found there.
+TEST(ZweiAnsichten, ClassNamedInThe32BitView_HasItsServerAmongThe32BitClasses) {
+    Maschine m(fake::Maschine::Bit64);
+    const Ort o = KlassenOrt("ShellExecuteHooks", &AlarmDaten::shellErweiterungen, kHooks);
+    o.anlegen(m, true);
+    Gewarnt32(m, o);
+    EXPECT_EQ(m.prg.Form3().Text1[4].Text, "C:\\k32.dll");
+    EXPECT_EQ(m.prg.Form3().ListView2.Items.at(1).Text, "c:\\k32.dll") << "the server file's details";
+}
+
 TEST(ZweiAnsichten, EntryOfThe32BitView_DeletedInItsViewOnly) {
     for (const Ort& o : kOrte) {
         SCOPED_TRACE(o.name);
@@ -222,8 +249,10 @@ TEST(ZweiAnsichten, StartPageOfThe32BitBrowser_WarnsByItsPath_OriginalPutsItsOwn
         EXPECT_EQ(f.Label1[2].Caption, "Neuer Wert : http://boese.example/        Original war: http://32.example/");
         f.Image_Click(8);
         EXPECT_FALSE(m.prg.Form3Geladen());
-        EXPECT_EQ(HiveOCX(m.fp.registry).ReadValue(2, kMain32.substr(kHklm.size()), "Start Page"), "http://32.example/");
-        EXPECT_EQ(HiveOCX(m.fp.registry).ReadValue(2, kMain64.substr(kHklm.size()), "Start Page"), "http://64.example/");
+        EXPECT_EQ(HiveOCX(m.fp.registry).ReadValue(2, kMain32.substr(kHklm.size()), "Start Page"),
+                  "http://32.example/");
+        EXPECT_EQ(HiveOCX(m.fp.registry).ReadValue(2, kMain64.substr(kHklm.size()), "Start Page"),
+                  "http://64.example/");
     }
 }
 
