@@ -433,7 +433,7 @@ constexpr WächterZeile kWächter[] = {
     OrteZeile<&A::winsock, &A::ListView20, L::ListView20, kWinsockOrte>(
         "Winsock providers", 39, "Winsock-Anbieter (LSP) sofort melden.", 20, "winsock"),
     OrteZeile<&A::shellErweiterungen, &A::ListView21, L::ListView21, kShellErweiterungenOrte>(
-        "shell execute hooks and overlay icons", 40, "ShellExecuteHooks und Overlay-Symbole sofort melden.", 21,
+        "shell execute hooks and overlay icons", 40, "Shell-Hooks und Overlays sofort melden.", 21,
         "shellerweiterungen"),
     OrteZeile<&A::ieToolbar, &A::ListView22, L::ListView22, kIEToolbarOrte>(
         "browser toolbars", 41, "IExplorer Toolbars sofort melden.", 22, "ietoolbar"),
