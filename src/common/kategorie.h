@@ -45,7 +45,10 @@ namespace kes {
     X(BootSicherheit) \
     X(Winsock) \
     X(ShellErweiterungen) \
-    X(IEToolbar)
+    X(IEToolbar) \
+    X(Browsereinstellungen) \
+    X(WeitereSperren) \
+    X(Dateitypen)
 // clang-format on
 
 enum class Kategorie {

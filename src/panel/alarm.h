@@ -24,9 +24,9 @@ inline constexpr long kLeisteRuhe = 12648384;
 inline constexpr long kLeisteGewählt = 255;
 inline constexpr long kLeisteGewähltText = 16777215;
 
-// The headings of the pages, as they stand; the last two, the backups and the further
-// autostart places, came later.
-inline constexpr const char* kSeitenTitel[22] = {"Aktuelle Einstellungen",
+// The headings of the pages, as they stand; the last three, the backups, the further
+// autostart places and the further places of browser and shell, came later.
+inline constexpr const char* kSeitenTitel[23] = {"Aktuelle Einstellungen",
                                                  "Prozesse",
                                                  "IExplorer Favoriten",
                                                  "IExplorer Startpage",
@@ -47,7 +47,8 @@ inline constexpr const char* kSeitenTitel[22] = {"Aktuelle Einstellungen",
                                                  "IExploere Vertauenswürdige Seiten",
                                                  "Autostart Registry [Sonstiges]",
                                                  "Sicherungen",
-                                                 "Weitere Autostart-Orte"};
+                                                 "Weitere Autostart-Orte",
+                                                 "Weitere Browser- und Shell-Einträge"};
 inline constexpr int kSeiteSicherungen = 20;
 
 // A menu the view is asked to open: by name ("Internet", "autostart", "hijacker",
@@ -63,10 +64,10 @@ public:
 
     AufAb AufAb1;
     std::array<Label, 12> Label1;       // the sidebar entries
-    std::array<PictureBox, 22> Frame1;  // the pages
+    std::array<PictureBox, 23> Frame1;  // the pages
     std::array<MenuItem, 6> Internet1;
     std::array<MenuItem, 4> autostart1;
-    std::array<MenuItem, 5> hijacker1;
+    std::array<MenuItem, 6> hijacker1;
     std::array<MenuItem, 1> PageÄndern1;
     CommandButton Command1;  // "Ändern" of the start-page edit
     TextBox Text1;           // the start-page edit

@@ -20,9 +20,10 @@ constexpr int kInternetSeite[6] = {2, 3, 4, 7, 8, 18};
 constexpr const char* kAutostart[4] = {"Autostart Ordner", "Autostart Registry [RUN]", "Autostart Registry [Sonstige]",
                                        "Weitere Autostart-Orte"};
 constexpr int kAutostartSeite[4] = {5, 6, 19, 21};
-constexpr const char* kHijacker[5] = {"Browser Helper Objects", "ActiveX-Objekte", "ShellServiceObjectDelayLoad",
-                                      "SharedTaskScheduler", "Sonstige Registry Einträge"};
-constexpr int kHijackerSeite[5] = {11, 12, 13, 14, 16};
+constexpr const char* kHijacker[6] = {"Browser Helper Objects",      "ActiveX-Objekte",
+                                      "ShellServiceObjectDelayLoad", "SharedTaskScheduler",
+                                      "Sonstige Registry Einträge",  "Weitere Browser-Einträge"};
+constexpr int kHijackerSeite[6] = {11, 12, 13, 14, 16, 22};
 
 }  // namespace
 

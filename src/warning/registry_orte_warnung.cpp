@@ -1,6 +1,8 @@
 #include "warning/registry_orte_warnung.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <optional>
 
 #include "common/text.h"
 
@@ -26,7 +28,7 @@ std::string Eintrag(const Form3Fenster& f) {
 }
 
 RegHandle Wurzel(const std::string& name) {
-    for (RegHandle h : {kHkeyCurrentUser, kHkeyLocalMachine, kHkeyUsers})
+    for (RegHandle h : {kHkeyCurrentUser, kHkeyLocalMachine, kHkeyUsers, kHkeyClassesRoot})
         if (RootName(h) == name) return h;
     return 0;
 }
@@ -51,7 +53,8 @@ bool RegistryOrt(Form3Fenster& f) {
     WarnKontext& k = f.K();
     RegistryOrte* w = k.Alarm().RegistryOrteVon(k.W().Kategorieschlüssel);
     if (!w) return true;
-    w->Übernehmen(Eintrag(f));
+    // A text of the browser has one known value: the accepted one is the original from now on.
+    w->Übernehmen(Eintrag(f), Feld(f, 5) == ArtName(Eintragsart::Text) ? Feld(f, 0) + "\\" + Feld(f, 3) : "");
     k.Log(w->beschreibung.überschrift, {"Registry: " + Feld(f, 0) + "\\" + Feld(f, 3), "Wert: " + Feld(f, 4)}, kOk);
     return true;
 }
@@ -65,8 +68,9 @@ void RegistryOrt(Form3Fenster& f) {
         ok = f.RegistryLöschenSubkey(Feld(f, 1), Feld(f, 2));
     else if (art == ArtName(Eintragsart::Teil))
         ok = TeilLöschen(f);
-    else if (art == ArtName(Eintragsart::Unentbehrlich))
-        ok = false;  // never deleted: its warning offers "Original" instead
+    else if (art == ArtName(Eintragsart::Unentbehrlich) || art == ArtName(Eintragsart::Text) ||
+             art == ArtName(Eintragsart::Sperre))
+        ok = false;  // never deleted: its warning offers "Original" or "Freigeben" instead
     else
         ok = f.RegistryLöschenValue(Feld(f, 1), Feld(f, 2), Feld(f, 3), Feld(f, 4));
     const RegistryOrte* w = f.K().Alarm().RegistryOrteVon(f.K().W().Kategorieschlüssel);
@@ -77,34 +81,65 @@ void RegistryOrt(Form3Fenster& f) {
 }  // namespace entfernen
 
 namespace weitere {
-// A value Windows needs back to the data the baseline knows for it, or, when it knows
-// none, to what Windows itself writes there; after a backup of the value as it stands.
+namespace {
+// The text put back with the type the value has now: a number stays a number.
+bool Zurückschreiben(RegistryApi& reg, RegHandle root, const std::string& key, const std::string& name,
+                     const std::string& daten) {
+    RegKey k;
+    if (reg.OpenKeyEx(root, key, kKeyAllAccess, &k) != kErrorSuccess) return false;
+    std::uint32_t typ = kRegSz, grösse = 0;
+    if (reg.QueryValueEx(k.Get(), name.c_str(), &typ, nullptr, &grösse) != kErrorSuccess) typ = kRegSz;
+    if (typ == kRegDword) {
+        const std::uint32_t zahl = static_cast<std::uint32_t>(std::strtoul(daten.c_str(), nullptr, 10));
+        return reg.SetValueEx(k.Get(), name.c_str(), kRegDword, reinterpret_cast<const std::uint8_t*>(&zahl),
+                              sizeof zahl) == kErrorSuccess;
+    }
+    if (typ != kRegExpandSz) typ = kRegSz;
+    return reg.SetValueEx(k.Get(), name.c_str(), typ, reinterpret_cast<const std::uint8_t*>(daten.c_str()),
+                          static_cast<std::uint32_t>(daten.size() + 1)) == kErrorSuccess;
+}
+
+// What Windows itself keeps in a value it cannot start a session without.
+std::string Windowswert(WarnKontext& k, const std::string& name) {
+    return GleichOhneFall(name, "Userinit") ? k.W().Systemordner + "\\userinit.exe," : "Explorer.exe";
+}
+}  // namespace
+
+// "Original": a value Windows needs, or a text the user had, back to the data the baseline
+// knows for it, or, when it knows none, to what Windows itself keeps there; a text that
+// Windows keeps none of goes. "Freigeben": a lock taken away. Each after a backup of the
+// value as it stands.
 void RegistryOrtOriginal(Form3Fenster& f) {
     WarnKontext& k = f.K();
     RegistryOrte* w = k.Alarm().RegistryOrteVon(k.W().Kategorieschlüssel);
     const RegHandle root = Wurzel(Feld(f, 1));
-    if (!w || root == 0 || Feld(f, 5) != ArtName(Eintragsart::Unentbehrlich)) return f.raus();
+    const std::string art = Feld(f, 5);
+    const bool nötig = art == ArtName(Eintragsart::Unentbehrlich), text = art == ArtName(Eintragsart::Text),
+               sperre = art == ArtName(Eintragsart::Sperre);
+    if (!w || root == 0 || !(nötig || text || sperre)) return f.raus();
     const std::string wert = Feld(f, 0) + "\\" + Feld(f, 3);
-    const auto bekannt = w->Bekannt(wert);
-    std::string daten;
-    if (bekannt)
-        daten = *bekannt;
-    else if (GleichOhneFall(Feld(f, 3), "Userinit"))
-        daten = k.W().Systemordner + "\\userinit.exe,";
-    else
-        daten = "Explorer.exe";
+    const auto bekannt = sperre ? std::nullopt : w->Bekannt(wert);
+    const RegistryOrt* ort = w->OrtVon(root, Feld(f, 2), Feld(f, 3));
+    std::optional<std::string> daten = bekannt;
+    if (!daten && nötig) daten = Windowswert(k, Feld(f, 3));
+    if (!daten && text && ort && ort->vorgabe) daten = ort->vorgabe;
     Sicherung s = SicherungFür(f);
     s.Wert(root, Feld(f, 2), Feld(f, 3));
     Sichern(f, s);
-    bool ok = true;
+    bool ok = false;
     try {
-        HiveOCX(k.P().registry).WriteValue(HiveVonHandle(root), Feld(f, 2), Feld(f, 3), daten);
+        ok = daten ? Zurückschreiben(k.P().registry, root, Feld(f, 2), Feld(f, 3), *daten)
+                   : (HiveOCX(k.P().registry).DeleteValue(HiveVonHandle(root), Feld(f, 2), Feld(f, 3)),
+                      !HiveOCX(k.P().registry).ValueExists(HiveVonHandle(root), Feld(f, 2), Feld(f, 3)));
     } catch (...) {
         ok = false;
     }
-    if (ok && !bekannt) w->Übernehmen(wert + "\\" + daten);
-    k.Log(w->beschreibung.überschrift, {"Registry: " + wert, "Wert: " + Feld(f, 4)},
-          (ok ? "< Zurückgesetzt OK > auf " : "< Zurückgesetzt Nein > auf ") + daten);
+    // What Windows keeps is known from now on; a lock released or a text gone is no entry.
+    if (ok && daten && !bekannt) w->Übernehmen(wert + "\\" + *daten, text ? wert : "");
+    const std::string ergebnis = sperre  ? (ok ? "< Freigegeben OK >" : "< Freigegeben Nein >")
+                                 : daten ? (ok ? "< Zurückgesetzt OK > auf " : "< Zurückgesetzt Nein > auf ") + *daten
+                                         : (ok ? "< Gelöscht OK >" : "< Gelöscht Nein >");
+    k.Log(w->beschreibung.überschrift, {"Registry: " + wert, "Wert: " + Feld(f, 4)}, ergebnis);
     f.raus();
 }
 }  // namespace weitere

@@ -41,6 +41,14 @@ inline constexpr KategorieZeile RegistryOrtZeile(Kategorie k, Aktion original = 
             .original = original};
 }
 
+// A row whose values are put back or released, never deleted.
+inline constexpr KategorieZeile RegistryOrtZurückZeile(Kategorie k) {
+    KategorieZeile z = RegistryOrtZeile(k, weitere::RegistryOrtOriginal);
+    z.knöpfe = {1, 0};
+    z.löschen = nullptr;
+    return z;
+}
+
 inline constexpr KategorieZeile kRegistryOrteZeilen[] = {
     // Winlogon has values Windows needs, which go back instead of being deleted.
     RegistryOrtZeile(Kategorie::Winlogon, weitere::RegistryOrtOriginal),
@@ -52,6 +60,11 @@ inline constexpr KategorieZeile kRegistryOrteZeilen[] = {
     RegistryOrtZeile(Kategorie::Winsock),
     RegistryOrtZeile(Kategorie::ShellErweiterungen),
     RegistryOrtZeile(Kategorie::IEToolbar),
+    // A text of the browser goes back to its original, a lock is released, a file type's
+    // class repaired: none of them is deleted.
+    RegistryOrtZurückZeile(Kategorie::Browsereinstellungen),
+    RegistryOrtZurückZeile(Kategorie::WeitereSperren),
+    RegistryOrtZurückZeile(Kategorie::Dateitypen),
 };
 
 }  // namespace kes

@@ -30,6 +30,9 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       winsock(k, kWinsockOrte, ListView20),
       shellErweiterungen(k, kShellErweiterungenOrte, ListView21),
       ieToolbar(k, kIEToolbarOrte, ListView22),
+      browsereinstellungen(k, kBrowsereinstellungenOrte, ListView24),
+      weitereSperren(k, kWeitereSperrenOrte, ListView25),
+      dateitypen(k, kDateitypenOrte, ListView26),
       änderungen(k.P(), Wächtertabelle().size()),
       k_(k) {
     ListView1.Columns = {"Wert"};
@@ -49,8 +52,9 @@ std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {
 }
 
 RegistryOrte* AlarmDaten::RegistryOrteVon(Kategorie kategorie) {
-    for (RegistryOrte* w : {&winlogon, &appInit, &imageFileExecution, &policiesRun, &activeSetup, &bootSicherheit,
-                            &winsock, &shellErweiterungen, &ieToolbar})
+    for (RegistryOrte* w :
+         {&winlogon, &appInit, &imageFileExecution, &policiesRun, &activeSetup, &bootSicherheit, &winsock,
+          &shellErweiterungen, &ieToolbar, &browsereinstellungen, &weitereSperren, &dateitypen})
         if (w->beschreibung.kategorie == kategorie) return w;
     return nullptr;
 }

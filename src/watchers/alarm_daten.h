@@ -47,7 +47,7 @@ enum TimerId : int {
 // options. A new box raises the count here; the watcher table's check fails the build
 // until it does, and the array, the view and the settings follow it.
 inline constexpr int kEigeneBoxen = 4;
-inline constexpr int kBoxAnzahl = 42;
+inline constexpr int kBoxAnzahl = 46;
 
 // How often the change sources are asked between two ticks of Timer1.
 inline constexpr int kSofortMs = 250;
@@ -86,6 +86,9 @@ public:
     ListView ListView20;           // known Winsock providers
     ListView ListView21;           // known execute hooks and overlay icons of the shell
     ListView ListView22;           // known toolbars of the browser
+    ListView ListView24;           // known window title and proxy of the browser
+    ListView ListView25;           // known policy locks beside the two of the tools
+    ListView ListView26;           // known classes of the program file types
     ListView ListView33;           // the autostart registry rows of the current listing
     ListBox List1;                 // trusted makers of processes
     ListBox List2;                 // processes allowed for this run only
@@ -128,6 +131,9 @@ public:
     RegistryOrte winsock;
     RegistryOrte shellErweiterungen;
     RegistryOrte ieToolbar;
+    RegistryOrte browsereinstellungen;
+    RegistryOrte weitereSperren;
+    RegistryOrte dateitypen;
 
     // The watcher of further registry places whose warnings carry this key; null for the
     // keys of the other watchers.

@@ -46,7 +46,10 @@ class Grundliste;
     X(ListView19) \
     X(ListView20) \
     X(ListView21) \
-    X(ListView22)
+    X(ListView22) \
+    X(ListView24) \
+    X(ListView25) \
+    X(ListView26)
 // clang-format on
 
 enum class Ausnahmeliste {

@@ -24,6 +24,10 @@ const char* ArtName(Eintragsart art) {
             return "Unentbehrlich";
         case Eintragsart::Katalog:
             return "Katalog";
+        case Eintragsart::Text:
+            return "Text";
+        case Eintragsart::Sperre:
+            return "Sperre";
         default:
             return "Wert";
     }
@@ -144,6 +148,14 @@ void OrtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, cons
     const std::size_t ab = aus.size();
     OrtArtLesen(p, ort, key, pumpen, aus);
     if (ort.klasse != Klassenform::Keine) KlassenAuflösen(p, ort.klasse, aus, ab);
+    if (ort.rückweg == Rückweg::Löschen) return;
+    // A lock of 0, or an empty one, locks nothing and is no entry.
+    const auto keineSperre = [](const OrtEintrag& e) { return e.daten.empty() || e.daten == "0"; };
+    if (ort.rückweg == Rückweg::Freigeben)
+        aus.erase(std::remove_if(aus.begin() + static_cast<std::ptrdiff_t>(ab), aus.end(), keineSperre), aus.end());
+    for (std::size_t i = ab; i < aus.size(); ++i)
+        if (aus[i].art == Eintragsart::Wert)
+            aus[i].art = ort.rückweg == Rückweg::Freigeben ? Eintragsart::Sperre : Eintragsart::Text;
 }
 }  // namespace
 
@@ -222,7 +234,9 @@ void RegistryOrte::Warnen(const OrtEintrag& e) {
     k_.Warnen(beschreibung.kategorie, [&](Warnung& f) {
         f.Label1[0].Caption = beschreibung.überschrift;
         const bool schlüssel = e.art == Eintragsart::Schlüssel || e.art == Eintragsart::Katalog;
-        f.Label1[1].Caption = "Name: " + e.wurzel + "\\" + e.schlüssel + (schlüssel ? "" : "\\" + e.name);
+        // A key's default value is named by the key alone.
+        f.Label1[1].Caption =
+            "Name: " + e.wurzel + "\\" + e.schlüssel + (schlüssel || e.name.empty() ? "" : "\\" + e.name);
         f.Label1[2].Caption = "Pfad: " + e.daten;
         std::string datei = e.daten;
         if (e.datei) {
@@ -246,13 +260,18 @@ void RegistryOrte::Warnen(const OrtEintrag& e) {
         f.Text1[3].Text = e.name;
         f.Text1[4].Text = e.daten;
         f.Text1[5].Text = ArtName(e.art);
-        if (e.art == Eintragsart::Unentbehrlich) {
-            // Deleted, the value would leave Windows without a shell or a logon: the known
-            // data go back instead.
+        if (e.art == Eintragsart::Sperre) f.Label1[2].Caption = e.name + " = " + e.daten;
+        if (e.art == Eintragsart::Text) {
+            const auto bisher = Bekannt(e.wurzel + "\\" + e.schlüssel + "\\" + e.name);
+            f.Label1[2].Caption = "Neuer Wert : " + e.daten + "        Original war: " + bisher.value_or("");
+        }
+        if (e.art == Eintragsart::Unentbehrlich || e.art == Eintragsart::Text || e.art == Eintragsart::Sperre) {
+            // Deleted, the value would leave Windows without a shell or a logon, or lose the
+            // text the user had: the known data go back instead. A lock is taken away.
             f.Image[3].Visible = false;
             f.Label3[Warnung::LabelVon(3)].Visible = false;
             f.Zeigen(8);
-            f.Label3[Warnung::LabelVon(8)].Caption = "Original";
+            f.Label3[Warnung::LabelVon(8)].Caption = e.art == Eintragsart::Sperre ? "Freigeben" : "Original";
         }
         if (e.datei) {
             holedaten(k_.P(), f, datei);
@@ -269,7 +288,23 @@ std::optional<std::string> RegistryOrte::Bekannt(const std::string& wert) const 
     return std::nullopt;
 }
 
-void RegistryOrte::Übernehmen(const std::string& zeile) {
+const RegistryOrt* RegistryOrte::OrtVon(RegHandle root, const std::string& schlüssel, const std::string& name) {
+    for (const RegistryOrt& ort : beschreibung.orte) {
+        if (ort.wurzel != root) continue;
+        if (ort.art == Ortsart::Werte && std::none_of(ort.namen.begin(), ort.namen.end(),
+                                                      [&](const char* n) { return n && GleichOhneFall(n, name); }))
+            continue;
+        for (const std::string& pfad : BeideAnsichten(k_.P(), ort.wurzel, ort.schlüssel))
+            if (GleichOhneFall(pfad, schlüssel)) return &ort;
+    }
+    return nullptr;
+}
+
+void RegistryOrte::Übernehmen(const std::string& zeile, const std::string& einzig) {
+    if (!einzig.empty()) {
+        const std::string anfang = Klein(einzig + "\\");
+        std::erase_if(liste.Items, [&](const ListItem& z) { return Klein(z.Text).starts_with(anfang); });
+    }
     liste.Add(zeile).SmallIcon = 26;
     basis.Speichern();
     grundstand_ = true;

@@ -42,6 +42,13 @@ enum class Klassenform {
     Daten,     // the value's data are the class
 };
 
+// How the warning of a place's value puts the machine back.
+enum class Rückweg {
+    Löschen,    // the value goes, as any autostart entry does
+    Original,   // the text the baseline knows goes back ("Original"), else Windows' own, else none
+    Freigeben,  // a lock: a value of 0 is none, and the warning takes a lock away ("Freigeben")
+};
+
 struct RegistryOrt {
     RegHandle wurzel = 0;
     const char* schlüssel = nullptr;
@@ -53,6 +60,10 @@ struct RegistryOrt {
     // put back the known data ("Original"), never to delete it.
     std::array<const char*, 2> unentbehrlich{};
     Klassenform klasse = Klassenform::Keine;
+    Rückweg rückweg = Rückweg::Löschen;
+    // What Windows itself keeps in the place's values, put back by "Original" where the
+    // baseline knows no text; none: the value goes.
+    const char* vorgabe = nullptr;
 };
 
 struct OrteBeschreibung {
@@ -63,8 +74,9 @@ struct OrteBeschreibung {
 };
 
 // How an entry goes when the user deletes it; the warning keeps it in a field. An
-// Unentbehrlich value is not deleted but put back; a Katalog entry goes with its subkey.
-enum class Eintragsart { Wert, Teil, Schlüssel, Unentbehrlich, Katalog };
+// Unentbehrlich value is not deleted but put back, as is a Text; a Sperre is released; a
+// Katalog entry goes with its subkey.
+enum class Eintragsart { Wert, Teil, Schlüssel, Unentbehrlich, Katalog, Text, Sperre };
 // The key a catalog entry is known by: its subkey's number left out.
 std::string KatalogSchlüssel(const std::string& schlüssel);
 const char* ArtName(Eintragsart art);
@@ -103,11 +115,15 @@ public:
     // The present state written as the baseline file, for the first-run assistant.
     static void Erstaufnahme(WächterKontext& k, const OrteBeschreibung& b);
 
-    // The accept of a warning: the entry's line into the baseline.
-    void Übernehmen(const std::string& zeile);
+    // The accept of a warning: the entry's line into the baseline. With einzig, the value
+    // ("root\\key\\name") has one known text: its other lines go.
+    void Übernehmen(const std::string& zeile, const std::string& einzig = "");
     // The data the baseline knows for a value ("root\\key\\name"), the first line of it;
     // none when it knows none.
     std::optional<std::string> Bekannt(const std::string& wert) const;
+    // The place a value of a warning belongs to, in either view; none when it is not one of
+    // the watcher's. A place of named values must name it.
+    const RegistryOrt* OrtVon(RegHandle root, const std::string& schlüssel, const std::string& name);
     // The panel's menu: the selected rows removed from the baseline.
     void MarkierteLöschen(ListenPanel& panel);
     // The keys the passes read, in each view they are read in; with everything below them

@@ -437,6 +437,13 @@ constexpr WächterZeile kWächter[] = {
         "shellerweiterungen"),
     OrteZeile<&A::ieToolbar, &A::ListView22, L::ListView22, kIEToolbarOrte>(
         "browser toolbars", 41, "IExplorer Toolbars sofort melden.", 22, "ietoolbar"),
+    OrteZeile<&A::browsereinstellungen, &A::ListView24, L::ListView24, kBrowsereinstellungenOrte>(
+        "browser window title and proxy", 43, "Fenstertitel und Proxy des IE sofort melden.", 24,
+        "browsereinstellungen"),
+    OrteZeile<&A::weitereSperren, &A::ListView25, L::ListView25, kWeitereSperrenOrte>(
+        "further policy locks", 44, "Weitere Richtlinien-Sperren sofort melden.", 25, "weiteresperren"),
+    OrteZeile<&A::dateitypen, &A::ListView26, L::ListView26, kDateitypenOrte>(
+        "program file types", 45, "Dateitypen (.exe, .com, .bat ...) sofort melden.", 26, "dateitypen"),
 };
 
 // Every key but Keine is carried by a row, and every row has a box and a pass.

@@ -1,8 +1,9 @@
 // The further autostart places, one description per watcher: Winlogon, AppInit_DLLs, the
 // debuggers of Image File Execution Options, the Run key of the Explorer policies, Active
 // Setup, the boot and security providers, the Winsock providers, the shell's execute hooks
-// and overlay icons, and the browser's toolbars. Each has its box, its key, its baseline file
-// and its list on the panel page "Weitere Autostart-Orte".
+// and overlay icons; and the browser's toolbars, its window title and proxy, the policy locks
+// beside the two the program always knew, and the program file types' own keys. Each has its box, its key, its baseline
+// file and its list on the panel page "Weitere Autostart-Orte".
 #pragma once
 
 #include "watchers/registry_orte.h"
@@ -18,6 +19,9 @@ inline constexpr const char* kBootSicherheitDatei = "daten\\BootSicherheit.txt";
 inline constexpr const char* kWinsockDatei = "daten\\Winsock.txt";
 inline constexpr const char* kShellErweiterungenDatei = "daten\\ShellErweiterungen.txt";
 inline constexpr const char* kIEToolbarDatei = "daten\\IEToolbar.txt";
+inline constexpr const char* kBrowsereinstellungenDatei = "daten\\Browsereinstellungen.txt";
+inline constexpr const char* kWeitereSperrenDatei = "daten\\WeitereSperren.txt";
+inline constexpr const char* kDateitypenDatei = "daten\\Dateitypen.txt";
 
 namespace orte {
 inline constexpr const char* kWinlogon = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
@@ -150,6 +154,130 @@ inline constexpr RegistryOrt kIEToolbar_[] = {
      {},
      Klassenform::Wertname},
 };
+// A changed text warns with the one known before, and "Original" puts that back; the proxy
+// switch is off where Windows has it alone.
+inline constexpr const char* kMain = "Software\\Microsoft\\Internet Explorer\\Main";
+inline constexpr const char* kInternetSettings = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
+inline constexpr RegistryOrt kBrowsereinstellungen_[] = {
+    {kHkeyCurrentUser, kMain, Ortsart::Werte, {"Window Title"}, false, {}, Klassenform::Keine, Rückweg::Original},
+    {kHkeyLocalMachine, kMain, Ortsart::Werte, {"Window Title"}, true, {}, Klassenform::Keine, Rückweg::Original},
+    {kHkeyCurrentUser,
+     kInternetSettings,
+     Ortsart::Werte,
+     {"ProxyServer", "AutoConfigURL"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Original},
+    {kHkeyCurrentUser,
+     kInternetSettings,
+     Ortsart::Werte,
+     {"ProxyEnable"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Original,
+     "0"},
+    {kHkeyLocalMachine,
+     kInternetSettings,
+     Ortsart::Werte,
+     {"ProxyServer", "AutoConfigURL"},
+     true,
+     {},
+     Klassenform::Keine,
+     Rückweg::Original},
+    {kHkeyLocalMachine,
+     kInternetSettings,
+     Ortsart::Werte,
+     {"ProxyEnable"},
+     true,
+     {},
+     Klassenform::Keine,
+     Rückweg::Original,
+     "0"},
+};
+// The locks of the Explorer's and the system's policies that the program did not always
+// know; the user's locks of the registry editor and the task manager have their own boxes.
+// Command prompt locks live under the Windows policies too. The policy keys are one in both
+// views.
+inline constexpr const char* kPoliciesExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
+inline constexpr const char* kPoliciesSystem = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System";
+inline constexpr const char* kWindowsSystem = "Software\\Policies\\Microsoft\\Windows\\System";
+inline constexpr RegistryOrt kWeitereSperren_[] = {
+    {kHkeyCurrentUser,
+     kPoliciesExplorer,
+     Ortsart::Werte,
+     {"NoFolderOptions", "NoControlPanel", "NoRun", "NoFind", "NoDrives"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Freigeben},
+    {kHkeyCurrentUser,
+     kPoliciesExplorer,
+     Ortsart::Werte,
+     {"NoViewContextMenu"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Freigeben},
+    {kHkeyLocalMachine,
+     kPoliciesExplorer,
+     Ortsart::Werte,
+     {"NoFolderOptions", "NoControlPanel", "NoRun", "NoFind", "NoDrives"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Freigeben},
+    {kHkeyLocalMachine,
+     kPoliciesExplorer,
+     Ortsart::Werte,
+     {"NoViewContextMenu"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Freigeben},
+    {kHkeyCurrentUser,
+     kPoliciesSystem,
+     Ortsart::Werte,
+     {"DisableCMD"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Freigeben},
+    {kHkeyLocalMachine,
+     kPoliciesSystem,
+     Ortsart::Werte,
+     {"DisableCMD", "DisableRegistryTools", "DisableTaskMgr"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Freigeben},
+    {kHkeyCurrentUser,
+     kWindowsSystem,
+     Ortsart::Werte,
+     {"DisableCMD"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Freigeben},
+    {kHkeyLocalMachine,
+     kWindowsSystem,
+     Ortsart::Werte,
+     {"DisableCMD"},
+     false,
+     {},
+     Klassenform::Keine,
+     Rückweg::Freigeben},
+};
+// The default value of a program file type's key names its class; "Original" puts back the
+// class Windows gives it.
+constexpr RegistryOrt Dateityp(const char* endung, const char* klasse) {
+    return {kHkeyClassesRoot, endung, Ortsart::Werte, {""}, false, {}, Klassenform::Keine, Rückweg::Original, klasse};
+}
+inline constexpr RegistryOrt kDateitypen_[] = {
+    Dateityp(".exe", "exefile"), Dateityp(".com", "comfile"), Dateityp(".bat", "batfile"), Dateityp(".cmd", "cmdfile"),
+    Dateityp(".pif", "piffile"), Dateityp(".scr", "scrfile"), Dateityp(".reg", "regfile"),
+};
 }  // namespace orte
 
 inline constexpr OrteBeschreibung kWinlogonOrte{Kategorie::Winlogon, kWinlogonDatei,
@@ -176,6 +304,15 @@ inline constexpr OrteBeschreibung kWinsockOrte{
 inline constexpr OrteBeschreibung kShellErweiterungenOrte{
     Kategorie::ShellErweiterungen, kShellErweiterungenDatei,
     "Neuer Eintrag [ShellExecuteHooks / ShellIconOverlayIdentifiers]", orte::kShellErweiterungen_};
+inline constexpr OrteBeschreibung kBrowsereinstellungenOrte{Kategorie::Browsereinstellungen, kBrowsereinstellungenDatei,
+                                                            "Fenstertitel oder Proxy des IExplorers wurde geändert.",
+                                                            orte::kBrowsereinstellungen_};
+inline constexpr OrteBeschreibung kWeitereSperrenOrte{Kategorie::WeitereSperren, kWeitereSperrenDatei,
+                                                      "Ein Zugang des Systems wurde durch eine Richtlinie gesperrt.",
+                                                      orte::kWeitereSperren_};
+inline constexpr OrteBeschreibung kDateitypenOrte{Kategorie::Dateitypen, kDateitypenDatei,
+                                                  "Die Zuordnung eines Programm-Dateityps wurde geändert.",
+                                                  orte::kDateitypen_};
 inline constexpr OrteBeschreibung kIEToolbarOrte{Kategorie::IEToolbar, kIEToolbarDatei,
                                                  "Neuer Eintrag [IExplorer Toolbar]", orte::kIEToolbar_};
 

@@ -30,6 +30,7 @@ PAGES = [
     (18, "Internet", "IExplorer Vertrauenswürtige Seiten", "IExploere Vertauenswürdige Seiten"),
     (19, "Autostart", "Autostart Registry [Sonstige]", "Autostart Registry [Sonstiges]"),
     (21, "Autostart", "Weitere Autostart-Orte", "Weitere Autostart-Orte"),
+    (22, "Hijacker", "Weitere Browser-Einträge", "Weitere Browser- und Shell-Einträge"),
 ]
 
 

@@ -20,7 +20,8 @@ const char* const kListen[] = {"prozesse.txt",      "Firma.txt",         "favori
                                "dienste.ini",       "dienstefirmen.txt", "V_seiten.txt",
                                "Winlogon.txt",      "AppInit.txt",       "ImageFileExecution.txt",
                                "PoliciesRun.txt",   "ActiveSetup.txt",   "BootSicherheit.txt",
-                               "Winsock.txt",       "IEToolbar.txt",     "ShellErweiterungen.txt"};
+                               "Winsock.txt",       "IEToolbar.txt",     "ShellErweiterungen.txt",
+                               "Browsereinstellungen.txt", "WeitereSperren.txt", "Dateitypen.txt"};
 
 bool Endet(const std::string& s, const std::string& ende) {
     return s.size() >= ende.size() && s.compare(s.size() - ende.size(), ende.size(), ende) == 0;

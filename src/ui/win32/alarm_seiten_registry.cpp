@@ -1,7 +1,7 @@
 // The pages of the control panel reached through the menus "Autostart" and "Hijacker":
 // autostart folders and keys, the class lists, ActiveX, URL search hooks, the open
 // commands of the program file types, and the further autostart places.
-#include <iterator>
+#include <span>
 
 #include "ui/win32/alarm_ansicht.h"
 
@@ -92,20 +92,25 @@ void AlarmAnsicht::SeitenRegistry() {
                         293 + i * 28, innen - 124, 22);
     }
 
-    // 21: the further autostart places, two columns, each box above its baseline.
-    const struct {
+    // 21 and 22: the further places, two columns, each box above its baseline.
+    struct Ort {
         int box;
         const ListView* liste;
-    } orte[] = {{33, &f_.ListView14}, {34, &f_.ListView15}, {35, &f_.ListView16},
-                {36, &f_.ListView17}, {37, &f_.ListView18}, {38, &f_.ListView19},
-                {39, &f_.ListView20}, {40, &f_.ListView21}, {41, &f_.ListView22}};
-    const int spalte = (innen - 8) / 2;
-    constexpr int kZeile = 80;
-    for (int i = 0; i < static_cast<int>(std::size(orte)); ++i) {
-        const int x = 12 + (i % 2) * (spalte + 8), y = 18 + (i / 2) * kZeile;
-        BoxNeu(21, orte[i].box, x, y);
-        ListeNeu(21, *orte[i].liste, x, y + 20, spalte, kZeile - 24);
-    }
+    };
+    const auto spalten = [&](int seite, std::span<const Ort> orte) {
+        const int spalte = (innen - 8) / 2;
+        constexpr int kZeile = 80;
+        for (std::size_t i = 0; i < orte.size(); ++i) {
+            const int x = 12 + static_cast<int>(i % 2) * (spalte + 8), y = 18 + static_cast<int>(i / 2) * kZeile;
+            BoxNeu(seite, orte[i].box, x, y);
+            ListeNeu(seite, *orte[i].liste, x, y + 20, spalte, kZeile - 24);
+        }
+    };
+    const Ort autostart[] = {{33, &f_.ListView14}, {34, &f_.ListView15}, {35, &f_.ListView16}, {36, &f_.ListView17},
+                             {37, &f_.ListView18}, {38, &f_.ListView19}, {39, &f_.ListView20}, {40, &f_.ListView21}};
+    spalten(21, autostart);
+    const Ort browser[] = {{41, &f_.ListView22}, {43, &f_.ListView24}, {44, &f_.ListView25}, {45, &f_.ListView26}};
+    spalten(22, browser);
 }
 
 }  // namespace kes::ui

@@ -151,8 +151,8 @@ TEST_F(Panel, EachMenuEntryShowsItsPage) {
         a().autostart1_Click(i);
         EXPECT_EQ(a().SichtbareSeite(), autostart[i]) << a().autostart1[i].Caption;
     }
-    const int hijacker[] = {11, 12, 13, 14, 16};
-    for (int i = 0; i < 5; ++i) {
+    const int hijacker[] = {11, 12, 13, 14, 16, 22};
+    for (int i = 0; i < 6; ++i) {
         Wählen(5);
         a().hijacker1_Click(i);
         EXPECT_EQ(a().SichtbareSeite(), hijacker[i]) << a().hijacker1[i].Caption;

@@ -44,6 +44,8 @@ const std::string kIfeo = kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersi
 const std::string kPoliciesRun =
     "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
 const std::string kActiveSetup = kHklm + "Software\\Microsoft\\Active Setup\\Installed Components\\{A1}";
+const std::string kPoliciesExplorer =
+    "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
 const std::string kSessionManager = "System\\CurrentControlSet\\Control\\Session Manager";
 const std::string kNamensraum =
     kHklm +
@@ -232,6 +234,19 @@ const Szenario& AntwortTest::Von(K k) {
                                t.fp.registry.SetString(kToolbar, "{B1}", "");
                            },
                            [](T& t) { return t.Wert(kToolbar, "{B1}"); })},
+        // Put back, released or repaired, the entry is gone: "Original" leaves no changed value.
+        {K::Browsereinstellungen, ort(
+                                      43, &AlarmDaten::browsereinstellungen,
+                                      [](T& t) { t.fp.registry.SetString(kMainCu, "Window Title", "Gekapert"); },
+                                      [](T& t) { return t.Wert(kMainCu, "Window Title"); })},
+        {K::WeitereSperren, ort(
+                                44, &AlarmDaten::weitereSperren,
+                                [](T& t) { t.fp.registry.SetDword(kPoliciesExplorer, "NoRun", 1); },
+                                [](T& t) { return t.Wert(kPoliciesExplorer, "NoRun"); })},
+        {K::Dateitypen, ort(
+                            45, &AlarmDaten::dateitypen,
+                            [](T& t) { t.fp.registry.SetString("HKEY_CLASSES_ROOT\\.exe", "", "boesefile"); },
+                            [](T& t) { return HiveOCX(t.fp.registry).ReadValue(0, ".exe", "") == "boesefile"; })},
         {K::Winlogon,
          ort(
              33, &AlarmDaten::winlogon, [](T& t) { t.fp.registry.SetString(kWinlogon, "Taskman", "C:\\boese.exe"); },
@@ -510,6 +525,18 @@ const std::vector<Fall> kFälle = {
     {K::IEToolbar, A::Später, -1, E::FürDenLauf},
     {K::IEToolbar, A::Löschen, -1, E::Weg},
     {K::IEToolbar, A::Übernehmen, -1, E::FürImmer, L::ListView22},
+    {K::Browsereinstellungen, A::Übernehmen},
+    {K::Browsereinstellungen, A::Später, -1, E::FürDenLauf},
+    {K::Browsereinstellungen, A::Original, -1, E::Weg},
+    {K::Browsereinstellungen, A::Übernehmen, -1, E::FürImmer, L::ListView24},
+    {K::WeitereSperren, A::Übernehmen},
+    {K::WeitereSperren, A::Später, -1, E::FürDenLauf},
+    {K::WeitereSperren, A::Original, -1, E::Weg},
+    {K::WeitereSperren, A::Übernehmen, -1, E::FürImmer, L::ListView25},
+    {K::Dateitypen, A::Übernehmen},
+    {K::Dateitypen, A::Später, -1, E::FürDenLauf},
+    {K::Dateitypen, A::Original, -1, E::Weg},
+    {K::Dateitypen, A::Übernehmen, -1, E::FürImmer, L::ListView26},
 };
 
 TEST_P(AntwortTest, TheAnswerHoldsInTheNextCycles) {

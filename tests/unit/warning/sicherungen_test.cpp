@@ -67,6 +67,8 @@ void OrtFelder(Form3Fenster& f, const std::string& key, const std::string& name,
     f.Text1[5].Text = art;
 }
 const std::string kNt = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\";
+const std::string kInternet = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
+const std::string kExplorerPolicies = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
 const std::string kKatalog = "SYSTEM\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries";
 
 // A place of a further watcher: one value written, the warning's fields filled.
@@ -113,6 +115,30 @@ std::vector<Zweig> Zweige() {
              OrtFelder(f, kKatalog + "\\000000000002", "PackedCatalogItem", "C:\\boese.dll", "Katalog");
          },
          Löschen},
+        // The proxy switch goes back to Windows' own 0; a lock is released; a file type gets
+        // its class back.
+        {"Browsereinstellungen", K::Browsereinstellungen,
+         {{Ort::Wert, "HKEY_LOCAL_MACHINE\\" + kInternet, "ProxyEnable"}},
+         [](auto& fp, Form3Fenster& f) {
+             fp.registry.SetDword("HKEY_LOCAL_MACHINE\\" + kInternet, "ProxyEnable", 1);
+             OrtFelder(f, kInternet, "ProxyEnable", "1", "Text");
+         },
+         Original, true},
+        {"WeitereSperren", K::WeitereSperren,
+         {{Ort::Wert, "HKEY_LOCAL_MACHINE\\" + kExplorerPolicies, "NoDrives"}},
+         [](auto& fp, Form3Fenster& f) {
+             fp.registry.SetDword("HKEY_LOCAL_MACHINE\\" + kExplorerPolicies, "NoDrives", 4);
+             OrtFelder(f, kExplorerPolicies, "NoDrives", "4", "Sperre");
+         },
+         Original},
+        {"Dateitypen", K::Dateitypen, {{Ort::Wert, "HKEY_CLASSES_ROOT\\.exe", ""}},
+         [](auto& fp, Form3Fenster& f) {
+             fp.registry.SetString("HKEY_CLASSES_ROOT\\.exe", "", "boesefile");
+             OrtFelder(f, ".exe", "", "boesefile", "Text");
+             f.Text1[0].Text = "HKEY_CLASSES_ROOT\\.exe";
+             f.Text1[1].Text = "HKEY_CLASSES_ROOT";
+         },
+         Original, true},
         // One part of a multi-string goes; the value keeps the others.
         {"BootSicherheit", K::BootSicherheit,
          {{Ort::Wert, "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Lsa", "Notification Packages"}},

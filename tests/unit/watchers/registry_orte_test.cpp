@@ -375,6 +375,96 @@ TEST(RegistryOrte, EveryWatcherFindsAnEntryAtEachOfItsPlaces) {
     }
 }
 
+// Values put back rather than deleted: a browser text goes back to the one known before it
+// (with the type it had), or to Windows' own, or goes; a lock is released; an accepted text
+// is the original from then on.
+struct Rückfall {
+    const char* fall;
+    RegistryOrte AlarmDaten::*wächter;
+    std::string key;
+    const char* name;
+    Schritt vorher, danach;
+    std::string zeile2;  // the warning's detail line; empty: no warning
+    const char* knopf;
+    std::function<bool(fake::FakeRegistry&)> hinterher;
+    bool vorherÜbernehmen = false;  // the first warning accepted, and the value changed once more
+};
+
+const std::string kInternet = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
+const std::string kMain = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Main";
+const std::string kExplorerPol = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
+std::uint32_t Typ(fake::FakeRegistry& r, const std::string& key, const char* name) {
+    RegKey k;
+    std::uint32_t typ = 0, n = 0;
+    if (r.OpenKeyEx(kHkeyCurrentUser, key.substr(std::string("HKEY_CURRENT_USER\\").size()), kKeyRead, &k) != 0) return 0;
+    r.QueryValueEx(k.Get(), name, &typ, nullptr, &n);
+    return typ;
+}
+
+const Rückfall kRückfälle[] = {
+    {"known proxy switch back as a number", &AlarmDaten::browsereinstellungen, kInternet, "ProxyEnable",
+     [](auto& r) { r.SetDword(kInternet, "ProxyEnable", 0); }, [](auto& r) { r.SetDword(kInternet, "ProxyEnable", 1); },
+     "Neuer Wert : 1        Original war: 0", "Original",
+     [](auto& r) {
+         return HiveOCX(r).ReadValue(1, kInternet.substr(18), "ProxyEnable") == "0" &&
+                Typ(r, kInternet, "ProxyEnable") == kRegDword;
+     }},
+    {"unknown proxy switch to Windows' own", &AlarmDaten::browsereinstellungen, kInternet, "ProxyEnable", [](auto&) {},
+     [](auto& r) { r.SetDword(kInternet, "ProxyEnable", 1); }, "Neuer Wert : 1        Original war: ", "Original",
+     [](auto& r) { return HiveOCX(r).ReadValue(1, kInternet.substr(18), "ProxyEnable") == "0"; }},
+    {"unknown proxy server goes", &AlarmDaten::browsereinstellungen, kInternet, "ProxyServer", [](auto&) {},
+     [](auto& r) { r.SetString(kInternet, "ProxyServer", "boese:8080"); },
+     "Neuer Wert : boese:8080        Original war: ", "Original",
+     [](auto& r) { return !r.HasValue(kInternet, "ProxyServer"); }},
+    {"accepted title is the original then", &AlarmDaten::browsereinstellungen, kMain, "Window Title",
+     [](auto& r) { r.SetString(kMain, "Window Title", "Alt"); }, [](auto& r) { r.SetString(kMain, "Window Title", "Neu"); },
+     "Neuer Wert : Zuletzt        Original war: Neu", "Original",
+     [](auto& r) { return HiveOCX(r).ReadValue(1, kMain.substr(18), "Window Title") == "Neu"; }, true},
+    {"lock of 0 is none", &AlarmDaten::weitereSperren, kExplorerPol, "NoRun", [](auto&) {},
+     [](auto& r) { r.SetDword(kExplorerPol, "NoRun", 0); }, "", "", nullptr},
+    {"lock released", &AlarmDaten::weitereSperren, kExplorerPol, "NoDrives", [](auto&) {},
+     [](auto& r) { r.SetDword(kExplorerPol, "NoDrives", 67108863); }, "NoDrives = 67108863", "Freigeben",
+     [](auto& r) { return !r.HasValue(kExplorerPol, "NoDrives"); }},
+    {"file type's class repaired", &AlarmDaten::dateitypen, "HKEY_CLASSES_ROOT\\.scr", "", [](auto&) {},
+     [](auto& r) { r.SetString("HKEY_CLASSES_ROOT\\.scr", "", "boesefile"); },
+     "Neuer Wert : boesefile        Original war: ", "Original",
+     [](auto& r) { return HiveOCX(r).ReadValue(0, ".scr", "") == "scrfile"; }},
+};
+
+TEST(RegistryOrte, ValuesPutBackOrReleased_NeverDeleted) {
+    for (const Rückfall& fall : kRückfälle) {
+        SCOPED_TRACE(fall.fall);
+        Lauf l;
+        RegistryOrte& w = l.a().*fall.wächter;
+        fall.vorher(l.fp.registry);
+        w.Teste();
+        fall.danach(l.fp.registry);
+        w.Teste();
+        ASSERT_EQ(l.prg.Form3Geladen(), !fall.zeile2.empty());
+        if (fall.zeile2.empty()) continue;
+        if (fall.vorherÜbernehmen) {
+            l.prg.Form3().Image_Click(1);
+            l.prg.Aufräumen();
+            l.fp.registry.SetString(fall.key, fall.name, "Zuletzt");
+            w.Teste();
+            ASSERT_TRUE(l.prg.Form3Geladen());
+        }
+        Form3Fenster& f = l.prg.Form3();
+        EXPECT_EQ(f.Label1[2].Caption, fall.zeile2);
+        EXPECT_FALSE(f.Image[3].Visible) << "never deleted";
+        EXPECT_EQ(f.Label3[Warnung::LabelVon(8)].Caption, fall.knopf);
+        f.Image_Click(8);
+        EXPECT_FALSE(l.prg.Form3Geladen());
+        EXPECT_TRUE(fall.hinterher(l.fp.registry));
+        const auto journal = Journal(l.fp.files, l.fp.system, l.prg.Programmordner).Lesen();
+        ASSERT_FALSE(journal.einträge.empty());
+        EXPECT_FALSE(journal.einträge.back().sicherung.empty()) << "no backup";
+        l.prg.Aufräumen();
+        w.Teste();
+        EXPECT_FALSE(l.prg.Form3Geladen()) << "what was put back is known";
+    }
+}
+
 // The places that name a class or a library: the entry planted at each is found with its file.
 struct Dateiplatz {
     RegistryOrte AlarmDaten::*wächter;
