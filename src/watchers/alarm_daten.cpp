@@ -36,11 +36,16 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       änderungen(k.P(), Wächtertabelle().size()),
       k_(k) {
     ListView1.Columns = {"Wert"};
-    for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19, &ListView20,
-                        &ListView21, &ListView22}) {
-        l->Columns = {"Eintrag"};
-        l->ColumnWidths = {600};  // a line is long; the list scrolls sideways
+    for (RegistryOrte* w : RegistryOrteAlle()) {
+        w->liste.Columns = {"Eintrag"};
+        w->liste.ColumnWidths = {600};  // a line is long; the list scrolls sideways
     }
+}
+
+std::array<RegistryOrte*, 12> AlarmDaten::RegistryOrteAlle() {
+    return {&winlogon,       &appInit,   &imageFileExecution, &policiesRun, &activeSetup,
+            &bootSicherheit, &winsock,   &shellErweiterungen, &ieToolbar,   &browsereinstellungen,
+            &weitereSperren, &dateitypen};
 }
 
 std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {
@@ -52,9 +57,7 @@ std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {
 }
 
 RegistryOrte* AlarmDaten::RegistryOrteVon(Kategorie kategorie) {
-    for (RegistryOrte* w :
-         {&winlogon, &appInit, &imageFileExecution, &policiesRun, &activeSetup, &bootSicherheit, &winsock,
-          &shellErweiterungen, &ieToolbar, &browsereinstellungen, &weitereSperren, &dateitypen})
+    for (RegistryOrte* w : RegistryOrteAlle())
         if (w->beschreibung.kategorie == kategorie) return w;
     return nullptr;
 }

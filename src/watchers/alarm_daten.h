@@ -138,6 +138,8 @@ public:
     // The watcher of further registry places whose warnings carry this key; null for the
     // keys of the other watchers.
     RegistryOrte* RegistryOrteVon(Kategorie kategorie);
+    // Every watcher of further registry places.
+    std::array<RegistryOrte*, 12> RegistryOrteAlle();
 
     // One tick of Timer1: the passes of the watcher table, each run only while the busy flag
     // is false and its box is 1, both tested anew for every pass.

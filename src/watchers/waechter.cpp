@@ -443,7 +443,7 @@ constexpr WächterZeile kWächter[] = {
     OrteZeile<&A::weitereSperren, &A::ListView25, L::ListView25, kWeitereSperrenOrte>(
         "further policy locks", 44, "Weitere Richtlinien-Sperren sofort melden.", 25, "weiteresperren"),
     OrteZeile<&A::dateitypen, &A::ListView26, L::ListView26, kDateitypenOrte>(
-        "program file types", 45, "Dateitypen (.exe, .com, .bat ...) sofort melden.", 26, "dateitypen"),
+        "program file types", 45, "Dateitypen (.exe, .com ...) sofort melden.", 26, "dateitypen"),
 };
 
 // Every key but Keine is carried by a row, and every row has a box and a pass.

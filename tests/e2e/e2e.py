@@ -160,6 +160,7 @@ if __name__ == "__main__":
     import klassen  # noqa: F401
     import ansichten  # noqa: F401
     import weitere_orte  # noqa: F401
+    import browser_orte  # noqa: F401
     import panel  # noqa: F401
     import warnung  # noqa: F401
     import abbruch  # noqa: F401

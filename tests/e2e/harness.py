@@ -410,8 +410,10 @@ class Harness:
         self.kd("click", title, caption)
 
     def reg_add(self, key, name, data, kind="REG_SZ"):
-        """Sets a registry value in the prefix, as any program could."""
-        self.run(["wine", "reg", "add", key, "/v", name, "/t", kind, "/d", data, "/f"], env=self.tool_env)
+        """Sets a registry value in the prefix, as any program could; the name "" is the key's
+        default value."""
+        value = ["/ve"] if name == "" else ["/v", name]
+        self.run(["wine", "reg", "add", key, *value, "/t", kind, "/d", data, "/f"], env=self.tool_env)
 
     def reg_delete(self, key, name=None):
         """Removes a value, or the whole key when NAME is None; a missing one is no error.

@@ -6,6 +6,7 @@ warns by its Wow6432Node path with its server file and is accepted; a new Winsoc
 space is deleted with its catalog subkey."""
 
 import os
+import re
 
 from e2e_gemeinsam import WARNING_TITLE, hidden_windows
 from harness import check, test, wait_until
@@ -16,14 +17,20 @@ IFEO = "HKLM\\" + NT + r"\Image File Execution Options\kes-e2e.exe"
 
 
 def reg_value(h, key, name):
-    """The data of a value as reg query prints it; None when the key or value is missing."""
-    out = h.run(["wine", "reg", "query", key, "/v", name], env=h.tool_env, check=False)
+    """The data of a value as reg query prints it; None when the key or value is missing. The
+    name "" is the key's default value, which reg prints as "(Default)" or "(Standard)"."""
+    value = ["/ve"] if name == "" else ["/v", name]
+    out = h.run(["wine", "reg", "query", key, *value], env=h.tool_env, check=False)
     if out.returncode != 0:
         return None
     for line in out.stdout.decode("cp1252", "replace").splitlines():
-        parts = line.strip().split(None, 2)
-        if len(parts) >= 2 and parts[0].lower() == name.lower() and parts[1].startswith("REG_"):
-            return parts[2] if len(parts) == 3 else ""
+        # A name may hold blanks: the type is what splits name from data.
+        m = re.match(r"^\s*(.*?)\s+(REG_\w+)\s?(.*)$", line)
+        if not m:
+            continue
+        named = m.group(1).lower() == name.lower() if name else m.group(1).startswith("(")
+        if named:
+            return m.group(3).strip()
     return None
 
 
