@@ -32,6 +32,12 @@ What it adds (counts at scale 1):
              Downloaded Program Files with its desktop.ini, a hosts file of 40 lines
   shell      open commands of exe, com, bat, cmd, pif, scr and hta, in HKCR and
              HKLM\\Software\\Classes
+  further    Winlogon with its Notify DLLs, AppInit_DLLs, 15 Image File Execution Options keys
+             without a debugger, 40 Active Setup components, BootExecute and the LSA packages,
+             5 print monitors, the Winsock catalogs (12 protocol entries in each of the 32- and
+             64-bit catalogs, 3 name spaces), a shell execute hook and 3 overlay icons, 2
+             toolbars of the machine and one of the user with the user's layout value, the
+             proxy switch off, and 20 scheduled tasks (XML in UTF-16) below system32\Tasks
   32-bit     the view a 32-bit program sees (Wow6432Node): its own Run and RunOnce values,
              helper objects, shell service objects, task schedulers and start page, with
              server files in SysWOW64
@@ -69,7 +75,12 @@ class Reg:
             out.append(f"[{k}]")
             for name, data in values:
                 n = "@" if name is None else '"%s"' % escape(name)
-                if isinstance(data, Expand):
+                if isinstance(data, Binary):
+                    out.append(n + "=hex:" + ",".join("%02x" % b for b in data))
+                elif isinstance(data, Multi):
+                    raw = b"".join(s.encode("cp1252") + b"\0" for s in data) + b"\0"
+                    out.append(n + "=hex(7):" + ",".join("%02x" % b for b in raw))
+                elif isinstance(data, Expand):
                     out.append(n + "=hex(2):" + ",".join("%02x" % b for b in data.encode("cp1252") + b"\0"))
                 elif isinstance(data, int):
                     out.append(f"{n}=dword:{data:08x}")
@@ -80,6 +91,14 @@ class Reg:
 
 
 class Expand(str):
+    pass
+
+
+class Binary(bytes):
+    pass
+
+
+class Multi(tuple):
     pass
 
 
@@ -320,6 +339,67 @@ class Machine:
         r32.val(sts, cid, "Planer 32 Bit")
         self.server(r32, cid, "syswow64", "xpsts32.dll")
 
+    # -- further autostart places ----------------------------------------------------------
+    def further(self):
+        rng, r = self.rng, self.reg64
+        nt = HKLM + r"\Software\Microsoft\Windows NT\CurrentVersion"
+        r.val(nt + r"\Winlogon", "Shell", "Explorer.exe")
+        r.val(nt + r"\Winlogon", "Userinit", "C:\\WINDOWS\\system32\\userinit.exe,")
+        for name in ("crypt32chain", "cryptnet", "cscdll", "sclgntfy", "WgaLogon"):
+            r.val(nt + r"\Winlogon\Notify" + "\\" + name, "DllName", name + ".dll")
+        r.val(nt + r"\Windows", "AppInit_DLLs", "")
+        r.val(nt + r"\Windows", "LoadAppInit_DLLs", 0)
+        for i in range(15):
+            r.val(nt + r"\Image File Execution Options" + f"\\xpprog{i}.exe", "DisableHeapLookaside", 1)
+        for i in range(self.n(40)):
+            key = HKLM + r"\Software\Microsoft\Active Setup\Installed Components" + "\\" + clsid(rng)
+            r.val(key, None, f"Komponente {i}")
+            if i % 4:
+                r.val(key, "StubPath", f"C:\\WINDOWS\\system32\\rundll32.exe setup{i}.dll,Install")
+        control = HKLM + r"\System\CurrentControlSet\Control"
+        r.val(control + r"\Session Manager", "BootExecute", Multi(["autocheck autochk *"]))
+        r.val(control + r"\Lsa", "Authentication Packages", Multi(["msv1_0"]))
+        r.val(control + r"\Lsa", "Notification Packages", Multi(["scecli"]))
+        r.val(control + r"\Lsa", "Security Packages", Multi(["kerberos", "msv1_0", "schannel", "wdigest"]))
+        for name in ("Local Port", "Standard TCP/IP Port", "USB Monitor", "BJ Language Monitor", "PJL Language Monitor"):
+            r.val(control + r"\Print\Monitors" + "\\" + name, "Driver", name.split()[0].lower() + "mon.dll")
+        winsock = HKLM + r"\System\CurrentControlSet\Services\WinSock2\Parameters"
+        for catalog, folder in (("Catalog_Entries", "syswow64"), ("Catalog_Entries64", "system32")):
+            for i in range(12):
+                path = "%SystemRoot%\\" + folder + "\\" + ("mswsock.dll" if i < 9 else "rsvpsp.dll")
+                item = path.encode("cp1252").ljust(260, b"\0") + bytes(rng.randrange(256) for _ in range(114))
+                r.val(winsock + r"\Protocol_Catalog9" + "\\" + catalog + f"\\{i + 1:012d}", "PackedCatalogItem",
+                      Binary(item))
+        for i, dll in enumerate(("mswsock.dll", "winrnr.dll", "mswsock.dll")):
+            r.val(winsock + r"\NameSpace_Catalog5\Catalog_Entries" + f"\\{i + 1:012d}", "LibraryPath",
+                  Expand("%SystemRoot%\\System32\\" + dll))
+        explorer = HKLM + "\\" + CV + r"\Explorer"
+        cid = clsid(rng)
+        r.val(explorer + r"\ShellExecuteHooks", cid, "")
+        self.server(r, cid, "system32", "xphook.dll")
+        for name in (" Offline", " Freigabe", " Verknuepfung"):
+            cid = clsid(rng)
+            r.val(explorer + r"\ShellIconOverlayIdentifiers" + "\\" + name, None, cid)
+            self.server(r, cid, "system32", "xpov" + name.strip().lower() + ".dll")
+        toolbar = r"\Software\Microsoft\Internet Explorer\Toolbar"
+        for i in range(2):
+            cid = clsid(rng)
+            r.val(HKLM + toolbar, cid, "")
+            self.server(r, cid, "system32", f"xpleiste{i}.dll")
+        cid = clsid(rng)
+        r.val(HKCU + toolbar + r"\WebBrowser", cid, Binary(b"\x01"))
+        self.server(r, cid, "system32", "xpleiste_user.dll")
+        r.val(HKCU + toolbar + r"\ShellBrowser", "ITBarLayout", Binary(bytes(rng.randrange(256) for _ in range(200))))
+        r.val(HKCU + "\\" + CV + r"\Internet Settings", "ProxyEnable", 0)
+        # Tasks as Windows writes them: XML in UTF-16 with its mark, in folders by maker.
+        for i in range(self.n(20)):
+            folder = os.path.join(self.sys32, "Tasks", "Microsoft", "Windows", f"Bereich{i % 5}")
+            xml = ('<?xml version="1.0" encoding="UTF-16"?>\r\n<Task version="1.2" '
+                   'xmlns="http://schemas.microsoft.com/windows/2004/02/mit/task"><Actions Context="Author">'
+                   f"<Exec><Command>%windir%\\system32\\xptask{i}.exe</Command>"
+                   f"<Arguments>/lauf {i}</Arguments></Exec></Actions></Task>\r\n")
+            self.write(os.path.join(folder, f"Aufgabe {i}"), b"\xff\xfe" + xml.encode("utf-16-le"))
+
     # -- browser, shell --------------------------------------------------------------------
     def browser(self):
         r = self.reg64
@@ -400,7 +480,7 @@ def main():
         subprocess.call(["wineserver", "-w"], env=env)
     m = Machine(prefix, a.scale, a.seed)
     # Each step draws from a sequence of its own: a change to one leaves the others as they were.
-    for step in (m.files, m.services_, m.autostart, m.classes, m.browser, m.folders):
+    for step in (m.files, m.services_, m.autostart, m.classes, m.further, m.browser, m.folders):
         m.rng = random.Random(f"{a.seed}/{step.__name__}")
         step()
     m.import_registry()
