@@ -208,6 +208,37 @@ TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFi
     EXPECT_LT(blicke, kBlickeJeFrage) << "the deleted key fires at the next ask of each source";
 }
 
+// A folder with everything under it: each folder of the subtree is a source of its own,
+// and a folder made after the row's walk is armed at its next walk, when its parent has
+// fired for it.
+TEST(OrdnerQuellen, EveryFolderOfTheSubtreeFires_ANewOneFromTheNextWalkOn) {
+    fake::FakePlattform fp;
+    fp.files.MakeDirs("C:\\T\\a\\b");
+    fp.files.MakeDirs("C:\\Flach\\a");
+    const auto orte = [] { return Änderungsorte{{0, "C:\\T", true}, {0, "C:\\Flach", false}}; };
+    Änderungsquellen q(fp.plattform, 1);
+    ASSERT_TRUE(q.MussLaufen(0, orte)) << "the first walk";
+    const struct {
+        const char* schritt;
+        const char* datei;  // nullptr: a folder is made
+        const char* ordner;
+        bool läuft;
+    } schritte[] = {
+        {"nothing changed", nullptr, nullptr, false},
+        {"a file two folders down", "C:\\T\\a\\b\\x.xml", nullptr, true},
+        {"a file in a folder below the flat place", "C:\\Flach\\a\\x.xml", nullptr, false},
+        {"a new folder", nullptr, "C:\\T\\neu", true},
+        {"a file in the new folder", "C:\\T\\neu\\y.xml", nullptr, true},
+    };
+    for (const auto& s : schritte) {
+        if (s.datei) fp.files.Put(s.datei, "<Task/>");
+        if (s.ordner) fp.files.MakeDirs(s.ordner);
+        EXPECT_EQ(q.MussLaufen(0, orte), s.läuft) << s.schritt;
+    }
+    EXPECT_EQ(fp.changes.OpenSources(), 5) << "T, a, b, neu and the flat place";
+    EXPECT_EQ(fp.files.OpenFinds(), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen), [](const auto& info) {
     std::string n;
     for (char c : std::string(info.param.name))
