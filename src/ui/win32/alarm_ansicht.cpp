@@ -11,6 +11,7 @@
 #include "ui/win32/box_ansicht.h"
 #include "ui/win32/menue.h"
 #include "ui/win32/schliessen.h"
+#include "watchers/waechter.h"
 
 namespace kes::ui {
 
@@ -44,10 +45,19 @@ AlarmAnsicht::AlarmAnsicht(Programm& prg, AlarmFenster& modell)
 
 // A box or list that no page places could not be switched or edited at all, and nothing
 // else would notice: the program stops at its first start instead, naming what is missing.
+// A box number that neither the panel nor a row of the watcher table takes needs none.
 void AlarmAnsicht::AllesPlatziert() const {
+    std::array<bool, kBoxAnzahl> genommen{};
+    for (int i = 0; i < kEigeneBoxen; ++i) genommen[static_cast<std::size_t>(i)] = true;
+    for (const WächterZeile& z : Wächtertabelle()) {
+        genommen.at(static_cast<std::size_t>(z.box)) = true;
+        for (const Option& o : z.optionen)
+            if (o.box >= 0) genommen.at(static_cast<std::size_t>(o.box)) = true;
+    }
     std::string fehlt;
     for (int i = 0; i < kBoxAnzahl; ++i)
-        if (!box_[static_cast<std::size_t>(i)]) fehlt += " Box1(" + std::to_string(i) + ")";
+        if (genommen[static_cast<std::size_t>(i)] && !box_[static_cast<std::size_t>(i)])
+            fehlt += " Box1(" + std::to_string(i) + ")";
     for (int l = 0; l < kAusnahmelistenAnzahl; ++l) {
         bool da = false;
         for (const Ausnahme& a : ausnahmen_) da = da || a.liste == static_cast<Ausnahmeliste>(l);
