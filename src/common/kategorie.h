@@ -42,7 +42,8 @@ namespace kes {
     X(ImageFileExecution) \
     X(PoliciesRun) \
     X(ActiveSetup) \
-    X(BootSicherheit)
+    X(BootSicherheit) \
+    X(GeplanteAufgaben)
 // clang-format on
 
 enum class Kategorie {

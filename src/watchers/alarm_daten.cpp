@@ -27,10 +27,11 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       policiesRun(k, kPoliciesRunOrte, ListView17),
       activeSetup(k, kActiveSetupOrte, ListView18),
       bootSicherheit(k, kBootSicherheitOrte, ListView19),
+      geplanteAufgaben(k, ListView23),
       änderungen(k.P(), Wächtertabelle().size()),
       k_(k) {
     ListView1.Columns = {"Wert"};
-    for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19}) {
+    for (ListView* l : {&ListView14, &ListView15, &ListView16, &ListView17, &ListView18, &ListView19, &ListView23}) {
         l->Columns = {"Eintrag"};
         l->ColumnWidths = {600};  // a line is long; the list scrolls sideways
     }

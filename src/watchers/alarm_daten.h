@@ -17,6 +17,7 @@
 #include "watchers/dfue.h"
 #include "watchers/dienste.h"
 #include "watchers/favoriten.h"
+#include "watchers/geplante_aufgaben.h"
 #include "watchers/hosts.h"
 #include "watchers/klassenlisten.h"
 #include "watchers/kontext.h"
@@ -47,7 +48,7 @@ enum TimerId : int {
 // options. A new box raises the count here; the watcher table's check fails the build
 // until it does, and the array, the view and the settings follow it.
 inline constexpr int kEigeneBoxen = 4;
-inline constexpr int kBoxAnzahl = 39;
+inline constexpr int kBoxAnzahl = 43;
 
 // How often the change sources are asked between two ticks of Timer1.
 inline constexpr int kSofortMs = 250;
@@ -83,6 +84,7 @@ public:
     ListView ListView17;           // known entries of the policies' Run keys
     ListView ListView18;           // known Active Setup entries
     ListView ListView19;           // known boot and security providers
+    ListView ListView23;           // known scheduled tasks
     ListView ListView33;           // the autostart registry rows of the current listing
     ListBox List1;                 // trusted makers of processes
     ListBox List2;                 // processes allowed for this run only
@@ -122,6 +124,7 @@ public:
     RegistryOrte policiesRun;
     RegistryOrte activeSetup;
     RegistryOrte bootSicherheit;
+    GeplanteAufgaben geplanteAufgaben;
 
     // The watcher of further registry places whose warnings carry this key; null for the
     // keys of the other watchers.

@@ -43,7 +43,8 @@ class Grundliste;
     X(ListView16) \
     X(ListView17) \
     X(ListView18) \
-    X(ListView19)
+    X(ListView19) \
+    X(ListView23)
 // clang-format on
 
 enum class Ausnahmeliste {

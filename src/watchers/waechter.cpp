@@ -430,6 +430,28 @@ constexpr WächterZeile kWächter[] = {
         "Active Setup", 37, "Active Setup (StubPath) sofort melden.", 18, "activesetup"),
     OrteZeile<&A::bootSicherheit, &A::ListView19, L::ListView19, kBootSicherheitOrte>(
         "boot and security providers", 38, "Boot- und Lsa-Module sofort melden.", 19, "bootsicherheit"),
+    // Two folders, the system folder's with every folder below it; its box sits with the
+    // further autostart places.
+    {.name = "scheduled tasks",
+     .box = 42,
+     .beschriftung = "Geplante Aufgaben sofort melden.",
+     .kategorien = {K::GeplanteAufgaben},
+     .zyklus = {[](A& a, W&) { a.geplanteAufgaben.Teste(); }},
+     .laden = {[](A& a, W&) { a.geplanteAufgaben.Laden(); }},
+     .zurücksetzen = {{{23, kGeplanteAufgabenDatei}}},
+     .erstaufnahme = GeplanteAufgaben::Erstaufnahme,
+     .assistent = true,
+     .listen = {{{L::ListView23,
+                  nullptr,
+                  &A::ListView23,
+                  [](A& a) -> Grundliste& { return a.geplanteAufgaben.basis; },
+                  [](A& a) { a.geplanteAufgaben.Laden(); },
+                  "geplanteaufgaben",
+                  {""},
+                  0,
+                  " --> Eintrag löschen",
+                  [](A& a, ListenPanel& panel, int) { a.geplanteAufgaben.MarkierteLöschen(panel); }}}},
+     .orte = [](A& a, W&) { return a.geplanteAufgaben.Orte(); }},
 };
 
 // Every key but Keine is carried by a row, and every row has a box and a pass.

@@ -95,7 +95,8 @@ RESET_FILES = ["daten\\toolbar.ini", "daten\\prozesse.txt", "daten\\dienste.ini"
                "daten\\0190.txt", "daten\\AutostartREG.txt", "daten\\favoriten.txt", "daten\\shellservice.ini",
                "daten\\taskscheduler.ini", "daten\\URLSearchHook.txt", "daten\\kestrella.log", "kestrella.dat",
                "daten\\Firma.txt", "daten\\Winlogon.txt", "daten\\AppInit.txt", "daten\\ImageFileExecution.txt",
-               "daten\\PoliciesRun.txt", "daten\\ActiveSetup.txt", "daten\\BootSicherheit.txt"]
+               "daten\\PoliciesRun.txt", "daten\\ActiveSetup.txt", "daten\\BootSicherheit.txt",
+               "daten\\GeplanteAufgaben.txt"]
 KEPT_FILES = ["daten\\bho.ini", "daten\\Autostart.txt", "daten\\activex.txt", "daten\\windows.txt",
               "daten\\V_seiten.txt", "Kestrella.log"]
 RESET_TITLE = "Achtung!!"

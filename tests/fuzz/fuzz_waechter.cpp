@@ -13,13 +13,17 @@ using namespace kes;
 using kes::fuzz::Prüfen;
 
 namespace {
-const char* const kListen[] = {"prozesse.txt",      "Firma.txt",         "favoriten.txt",
-                               "0190.txt",          "Autostart.txt",     "AutostartREG.txt",
-                               "windows.txt",       "bho.ini",           "shellservice.ini",
-                               "taskscheduler.ini", "URLSearchHook.txt", "Activex.txt",
-                               "dienste.ini",       "dienstefirmen.txt", "V_seiten.txt",
-                               "Winlogon.txt",      "AppInit.txt",       "ImageFileExecution.txt",
-                               "PoliciesRun.txt",   "ActiveSetup.txt",   "BootSicherheit.txt"};
+const char* const kListen[] = {"prozesse.txt",       "Firma.txt",
+                               "favoriten.txt",      "0190.txt",
+                               "Autostart.txt",      "AutostartREG.txt",
+                               "windows.txt",        "bho.ini",
+                               "shellservice.ini",   "taskscheduler.ini",
+                               "URLSearchHook.txt",  "Activex.txt",
+                               "dienste.ini",        "dienstefirmen.txt",
+                               "V_seiten.txt",       "Winlogon.txt",
+                               "AppInit.txt",        "ImageFileExecution.txt",
+                               "PoliciesRun.txt",    "ActiveSetup.txt",
+                               "BootSicherheit.txt", "GeplanteAufgaben.txt"};
 
 bool Endet(const std::string& s, const std::string& ende) {
     return s.size() >= ende.size() && s.compare(s.size() - ende.size(), ende.size(), ende) == 0;

@@ -90,17 +90,18 @@ void AlarmAnsicht::SeitenRegistry() {
                         293 + i * 28, innen - 124, 22);
     }
 
-    // 21: the further autostart places, two columns of three, each box above its baseline.
+    // 21: the further autostart places and the scheduled tasks, two columns of four rows,
+    // each box above its baseline.
     const struct {
         int box;
         const ListView* liste;
-    } orte[] = {{33, &f_.ListView14}, {34, &f_.ListView15}, {35, &f_.ListView16},
-                {36, &f_.ListView17}, {37, &f_.ListView18}, {38, &f_.ListView19}};
+    } orte[] = {{33, &f_.ListView14}, {34, &f_.ListView15}, {35, &f_.ListView16}, {36, &f_.ListView17},
+                {37, &f_.ListView18}, {38, &f_.ListView19}, {42, &f_.ListView23}};
     const int spalte = (innen - 8) / 2;
-    for (int i = 0; i < 6; ++i) {
-        const int x = 12 + (i % 2) * (spalte + 8), y = 20 + (i / 2) * 135;
+    for (int i = 0; i < 7; ++i) {
+        const int x = 12 + (i % 2) * (spalte + 8), y = 20 + (i / 2) * 101;
         BoxNeu(21, orte[i].box, x, y);
-        ListeNeu(21, *orte[i].liste, x, y + 22, spalte, 108);
+        ListeNeu(21, *orte[i].liste, x, y + 22, spalte, 74);
     }
 }
 

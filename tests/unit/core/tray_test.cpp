@@ -176,12 +176,16 @@ TEST_F(Beenden, TaskManagerClose_EndsWithoutAQuestionAndTakesTheIcon) {
 }
 
 // The thirteen files of a reset, and what must survive it.
-const char* const kResetDateien[] = {
-    "daten\\toolbar.ini",       "daten\\prozesse.txt",      "daten\\dienste.ini",       "daten\\dienstefirmen.txt",
-    "daten\\0190.txt",          "daten\\AutostartREG.txt",  "daten\\favoriten.txt",     "daten\\shellservice.ini",
-    "daten\\taskscheduler.ini", "daten\\URLSearchHook.txt", "daten\\kestrella.log",     "kestrella.dat",
-    "daten\\Firma.txt",         "daten\\Winlogon.txt",      "daten\\AppInit.txt",       "daten\\ImageFileExecution.txt",
-    "daten\\PoliciesRun.txt",   "daten\\ActiveSetup.txt",   "daten\\BootSicherheit.txt"};
+const char* const kResetDateien[] = {"daten\\toolbar.ini",        "daten\\prozesse.txt",
+                                     "daten\\dienste.ini",        "daten\\dienstefirmen.txt",
+                                     "daten\\0190.txt",           "daten\\AutostartREG.txt",
+                                     "daten\\favoriten.txt",      "daten\\shellservice.ini",
+                                     "daten\\taskscheduler.ini",  "daten\\URLSearchHook.txt",
+                                     "daten\\kestrella.log",      "kestrella.dat",
+                                     "daten\\Firma.txt",          "daten\\Winlogon.txt",
+                                     "daten\\AppInit.txt",        "daten\\ImageFileExecution.txt",
+                                     "daten\\PoliciesRun.txt",    "daten\\ActiveSetup.txt",
+                                     "daten\\BootSicherheit.txt", "daten\\GeplanteAufgaben.txt"};
 const char* const kBleibende[] = {"daten\\bho.ini",     "daten\\Autostart.txt", "daten\\activex.txt",
                                   "daten\\windows.txt", "daten\\V_seiten.txt",  "Kestrella.log"};
 

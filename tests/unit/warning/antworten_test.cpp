@@ -44,6 +44,7 @@ const std::string kIfeo = kHklm + "Software\\Microsoft\\Windows NT\\CurrentVersi
 const std::string kPoliciesRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
 const std::string kActiveSetup = kHklm + "Software\\Microsoft\\Active Setup\\Installed Components\\{A1}";
 const std::string kSessionManager = "System\\CurrentControlSet\\Control\\Session Manager";
+const std::string kAufgabe = "C:\\WINDOWS\\system32\\Tasks\\Microsoft\\Neu";
 
 enum class Antwort { Übernehmen, Löschen, Später, Töten, Ausnahme, NaGut, Original };
 enum class Erwartet {
@@ -241,6 +242,15 @@ const Szenario& AntwortTest::Von(K k) {
               const auto teile = bootTeile(t);
               return teile.size() != 1 || teile.front() != "autocheck autochk *";
           }}},
+        // The first pass takes the tasks as they stand; the task comes after it.
+        {K::GeplanteAufgaben,
+         {{42},
+          [](T& t) {
+              t.a().geplanteAufgaben.Teste();
+              t.fp.files.Put(kAufgabe, "<Task><Actions><Exec><Command>C:\\boese.exe</Command></Exec></Actions></Task>");
+          },
+          [](T& t) { t.a().geplanteAufgaben.Laden(); },
+          [](T& t) { return t.fp.files.Exists(kAufgabe); }}},
         {K::Prozesse,
          {{4},
           [](T& t) { t.Prozess("neu.exe", 4711, "C:\\Neu\\neu.exe"); },
@@ -471,6 +481,10 @@ const std::vector<Fall> kFälle = {
     {K::BootSicherheit, A::Später, -1, E::FürDenLauf},
     {K::BootSicherheit, A::Löschen, -1, E::Weg},
     {K::BootSicherheit, A::Übernehmen, -1, E::FürImmer, L::ListView19},
+    {K::GeplanteAufgaben, A::Übernehmen},
+    {K::GeplanteAufgaben, A::Später, -1, E::FürDenLauf},
+    {K::GeplanteAufgaben, A::Löschen, -1, E::Weg},
+    {K::GeplanteAufgaben, A::Übernehmen, -1, E::FürImmer, L::ListView23},
 };
 
 TEST_P(AntwortTest, TheAnswerHoldsInTheNextCycles) {

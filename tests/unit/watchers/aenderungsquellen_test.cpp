@@ -22,6 +22,7 @@ constexpr const char* kDomains =
     "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
 constexpr const char* kIeMain = "Software\\Microsoft\\Internet Explorer\\Main";
 constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services";
+constexpr const char* kAufgaben = "C:\\WINDOWS\\system32\\Tasks\\Microsoft\\Windows";
 
 struct Zeile {
     const char* name;
@@ -53,6 +54,14 @@ const Zeile kZeilen[] = {
          static int n = 0;
          fp.registry.MakeKey(std::string("HKEY_CURRENT_USER\\") + kDomains + "\\neu" + std::to_string(++n) + ".de");
      }},
+    {"scheduled tasks, the old folder", 42,
+     [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\Tasks\\neu.job", std::string(0x4A, '\0')); }},
+    // Two folders below the watched one.
+    {"scheduled tasks, a folder below", 42,
+     [](fake::FakePlattform& fp) {
+         static int n = 0;
+         fp.files.Put(std::string(kAufgaben) + "\\Neu" + std::to_string(++n), "<Task/>");
+     }},
     // Below a key of its own: the services' key is watched with everything under it.
     {"services", 28,
      [](fake::FakePlattform& fp) {
@@ -80,6 +89,8 @@ protected:
         for (const char* hive : {"HKEY_LOCAL_MACHINE\\", "HKEY_CURRENT_USER\\"})
             fp.registry.MakeKey(std::string(hive) + kDomains);
         fp.registry.SetDword(std::string(kDienste) + "\\Alt", "Start", 3);
+        fp.files.MakeDirs(kAufgaben);
+        fp.files.MakeDirs("C:\\WINDOWS\\Tasks");
         fp.registry.MakeKey("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
         ASSERT_TRUE(Main(prg));
         AlarmFenster& a = prg.Alarm();
