@@ -107,7 +107,7 @@ std::string Bereinigt(std::string s) {
 
 std::string Verbunden(const std::string& programm, const std::string& argumente) {
     const std::string p = Bereinigt(programm), a = Bereinigt(argumente);
-    return a.empty() ? p : p + " " + a;
+    return p.empty() || a.empty() ? p + a : p + " " + a;
 }
 
 // The name of a tag without its namespace prefix.

@@ -74,6 +74,7 @@ const XmlFall kXml[] = {
           "<Arguments> /a\r\n/b </Arguments></Exec>"),
      "C:\\x.exe /a  /b"},
     {"no arguments", Utf8("<Exec><Command>C:\\x.exe</Command><Arguments/></Exec>"), "C:\\x.exe"},
+    {"arguments without a command", Utf8("<Exec><Arguments>/a</Arguments></Exec>"), "/a"},
     {"arguments first", Utf8("<Exec><Arguments>/a</Arguments><Command>C:\\x.exe</Command></Exec>"), "C:\\x.exe /a"},
     {"no Exec action", Le(Aufgabe(u"<ComHandler><ClassId>{1}</ClassId></ComHandler>")), ""},
     {"an empty Exec", Utf8("<Exec/><Exec><Command>C:\\x.exe</Command></Exec>"), ""},
