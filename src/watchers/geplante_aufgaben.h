@@ -21,7 +21,7 @@ namespace kes {
 
 inline constexpr const char* kGeplanteAufgabenDatei = "daten\\GeplanteAufgaben.txt";
 inline constexpr const char* kGeplanteAufgabenÜberschrift =
-    "Eine neue geplante Aufgabe wurde gefunden oder ihr Befehl wurde geändert.";
+    "Eine geplante Aufgabe ist neu oder ihr Befehl wurde geändert.";
 // A task file is a few kilobytes; a bigger one is not read, and names no program.
 inline constexpr std::uint64_t kAufgabeHöchstens = 1 << 20;
 

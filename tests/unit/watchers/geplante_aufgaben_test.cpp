@@ -108,7 +108,7 @@ TEST(GeplanteAufgaben, WhatWarnsAndWhatTheWarningShows) {
         if (r.name.empty()) continue;
         const Form3Fenster& f = l.prg.Form3();
         EXPECT_EQ(l.prg.Kategorieschlüssel, Kategorie::GeplanteAufgaben);
-        EXPECT_EQ(f.Label1[0].Caption, "Eine neue geplante Aufgabe wurde gefunden oder ihr Befehl wurde geändert.");
+        EXPECT_EQ(f.Label1[0].Caption, "Eine geplante Aufgabe ist neu oder ihr Befehl wurde geändert.");
         EXPECT_EQ(f.Label1[1].Caption, r.name);
         EXPECT_EQ(f.Label1[2].Caption, r.pfad);
     }
