@@ -48,7 +48,8 @@ namespace kes {
     X(IEToolbar) \
     X(Browsereinstellungen) \
     X(WeitereSperren) \
-    X(Dateitypen)
+    X(Dateitypen) \
+    X(GeplanteAufgaben)
 // clang-format on
 
 enum class Kategorie {

@@ -1,6 +1,6 @@
 // Conversion between the program's code page 1252 and UTF-8: the text of a Linux terminal and
 // command line for the native build of kestrella-dat, and the journal, which is UTF-8 on
-// every system.
+// every system; and from UTF-16, the text of the system's task files.
 #pragma once
 
 #include <string>
@@ -34,6 +34,14 @@ inline std::string NachUtf8(const std::string& cp1252) {
     return aus;
 }
 
+// The byte of a character, "?" for one the code page lacks (a surrogate among them).
+inline char Zeichen(char32_t c) {
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
+    for (int k = 0; k < 32; ++k)
+        if (kOben[k] == c) return static_cast<char>(0x80 + k);
+    return '?';
+}
+
 // A character that the code page lacks, and a byte that is no valid UTF-8, become "?".
 inline std::string NachCp1252(const std::string& utf8) {
     constexpr char32_t kKleinste[4] = {0, 0x80, 0x800, 0x10000};  // shorter forms are invalid
@@ -54,11 +62,25 @@ inline std::string NachCp1252(const std::string& utf8) {
             continue;
         }
         i += folge + 1;
-        char byte = '?';
-        if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) byte = static_cast<char>(c);
-        for (int k = 0; k < 32; ++k)
-            if (kOben[k] == c) byte = static_cast<char>(0x80 + k);
-        aus += byte;
+        aus += Zeichen(c);
+    }
+    return aus;
+}
+
+// UTF-16 text (little-endian unless told otherwise) as the code page has it: a pair of
+// surrogates is one character the code page lacks, a lone surrogate too; an odd last byte
+// is no character.
+inline std::string Utf16NachCp1252(const std::string& bytes, bool bigEndian = false) {
+    std::string aus;
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        const auto a = static_cast<unsigned char>(bytes[i]), b = static_cast<unsigned char>(bytes[i + 1]);
+        const char32_t c = bigEndian ? (a << 8 | b) : (b << 8 | a);
+        const bool hoch = c >= 0xD800 && c < 0xDC00;
+        if (hoch && i + 3 < bytes.size()) {
+            const auto n = static_cast<unsigned char>(bytes[i + (bigEndian ? 2 : 3)]);
+            if (n >= 0xDC && n < 0xE0) i += 2;  // the low half belongs to it
+        }
+        aus += Zeichen(c);
     }
     return aus;
 }

@@ -9,6 +9,7 @@
 #include "warning/dfue_warnung.h"
 #include "warning/dienste_warnung.h"
 #include "warning/favoriten_warnung.h"
+#include "warning/geplante_aufgaben_warnung.h"
 #include "warning/hosts_warnung.h"
 #include "warning/klassenlisten_warnung.h"
 #include "warning/prozesse_warnung.h"
@@ -55,7 +56,8 @@ constexpr auto kTabelle = Aneinander(kOhneWarnung,
                                      kSperrenZeilen,
                                      kShellBefehleZeilen,
                                      kVertrauenswürdigeSeitenZeilen,
-                                     kRegistryOrteZeilen);
+                                     kRegistryOrteZeilen,
+                                     kGeplanteAufgabenZeilen);
 // clang-format on
 
 static_assert(std::size(kTabelle) == kKategorieAnzahl, "one row for every category key");

@@ -33,10 +33,32 @@ bool Änderungsquellen::Schärfen(const Änderungsort& ort, std::vector<ChangeSo
             ordner ? p_.changes.WatchFolder(pfad, &q) : p_.changes.WatchKey(ort.root, pfad, kKeyRead, unter, &q);
         if (rc == 0) {
             quellen.push_back(std::move(q));
+            if (ordner && unter) Unterordner(pfad, 1, quellen);
             return true;
         }
         if ((rc != kNichtGefunden && rc != kPfadNichtGefunden) || !Hoch(pfad, ordner)) return false;
         unter = false;
+    }
+}
+
+// The folders below, each a source of its own: the system's folder sources see their own
+// names only. One that cannot be armed (gone meanwhile, or closed to the program) is passed
+// over: its parent fires for its coming and going, and its row cannot list it either.
+void Änderungsquellen::Unterordner(const std::string& ordner, int tiefe, std::vector<ChangeSource>& quellen) {
+    if (tiefe > kOrdnerTiefe) return;
+    const std::string vorne = ordner.empty() || ordner.back() == '\\' ? ordner : ordner + "\\";
+    std::vector<std::string> namen;
+    {
+        FindData fd;
+        const FileFind h = p_.files.FindFirst(vorne + "*", &fd);
+        for (bool weiter = static_cast<bool>(h); weiter; weiter = p_.files.FindNext(h.Get(), &fd))
+            if ((fd.attributes & kAttrDirectory) && fd.name != "." && fd.name != "..") namen.push_back(fd.name);
+    }
+    for (const std::string& name : namen) {
+        ChangeSource q;
+        if (p_.changes.WatchFolder(vorne + name, &q) != 0) continue;
+        quellen.push_back(std::move(q));
+        Unterordner(vorne + name, tiefe + 1, quellen);
     }
 }
 

@@ -15,8 +15,8 @@
 
 namespace kes {
 
-// A registry key below root (with everything under it when unterschlüssel), or with root
-// 0 a folder's top level.
+// A registry key below root, or with root 0 a folder; with everything under it when
+// unterschlüssel.
 struct Änderungsort {
     RegHandle root = 0;
     std::string pfad;
@@ -30,6 +30,9 @@ inline constexpr std::int64_t kSicherheitsLaufMs = 60000;
 // Of the looks between ticks, every this many asks each source on its own: every 5 s at
 // a look each 250 ms. The asks cost the server two calls a source; the look one for all.
 inline constexpr int kBlickeJeFrage = 20;
+// How deep below a folder place its folders are watched, and walked by its row: a loop of
+// junctions ends there.
+inline constexpr int kOrdnerTiefe = 16;
 
 class Änderungsquellen {
 public:
@@ -64,6 +67,7 @@ private:
     };
     bool Fragen(Zeile& z);
     bool Schärfen(const Änderungsort& ort, std::vector<ChangeSource>& quellen);
+    void Unterordner(const std::string& ordner, int tiefe, std::vector<ChangeSource>& quellen);
     void Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte);
     Plattform& p_;
     std::vector<Zeile> zeilen_;

@@ -30,6 +30,7 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       winsock(k, kWinsockOrte, ListView20),
       shellErweiterungen(k, kShellErweiterungenOrte, ListView21),
       ieToolbar(k, kIEToolbarOrte, ListView22),
+      geplanteAufgaben(k, ListView23),
       browsereinstellungen(k, kBrowsereinstellungenOrte, ListView24),
       weitereSperren(k, kWeitereSperrenOrte, ListView25),
       dateitypen(k, kDateitypenOrte, ListView26),
@@ -39,6 +40,10 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
     for (RegistryOrte* w : RegistryOrteAlle()) {
         w->liste.Columns = {"Eintrag"};
         w->liste.ColumnWidths = {600};  // a line is long; the list scrolls sideways
+    }
+    for (ListView* l : {&ListView23}) {
+        l->Columns = {"Eintrag"};
+        l->ColumnWidths = {600};
     }
 }
 

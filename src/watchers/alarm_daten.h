@@ -17,6 +17,7 @@
 #include "watchers/dfue.h"
 #include "watchers/dienste.h"
 #include "watchers/favoriten.h"
+#include "watchers/geplante_aufgaben.h"
 #include "watchers/hosts.h"
 #include "watchers/klassenlisten.h"
 #include "watchers/kontext.h"
@@ -86,6 +87,7 @@ public:
     ListView ListView20;           // known Winsock providers
     ListView ListView21;           // known execute hooks and overlay icons of the shell
     ListView ListView22;           // known toolbars of the browser
+    ListView ListView23;           // known scheduled tasks
     ListView ListView24;           // known window title and proxy of the browser
     ListView ListView25;           // known policy locks beside the two of the tools
     ListView ListView26;           // known classes of the program file types
@@ -134,6 +136,7 @@ public:
     RegistryOrte browsereinstellungen;
     RegistryOrte weitereSperren;
     RegistryOrte dateitypen;
+    GeplanteAufgaben geplanteAufgaben;
 
     // The watcher of further registry places whose warnings carry this key; null for the
     // keys of the other watchers.

@@ -47,6 +47,7 @@ class Grundliste;
     X(ListView20) \
     X(ListView21) \
     X(ListView22) \
+    X(ListView23) \
     X(ListView24) \
     X(ListView25) \
     X(ListView26)

@@ -435,6 +435,28 @@ constexpr WächterZeile kWächter[] = {
     OrteZeile<&A::shellErweiterungen, &A::ListView21, L::ListView21, kShellErweiterungenOrte>(
         "shell execute hooks and overlay icons", 40, "Shell-Hooks und Overlays sofort melden.", 21,
         "shellerweiterungen"),
+    // Two folders, the system folder's with every folder below it; its box sits with the
+    // further autostart places.
+    {.name = "scheduled tasks",
+     .box = 42,
+     .beschriftung = "Geplante Aufgaben sofort melden.",
+     .kategorien = {K::GeplanteAufgaben},
+     .zyklus = {[](A& a, W&) { a.geplanteAufgaben.Teste(); }},
+     .laden = {[](A& a, W&) { a.geplanteAufgaben.Laden(); }},
+     .zurücksetzen = {{{23, kGeplanteAufgabenDatei}}},
+     .erstaufnahme = GeplanteAufgaben::Erstaufnahme,
+     .assistent = true,
+     .listen = {{{L::ListView23,
+                  nullptr,
+                  &A::ListView23,
+                  [](A& a) -> Grundliste& { return a.geplanteAufgaben.basis; },
+                  [](A& a) { a.geplanteAufgaben.Laden(); },
+                  "geplanteaufgaben",
+                  {""},
+                  0,
+                  " --> Eintrag löschen",
+                  [](A& a, ListenPanel& panel, int) { a.geplanteAufgaben.MarkierteLöschen(panel); }}}},
+     .orte = [](A& a, W&) { return a.geplanteAufgaben.Orte(); }},
     OrteZeile<&A::ieToolbar, &A::ListView22, L::ListView22, kIEToolbarOrte>(
         "browser toolbars", 41, "IExplorer Toolbars sofort melden.", 22, "ietoolbar"),
     OrteZeile<&A::browsereinstellungen, &A::ListView24, L::ListView24, kBrowsereinstellungenOrte>(

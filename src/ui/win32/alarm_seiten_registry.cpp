@@ -107,7 +107,8 @@ void AlarmAnsicht::SeitenRegistry() {
         }
     };
     const Ort autostart[] = {{33, &f_.ListView14}, {34, &f_.ListView15}, {35, &f_.ListView16}, {36, &f_.ListView17},
-                             {37, &f_.ListView18}, {38, &f_.ListView19}, {39, &f_.ListView20}, {40, &f_.ListView21}};
+                             {37, &f_.ListView18}, {38, &f_.ListView19}, {39, &f_.ListView20}, {40, &f_.ListView21},
+                             {42, &f_.ListView23}};
     spalten(21, autostart);
     const Ort browser[] = {{41, &f_.ListView22}, {43, &f_.ListView24}, {44, &f_.ListView25}, {45, &f_.ListView26}};
     spalten(22, browser);

@@ -53,6 +53,7 @@ const std::string kNamensraum =
 const std::string kOverlay =
     kHklm + "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellIconOverlayIdentifiers\\ Boese";
 const std::string kToolbar = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser";
+const std::string kAufgabe = "C:\\WINDOWS\\system32\\Tasks\\Microsoft\\Neu";
 
 enum class Antwort { Übernehmen, Löschen, Später, Töten, Ausnahme, NaGut, Original };
 enum class Erwartet {
@@ -283,6 +284,15 @@ const Szenario& AntwortTest::Von(K k) {
               const auto teile = bootTeile(t);
               return teile.size() != 1 || teile.front() != "autocheck autochk *";
           }}},
+        // The first pass takes the tasks as they stand; the task comes after it.
+        {K::GeplanteAufgaben,
+         {{42},
+          [](T& t) {
+              t.a().geplanteAufgaben.Teste();
+              t.fp.files.Put(kAufgabe, "<Task><Actions><Exec><Command>C:\\boese.exe</Command></Exec></Actions></Task>");
+          },
+          [](T& t) { t.a().geplanteAufgaben.Laden(); },
+          [](T& t) { return t.fp.files.Exists(kAufgabe); }}},
         {K::Prozesse,
          {{4},
           [](T& t) { t.Prozess("neu.exe", 4711, "C:\\Neu\\neu.exe"); },
@@ -537,6 +547,10 @@ const std::vector<Fall> kFälle = {
     {K::Dateitypen, A::Später, -1, E::FürDenLauf},
     {K::Dateitypen, A::Original, -1, E::Weg},
     {K::Dateitypen, A::Übernehmen, -1, E::FürImmer, L::ListView26},
+    {K::GeplanteAufgaben, A::Übernehmen},
+    {K::GeplanteAufgaben, A::Später, -1, E::FürDenLauf},
+    {K::GeplanteAufgaben, A::Löschen, -1, E::Weg},
+    {K::GeplanteAufgaben, A::Übernehmen, -1, E::FürImmer, L::ListView23},
 };
 
 TEST_P(AntwortTest, TheAnswerHoldsInTheNextCycles) {

@@ -158,6 +158,16 @@ std::vector<Zweig> Zweige() {
              f.Text1[3].Text = "Tool";
          },
          Löschen},
+        // The task file alone; the task beside it stays.
+        {"GeplanteAufgaben", K::GeplanteAufgaben,
+         {{Ort::Datei, "C:\\WINDOWS\\system32\\Tasks\\Neu"}, {Ort::Datei, "C:\\WINDOWS\\system32\\Tasks\\Alt"}},
+         [](auto& fp, Form3Fenster& f) {
+             fp.files.Put("C:\\WINDOWS\\system32\\Tasks\\Neu", std::string("\xFF\xFE<\0T\0", 6));
+             fp.files.Put("C:\\WINDOWS\\system32\\Tasks\\Alt", "<Task/>");
+             f.Text1[0].Text = "C:\\WINDOWS\\system32\\Tasks\\Neu";
+             f.Text1[1].Text = "C:\\boese.exe /x";
+         },
+         Löschen},
         {"AutostartOrdner", K::AutostartOrdner, {{Ort::Datei, "C:\\Start\\a.lnk"}},
          [](auto& fp, Form3Fenster& f) { Datei(fp, f, "C:\\Start\\a.lnk"); }, Löschen},
         {"WindowsDatei", K::WindowsDatei, {{Ort::Datei, "C:\\WINDOWS\\neu.exe"}},

@@ -22,6 +22,7 @@ constexpr const char* kDomains =
     "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
 constexpr const char* kIeMain = "Software\\Microsoft\\Internet Explorer\\Main";
 constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services";
+constexpr const char* kAufgaben = "C:\\WINDOWS\\system32\\Tasks\\Microsoft\\Windows";
 
 struct Zeile {
     const char* name;
@@ -53,6 +54,14 @@ const Zeile kZeilen[] = {
          static int n = 0;
          fp.registry.MakeKey(std::string("HKEY_CURRENT_USER\\") + kDomains + "\\neu" + std::to_string(++n) + ".de");
      }},
+    {"scheduled tasks, the old folder", 42,
+     [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\Tasks\\neu.job", std::string(0x4A, '\0')); }},
+    // Two folders below the watched one.
+    {"scheduled tasks, a folder below", 42,
+     [](fake::FakePlattform& fp) {
+         static int n = 0;
+         fp.files.Put(std::string(kAufgaben) + "\\Neu" + std::to_string(++n), "<Task/>");
+     }},
     // Below a key of its own: the services' key is watched with everything under it.
     {"services", 28,
      [](fake::FakePlattform& fp) {
@@ -80,6 +89,8 @@ protected:
         for (const char* hive : {"HKEY_LOCAL_MACHINE\\", "HKEY_CURRENT_USER\\"})
             fp.registry.MakeKey(std::string(hive) + kDomains);
         fp.registry.SetDword(std::string(kDienste) + "\\Alt", "Start", 3);
+        fp.files.MakeDirs(kAufgaben);
+        fp.files.MakeDirs("C:\\WINDOWS\\Tasks");
         fp.registry.MakeKey("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
         ASSERT_TRUE(Main(prg));
         AlarmFenster& a = prg.Alarm();
@@ -206,6 +217,37 @@ TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFi
     int blicke = 0;
     while (blicke < 2 * kBlickeJeFrage && !q.Gefeuert()) ++blicke;
     EXPECT_LT(blicke, kBlickeJeFrage) << "the deleted key fires at the next ask of each source";
+}
+
+// A folder with everything under it: each folder of the subtree is a source of its own,
+// and a folder made after the row's walk is armed at its next walk, when its parent has
+// fired for it.
+TEST(OrdnerQuellen, EveryFolderOfTheSubtreeFires_ANewOneFromTheNextWalkOn) {
+    fake::FakePlattform fp;
+    fp.files.MakeDirs("C:\\T\\a\\b");
+    fp.files.MakeDirs("C:\\Flach\\a");
+    const auto orte = [] { return Änderungsorte{{0, "C:\\T", true}, {0, "C:\\Flach", false}}; };
+    Änderungsquellen q(fp.plattform, 1);
+    ASSERT_TRUE(q.MussLaufen(0, orte)) << "the first walk";
+    const struct {
+        const char* schritt;
+        const char* datei;  // nullptr: a folder is made
+        const char* ordner;
+        bool läuft;
+    } schritte[] = {
+        {"nothing changed", nullptr, nullptr, false},
+        {"a file two folders down", "C:\\T\\a\\b\\x.xml", nullptr, true},
+        {"a file in a folder below the flat place", "C:\\Flach\\a\\x.xml", nullptr, false},
+        {"a new folder", nullptr, "C:\\T\\neu", true},
+        {"a file in the new folder", "C:\\T\\neu\\y.xml", nullptr, true},
+    };
+    for (const auto& s : schritte) {
+        if (s.datei) fp.files.Put(s.datei, "<Task/>");
+        if (s.ordner) fp.files.MakeDirs(s.ordner);
+        EXPECT_EQ(q.MussLaufen(0, orte), s.läuft) << s.schritt;
+    }
+    EXPECT_EQ(fp.changes.OpenSources(), 5) << "T, a, b, neu and the flat place";
+    EXPECT_EQ(fp.files.OpenFinds(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen), [](const auto& info) {

@@ -165,6 +165,14 @@ const Wächterzeile kZeilen[] = {
          l.fp.registry.SetString(ifeo + "z.exe", "Debugger", "d.exe");
      },
      [](AlarmFenster& a) { a.imageFileExecution.Teste(); }},
+    {"GeplanteAufgaben",
+     [](Lauf& l) {
+         const std::string tasks = "C:\\WINDOWS\\system32\\Tasks\\";
+         for (const char* n : {"a", "b"}) l.fp.files.Put(tasks + n, "<Exec><Command>a.exe</Command></Exec>");
+         l.a().geplanteAufgaben.Teste();  // the baseline: a and b
+         l.fp.files.Put(tasks + "z", "<Exec><Command>z.exe</Command></Exec>");
+     },
+     [](AlarmFenster& a) { a.geplanteAufgaben.Teste(); }},
 };
 
 enum class Änderung { Entfernen, Hinzufügen, Leeren };
