@@ -1,9 +1,11 @@
-"""End-to-end test of the watchers of further registry places: a changed Winlogon Shell
+"""End-to-end tests of the watchers of further autostart places: a changed Winlogon Shell
 value and a new debugger below Image File Execution Options raise their warnings with
 their texts; the first is accepted into daten\\Winlogon.txt, the second deleted, which
 removes the Debugger value and leaves its key. A shell hook written in the 32-bit view
 warns by its Wow6432Node path with its server file and is accepted; a new Winsock name
-space is deleted with its catalog subkey."""
+space is deleted with its catalog subkey. A new scheduled task in system32\\Tasks is
+accepted into daten\\GeplanteAufgaben.txt; another is deleted, and its file alone goes, with
+a backup."""
 
 import os
 import re
@@ -151,3 +153,94 @@ def shell_hook_of_the_32bit_view_accepted_and_winsock_name_space_deleted(h):
     finally:
         h.stop_program()
         remove_hook_and_name_space(h)
+
+
+TASK_HEADLINE = "Eine geplante Aufgabe ist neu oder ihr Befehl wurde geändert."
+
+
+def task_xml(command, arguments):
+    """A task as Windows writes it: UTF-16 LE with its byte order mark."""
+    text = ('<?xml version="1.0" encoding="UTF-16"?>\r\n'
+            '<Task version="1.2" xmlns="http://schemas.microsoft.com/windows/2004/02/mit/task">\r\n'
+            "  <Settings><ExecutionTimeLimit>PT72H</ExecutionTimeLimit></Settings>\r\n"
+            '  <Actions Context="Author">\r\n'
+            f"    <Exec><Command>{command}</Command><Arguments>{arguments}</Arguments></Exec>\r\n"
+            "  </Actions>\r\n</Task>\r\n")
+    return b"\xff\xfe" + text.encode("utf-16-le")
+
+
+def drop(h, path, data):
+    """The file put in place whole, by a rename: the program never reads it half written."""
+    temp = os.path.join(h.prefix, "drive_c", "windows", "temp", "kes-e2e-aufgabe.tmp")
+    os.makedirs(os.path.dirname(temp), exist_ok=True)
+    with open(temp, "wb") as f:
+        f.write(data)
+    os.replace(temp, path)
+
+
+def files_below(folder):
+    return sorted(os.path.relpath(os.path.join(d, n), folder) for d, _, names in os.walk(folder) for n in names)
+
+
+def system_folder_entry(h, name):
+    """A folder of the prefix's system folder by a name compared without regard to case, as
+    Windows compares it (Wine makes "tasks"); made when there is none."""
+    system32 = os.path.join(h.prefix, "drive_c", "windows", "system32")
+    same = [n for n in os.listdir(system32) if n.lower() == name.lower()]
+    path = os.path.join(system32, same[0] if same else name)
+    os.makedirs(path, exist_ok=True)
+    return path
+
+
+@test
+def scheduled_task_accepted_and_another_deleted_alone(h):
+    tasks = system_folder_entry(h, "Tasks")
+    accepted = os.path.join(tasks, "kes-e2e-neu")
+    deleted = os.path.join(tasks, "kes-e2e-zwei")
+    for path in (accepted, deleted):
+        if os.path.exists(path):
+            os.remove(path)
+    win = "C:\\windows\\system32\\Tasks\\"
+    h.program_folder("aufgaben")
+    h.settings(aufab1=1, box2=1, box42=1)
+    baseline = os.path.join(h.folder, "daten", "GeplanteAufgaben.txt")
+    h.start()
+    try:
+        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
+        check(wait_until(lambda: os.path.exists(baseline), 15), "the first pass took no baseline")
+
+        drop(h, accepted, task_xml(r"C:\windows\kes-e2e.exe", "/x"))
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        texts = visible_texts(h)
+        lower = [t.lower() for t in texts]
+        check(TASK_HEADLINE in texts, f"headline: {texts}")
+        check(("Name: " + win + "kes-e2e-neu").lower() in lower, f"name row: {texts}")
+        check("Pfad: C:\\windows\\kes-e2e.exe /x" in texts, f"command row: {texts}")
+        h.screenshot(os.path.join(h.shots, "warnung-aufgabe.png"))
+        h.click(hwnd, "Übernehmen")
+        h.gone(hwnd, 10)
+        with open(baseline, "rb") as f:
+            lines = f.read().decode("cp1252").lower()
+        check((win + "kes-e2e-neu|C:\\windows\\kes-e2e.exe /x\r\n").lower() in lines, f"not accepted: {lines!r}")
+
+        # Both unknown, the first by name would warn first: a warning of the second shows
+        # that the accepted task warns no more.
+        drop(h, deleted, task_xml(r"C:\windows\kes-e2e.exe", "/y"))
+        hwnd = h.wait_window(WARNING_TITLE, 15)
+        texts = visible_texts(h)
+        check(("Name: " + win + "kes-e2e-zwei").lower() in [t.lower() for t in texts], f"name row: {texts}")
+        check("Pfad: C:\\windows\\kes-e2e.exe /y" in texts, f"command row: {texts}")
+        before = files_below(tasks)
+        h.click(hwnd, "Löschen")
+        h.wait_window("Achtung!", 10)
+        h.click("Achtung!", "Ja löschen")
+        h.gone(hwnd, 10)
+        after = files_below(tasks)
+        check(after == [n for n in before if n != "kes-e2e-zwei"], f"not the task alone went: {before} -> {after}")
+        backups = os.listdir(os.path.join(h.folder, "daten", "Sicherung"))
+        check(any(n.endswith("-kes-e2e-zwei") for n in backups), f"no backup of the task: {backups}")
+    finally:
+        h.stop_program()
+        for path in (accepted, deleted):
+            if os.path.exists(path):
+                os.remove(path)
