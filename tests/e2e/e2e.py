@@ -175,6 +175,6 @@ if __name__ == "__main__":
         "__main__": 2, "assistent": 1, "ausnahmen": 2, "autostart": 2, "beenden": 1,
         "registry_waechter": 2, "prozesse": 1, "startseite": 1, "ordner": 1, "klassen": 1,
         "ansichten": 2, "panel": 1, "warnung": 2, "abbruch": 1, "antworten": 2,
-        "wiederherstellen": 2, "dauerlauf": 2, "weitere_orte": 1,
+        "wiederherstellen": 2, "dauerlauf": 2, "weitere_orte": 1, "browser_orte": 2,
     }
     sys.exit(main(SHARDS))
