@@ -101,173 +101,69 @@ inline constexpr RegistryOrt kWinsock_[] = {
      Ortsart::Katalog,
      {"LibraryPath"}},
 };
+// A place whose values name classes: each stands for its class's server file.
+constexpr RegistryOrt Klassenort(RegHandle wurzel, const char* schlüssel, Ortsart art, Klassenform form) {
+    return {wurzel, schlüssel, art, {""}, wurzel == kHkeyLocalMachine, {}, form};
+}
 // The execute hooks are values named by their class; an overlay icon is a subkey whose
 // default value names its class.
 inline constexpr RegistryOrt kShellErweiterungen_[] = {
-    {kHkeyLocalMachine,
-     "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellExecuteHooks",
-     Ortsart::AlleWerte,
-     {},
-     true,
-     {},
-     Klassenform::Wertname},
-    {kHkeyLocalMachine,
-     "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellIconOverlayIdentifiers",
-     Ortsart::Unterschlüssel,
-     {""},
-     true,
-     {},
-     Klassenform::Daten},
+    Klassenort(kHkeyLocalMachine, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellExecuteHooks",
+               Ortsart::AlleWerte, Klassenform::Wertname),
+    Klassenort(kHkeyLocalMachine, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ShellIconOverlayIdentifiers",
+               Ortsart::Unterschlüssel, Klassenform::Daten),
 };
 // A toolbar is a value named by its class; the user's layout values beside them name no
 // class and pass.
 inline constexpr const char* kToolbar = "Software\\Microsoft\\Internet Explorer\\Toolbar";
+inline constexpr const char* kWebBrowser = "Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser";
+inline constexpr const char* kShellBrowser = "Software\\Microsoft\\Internet Explorer\\Toolbar\\ShellBrowser";
 inline constexpr RegistryOrt kIEToolbar_[] = {
-    {kHkeyLocalMachine, kToolbar, Ortsart::AlleWerte, {}, true, {}, Klassenform::Wertname},
-    {kHkeyLocalMachine,
-     "Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser",
-     Ortsart::AlleWerte,
-     {},
-     true,
-     {},
-     Klassenform::Wertname},
-    {kHkeyLocalMachine,
-     "Software\\Microsoft\\Internet Explorer\\Toolbar\\ShellBrowser",
-     Ortsart::AlleWerte,
-     {},
-     true,
-     {},
-     Klassenform::Wertname},
-    {kHkeyCurrentUser, kToolbar, Ortsart::AlleWerte, {}, false, {}, Klassenform::Wertname},
-    {kHkeyCurrentUser,
-     "Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser",
-     Ortsart::AlleWerte,
-     {},
-     false,
-     {},
-     Klassenform::Wertname},
-    {kHkeyCurrentUser,
-     "Software\\Microsoft\\Internet Explorer\\Toolbar\\ShellBrowser",
-     Ortsart::AlleWerte,
-     {},
-     false,
-     {},
-     Klassenform::Wertname},
+    Klassenort(kHkeyLocalMachine, kToolbar, Ortsart::AlleWerte, Klassenform::Wertname),
+    Klassenort(kHkeyLocalMachine, kWebBrowser, Ortsart::AlleWerte, Klassenform::Wertname),
+    Klassenort(kHkeyLocalMachine, kShellBrowser, Ortsart::AlleWerte, Klassenform::Wertname),
+    Klassenort(kHkeyCurrentUser, kToolbar, Ortsart::AlleWerte, Klassenform::Wertname),
+    Klassenort(kHkeyCurrentUser, kWebBrowser, Ortsart::AlleWerte, Klassenform::Wertname),
+    Klassenort(kHkeyCurrentUser, kShellBrowser, Ortsart::AlleWerte, Klassenform::Wertname),
 };
-// A changed text warns with the one known before, and "Original" puts that back; the proxy
-// switch is off where Windows has it alone.
+// A changed text warns with the one known before, and "Original" puts that back, or what
+// Windows keeps there; the proxy switch is off where Windows has it alone.
+constexpr RegistryOrt Browsertext(RegHandle wurzel, const char* schlüssel, std::array<const char*, 5> namen,
+                                  const char* vorgabe = nullptr) {
+    return {wurzel, schlüssel,          Ortsart::Werte,    namen,  wurzel == kHkeyLocalMachine,
+            {},     Klassenform::Keine, Rückweg::Original, vorgabe};
+}
 inline constexpr const char* kMain = "Software\\Microsoft\\Internet Explorer\\Main";
 inline constexpr const char* kInternetSettings = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
 inline constexpr RegistryOrt kBrowsereinstellungen_[] = {
-    {kHkeyCurrentUser, kMain, Ortsart::Werte, {"Window Title"}, false, {}, Klassenform::Keine, Rückweg::Original},
-    {kHkeyLocalMachine, kMain, Ortsart::Werte, {"Window Title"}, true, {}, Klassenform::Keine, Rückweg::Original},
-    {kHkeyCurrentUser,
-     kInternetSettings,
-     Ortsart::Werte,
-     {"ProxyServer", "AutoConfigURL"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Original},
-    {kHkeyCurrentUser,
-     kInternetSettings,
-     Ortsart::Werte,
-     {"ProxyEnable"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Original,
-     "0"},
-    {kHkeyLocalMachine,
-     kInternetSettings,
-     Ortsart::Werte,
-     {"ProxyServer", "AutoConfigURL"},
-     true,
-     {},
-     Klassenform::Keine,
-     Rückweg::Original},
-    {kHkeyLocalMachine,
-     kInternetSettings,
-     Ortsart::Werte,
-     {"ProxyEnable"},
-     true,
-     {},
-     Klassenform::Keine,
-     Rückweg::Original,
-     "0"},
+    Browsertext(kHkeyCurrentUser, kMain, {"Window Title"}),
+    Browsertext(kHkeyLocalMachine, kMain, {"Window Title"}),
+    Browsertext(kHkeyCurrentUser, kInternetSettings, {"ProxyServer", "AutoConfigURL"}),
+    Browsertext(kHkeyCurrentUser, kInternetSettings, {"ProxyEnable"}, "0"),
+    Browsertext(kHkeyLocalMachine, kInternetSettings, {"ProxyServer", "AutoConfigURL"}),
+    Browsertext(kHkeyLocalMachine, kInternetSettings, {"ProxyEnable"}, "0"),
 };
 // The locks of the Explorer's and the system's policies that the program did not always
 // know; the user's locks of the registry editor and the task manager have their own boxes.
 // Command prompt locks live under the Windows policies too. The policy keys are one in both
 // views.
+constexpr RegistryOrt Sperre(RegHandle wurzel, const char* schlüssel, std::array<const char*, 5> namen) {
+    return {wurzel, schlüssel, Ortsart::Werte, namen, false, {}, Klassenform::Keine, Rückweg::Freigeben};
+}
 inline constexpr const char* kPoliciesExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
 inline constexpr const char* kPoliciesSystem = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System";
 inline constexpr const char* kWindowsSystem = "Software\\Policies\\Microsoft\\Windows\\System";
+inline constexpr std::array<const char*, 5> kExplorerSperren = {"NoFolderOptions", "NoControlPanel", "NoRun", "NoFind",
+                                                                "NoDrives"};
 inline constexpr RegistryOrt kWeitereSperren_[] = {
-    {kHkeyCurrentUser,
-     kPoliciesExplorer,
-     Ortsart::Werte,
-     {"NoFolderOptions", "NoControlPanel", "NoRun", "NoFind", "NoDrives"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Freigeben},
-    {kHkeyCurrentUser,
-     kPoliciesExplorer,
-     Ortsart::Werte,
-     {"NoViewContextMenu"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Freigeben},
-    {kHkeyLocalMachine,
-     kPoliciesExplorer,
-     Ortsart::Werte,
-     {"NoFolderOptions", "NoControlPanel", "NoRun", "NoFind", "NoDrives"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Freigeben},
-    {kHkeyLocalMachine,
-     kPoliciesExplorer,
-     Ortsart::Werte,
-     {"NoViewContextMenu"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Freigeben},
-    {kHkeyCurrentUser,
-     kPoliciesSystem,
-     Ortsart::Werte,
-     {"DisableCMD"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Freigeben},
-    {kHkeyLocalMachine,
-     kPoliciesSystem,
-     Ortsart::Werte,
-     {"DisableCMD", "DisableRegistryTools", "DisableTaskMgr"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Freigeben},
-    {kHkeyCurrentUser,
-     kWindowsSystem,
-     Ortsart::Werte,
-     {"DisableCMD"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Freigeben},
-    {kHkeyLocalMachine,
-     kWindowsSystem,
-     Ortsart::Werte,
-     {"DisableCMD"},
-     false,
-     {},
-     Klassenform::Keine,
-     Rückweg::Freigeben},
+    Sperre(kHkeyCurrentUser, kPoliciesExplorer, kExplorerSperren),
+    Sperre(kHkeyCurrentUser, kPoliciesExplorer, {"NoViewContextMenu"}),
+    Sperre(kHkeyLocalMachine, kPoliciesExplorer, kExplorerSperren),
+    Sperre(kHkeyLocalMachine, kPoliciesExplorer, {"NoViewContextMenu"}),
+    Sperre(kHkeyCurrentUser, kPoliciesSystem, {"DisableCMD"}),
+    Sperre(kHkeyLocalMachine, kPoliciesSystem, {"DisableCMD", "DisableRegistryTools", "DisableTaskMgr"}),
+    Sperre(kHkeyCurrentUser, kWindowsSystem, {"DisableCMD"}),
+    Sperre(kHkeyLocalMachine, kWindowsSystem, {"DisableCMD"}),
 };
 // The default value of a program file type's key names its class; "Original" puts back the
 // class Windows gives it.
