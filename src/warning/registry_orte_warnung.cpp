@@ -128,9 +128,13 @@ void RegistryOrtOriginal(Form3Fenster& f) {
     Sichern(f, s);
     bool ok = false;
     try {
-        ok = daten ? Zurückschreiben(k.P().registry, root, Feld(f, 2), Feld(f, 3), *daten)
-                   : (HiveOCX(k.P().registry).DeleteValue(HiveVonHandle(root), Feld(f, 2), Feld(f, 3)),
-                      !HiveOCX(k.P().registry).ValueExists(HiveVonHandle(root), Feld(f, 2), Feld(f, 3)));
+        HiveOCX ocx(k.P().registry);
+        if (daten) {
+            ok = Zurückschreiben(k.P().registry, root, Feld(f, 2), Feld(f, 3), *daten);
+        } else {
+            ocx.DeleteValue(HiveVonHandle(root), Feld(f, 2), Feld(f, 3));
+            ok = !ocx.ValueExists(HiveVonHandle(root), Feld(f, 2), Feld(f, 3));
+        }
     } catch (...) {
         ok = false;
     }

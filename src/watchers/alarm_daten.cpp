@@ -37,13 +37,11 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       änderungen(k.P(), Wächtertabelle().size()),
       k_(k) {
     ListView1.Columns = {"Wert"};
-    for (RegistryOrte* w : RegistryOrteAlle()) {
-        w->liste.Columns = {"Eintrag"};
-        w->liste.ColumnWidths = {600};  // a line is long; the list scrolls sideways
-    }
-    for (ListView* l : {&ListView23}) {
+    std::vector<ListView*> zeilenlisten = {&ListView23};
+    for (RegistryOrte* w : RegistryOrteAlle()) zeilenlisten.push_back(&w->liste);
+    for (ListView* l : zeilenlisten) {
         l->Columns = {"Eintrag"};
-        l->ColumnWidths = {600};
+        l->ColumnWidths = {600};  // a line is long; the list scrolls sideways
     }
 }
 

@@ -93,15 +93,13 @@ std::string Serverdatei(Plattform& p, const std::string& schlüssel, const std::
 // The entries of a place that names classes become their server files; a class without one
 // is dropped.
 void KlassenAuflösen(Plattform& p, Klassenform form, std::vector<OrtEintrag>& einträge, std::size_t ab) {
-    std::vector<OrtEintrag> aufgelöst(einträge.begin(), einträge.begin() + static_cast<std::ptrdiff_t>(ab));
-    for (std::size_t i = ab; i < einträge.size(); ++i) {
-        OrtEintrag e = einträge[i];
-        e.daten = Serverdatei(p, e.schlüssel, form == Klassenform::Wertname ? e.name : e.daten);
-        if (e.daten.empty()) continue;
-        e.datei = true;
-        aufgelöst.push_back(std::move(e));
+    const auto anfang = einträge.begin() + static_cast<std::ptrdiff_t>(ab);
+    for (auto e = anfang; e != einträge.end(); ++e) {
+        e->daten = Serverdatei(p, e->schlüssel, form == Klassenform::Wertname ? e->name : e->daten);
+        e->datei = true;
     }
-    einträge = std::move(aufgelöst);
+    einträge.erase(std::remove_if(anfang, einträge.end(), [](const OrtEintrag& e) { return e.daten.empty(); }),
+                   einträge.end());
 }
 
 void OrtArtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, const std::function<void()>& pumpen,

@@ -83,24 +83,17 @@ inline constexpr RegistryOrt kBootSicherheit_[] = {
 // The catalogs of the Winsock providers: the protocol entries carry their library at the
 // head of a binary item, the name spaces as a path. A 64-bit Windows keeps the 64-bit
 // providers in the catalogs ending in 64; the key is one in both views.
+constexpr RegistryOrt Katalog(const char* schlüssel, const char* wert) {
+    return {kHkeyLocalMachine, schlüssel, Ortsart::Katalog, {wert}};
+}
+#define KES_WINSOCK "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\"
 inline constexpr RegistryOrt kWinsock_[] = {
-    {kHkeyLocalMachine,
-     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries",
-     Ortsart::Katalog,
-     {"PackedCatalogItem"}},
-    {kHkeyLocalMachine,
-     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries64",
-     Ortsart::Katalog,
-     {"PackedCatalogItem"}},
-    {kHkeyLocalMachine,
-     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\Catalog_Entries",
-     Ortsart::Katalog,
-     {"LibraryPath"}},
-    {kHkeyLocalMachine,
-     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\Catalog_Entries64",
-     Ortsart::Katalog,
-     {"LibraryPath"}},
+    Katalog(KES_WINSOCK "Protocol_Catalog9\\Catalog_Entries", "PackedCatalogItem"),
+    Katalog(KES_WINSOCK "Protocol_Catalog9\\Catalog_Entries64", "PackedCatalogItem"),
+    Katalog(KES_WINSOCK "NameSpace_Catalog5\\Catalog_Entries", "LibraryPath"),
+    Katalog(KES_WINSOCK "NameSpace_Catalog5\\Catalog_Entries64", "LibraryPath"),
 };
+#undef KES_WINSOCK
 // A place whose values name classes: each stands for its class's server file.
 constexpr RegistryOrt Klassenort(RegHandle wurzel, const char* schlüssel, Ortsart art, Klassenform form) {
     return {wurzel, schlüssel, art, {""}, wurzel == kHkeyLocalMachine, {}, form};
