@@ -49,7 +49,8 @@ namespace kes {
     X(Browsereinstellungen) \
     X(WeitereSperren) \
     X(Dateitypen) \
-    X(GeplanteAufgaben)
+    X(GeplanteAufgaben) \
+    X(Dienstpfade)
 // clang-format on
 
 enum class Kategorie {

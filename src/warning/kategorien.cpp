@@ -57,7 +57,8 @@ constexpr auto kTabelle = Aneinander(kOhneWarnung,
                                      kShellBefehleZeilen,
                                      kVertrauenswürdigeSeitenZeilen,
                                      kRegistryOrteZeilen,
-                                     kGeplanteAufgabenZeilen);
+                                     kGeplanteAufgabenZeilen,
+                                     kDienstpfadeZeilen);
 // clang-format on
 
 static_assert(std::size(kTabelle) == kKategorieAnzahl, "one row for every category key");

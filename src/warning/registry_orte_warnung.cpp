@@ -33,6 +33,18 @@ RegHandle Wurzel(const std::string& name) {
     return 0;
 }
 
+// A subkey with everything below it: a service keeps its Enum and Parameters keys there.
+bool SchlüsselLöschen(Form3Fenster& f) {
+    const RegHandle root = Wurzel(Feld(f, 1));
+    if (root == 0) return false;
+    Sicherung s = SicherungFür(f);
+    s.Schlüssel(root, Feld(f, 2));
+    Sichern(f, s);
+    HiveOCX ocx(f.K().P().registry);
+    ocx.DeleteKeyTree(static_cast<std::int32_t>(root), Feld(f, 2));
+    return !ocx.KeyExists(HiveVonHandle(root), Feld(f, 2));
+}
+
 // The one part taken out of the multi-string, the others kept in their order.
 bool TeilLöschen(Form3Fenster& f) {
     const RegHandle root = Wurzel(Feld(f, 1));
@@ -65,7 +77,7 @@ void RegistryOrt(Form3Fenster& f) {
     const std::string art = Feld(f, 5);
     bool ok = false;
     if (art == ArtName(Eintragsart::Schlüssel) || art == ArtName(Eintragsart::Katalog))
-        ok = f.RegistryLöschenSubkey(Feld(f, 1), Feld(f, 2));
+        ok = SchlüsselLöschen(f);
     else if (art == ArtName(Eintragsart::Teil))
         ok = TeilLöschen(f);
     else if (art == ArtName(Eintragsart::Unentbehrlich) || art == ArtName(Eintragsart::Text) ||
@@ -94,7 +106,11 @@ bool Zurückschreiben(RegistryApi& reg, RegHandle root, const std::string& key, 
         return reg.SetValueEx(k.Get(), name.c_str(), kRegDword, reinterpret_cast<const std::uint8_t*>(&zahl),
                               sizeof zahl) == kErrorSuccess;
     }
-    if (typ != kRegExpandSz) typ = kRegSz;
+    // A text that names an environment variable was one to be expanded: a service's program
+    // put back as a plain string would not start.
+    const auto prozent = daten.find('%');
+    if (typ != kRegExpandSz)
+        typ = prozent != std::string::npos && daten.find('%', prozent + 1) != std::string::npos ? kRegExpandSz : kRegSz;
     return reg.SetValueEx(k.Get(), name.c_str(), typ, reinterpret_cast<const std::uint8_t*>(daten.c_str()),
                           static_cast<std::uint32_t>(daten.size() + 1)) == kErrorSuccess;
 }

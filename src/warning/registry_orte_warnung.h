@@ -67,4 +67,10 @@ inline constexpr KategorieZeile kRegistryOrteZeilen[] = {
     RegistryOrtZurückZeile(Kategorie::Dateitypen),
 };
 
+// The services' programs: a new service is deleted with its key, a changed one gets its
+// known program back.
+inline constexpr KategorieZeile kDienstpfadeZeilen[] = {
+    RegistryOrtZeile(Kategorie::Dienstpfade, weitere::RegistryOrtOriginal),
+};
+
 }  // namespace kes

@@ -30,10 +30,11 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
       winsock(k, kWinsockOrte, ListView20),
       shellErweiterungen(k, kShellErweiterungenOrte, ListView21),
       ieToolbar(k, kIEToolbarOrte, ListView22),
-      geplanteAufgaben(k, ListView23),
       browsereinstellungen(k, kBrowsereinstellungenOrte, ListView24),
       weitereSperren(k, kWeitereSperrenOrte, ListView25),
       dateitypen(k, kDateitypenOrte, ListView26),
+      dienstpfade(k, kDienstpfadeOrte, ListView27),
+      geplanteAufgaben(k, ListView23),
       änderungen(k.P(), Wächtertabelle().size()),
       k_(k) {
     ListView1.Columns = {"Wert"};
@@ -45,10 +46,10 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
     }
 }
 
-std::array<RegistryOrte*, 12> AlarmDaten::RegistryOrteAlle() {
+std::array<RegistryOrte*, 13> AlarmDaten::RegistryOrteAlle() {
     return {&winlogon,       &appInit,   &imageFileExecution, &policiesRun, &activeSetup,
             &bootSicherheit, &winsock,   &shellErweiterungen, &ieToolbar,   &browsereinstellungen,
-            &weitereSperren, &dateitypen};
+            &weitereSperren, &dateitypen, &dienstpfade};
 }
 
 std::vector<AlarmDaten::ListeMitDatei> AlarmDaten::ListenMitDatei() {

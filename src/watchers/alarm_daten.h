@@ -27,6 +27,7 @@
 #include "watchers/startseite.h"
 #include "watchers/systemordner.h"
 #include "watchers/vertrauenswuerdige_seiten.h"
+#include "watchers/dienstpfade.h"
 #include "watchers/weitere_orte.h"
 
 namespace kes {
@@ -48,7 +49,7 @@ enum TimerId : int {
 // options. A new box raises the count here; the watcher table's check fails the build
 // until it does, and the array, the view and the settings follow it.
 inline constexpr int kEigeneBoxen = 4;
-inline constexpr int kBoxAnzahl = 46;
+inline constexpr int kBoxAnzahl = 47;
 
 // How often the change sources are asked between two ticks of Timer1.
 inline constexpr int kSofortMs = 250;
@@ -91,6 +92,7 @@ public:
     ListView ListView24;           // known window title and proxy of the browser
     ListView ListView25;           // known policy locks beside the two of the tools
     ListView ListView26;           // known classes of the program file types
+    ListView ListView27;           // known programs of the services
     ListView ListView33;           // the autostart registry rows of the current listing
     ListBox List1;                 // trusted makers of processes
     ListBox List2;                 // processes allowed for this run only
@@ -136,13 +138,14 @@ public:
     RegistryOrte browsereinstellungen;
     RegistryOrte weitereSperren;
     RegistryOrte dateitypen;
+    RegistryOrte dienstpfade;
     GeplanteAufgaben geplanteAufgaben;
 
     // The watcher of further registry places whose warnings carry this key; null for the
     // keys of the other watchers.
     RegistryOrte* RegistryOrteVon(Kategorie kategorie);
     // Every watcher of further registry places.
-    std::array<RegistryOrte*, 12> RegistryOrteAlle();
+    std::array<RegistryOrte*, 13> RegistryOrteAlle();
 
     // One tick of Timer1: the passes of the watcher table, each run only while the busy flag
     // is false and its box is 1, both tested anew for every pass.

@@ -50,7 +50,8 @@ class Grundliste;
     X(ListView23) \
     X(ListView24) \
     X(ListView25) \
-    X(ListView26)
+    X(ListView26) \
+    X(ListView27)
 // clang-format on
 
 enum class Ausnahmeliste {

@@ -5,6 +5,7 @@
 #include "common/text.h"
 #include "platform/alledateien.h"
 #include "platform/allefunktionen.h"
+#include "platform/dienst_pfad.h"
 #include "platform/hive_ocx.h"
 #include "platform/icoholen.h"
 #include "platform/mehrfachwert.h"
@@ -32,6 +33,8 @@ const char* ArtName(Eintragsart art) {
             return "Wert";
     }
 }
+
+std::string WertPfad(const OrtEintrag& e) { return e.wurzel + "\\" + e.schlüssel + "\\" + e.name; }
 
 std::string KatalogSchlüssel(const std::string& schlüssel) {
     return schlüssel.substr(0, std::min(schlüssel.size(), schlüssel.rfind('\\')));
@@ -147,13 +150,21 @@ void OrtLesen(Plattform& p, const RegistryOrt& ort, const std::string& key, cons
     OrtArtLesen(p, ort, key, pumpen, aus);
     if (ort.klasse != Klassenform::Keine) KlassenAuflösen(p, ort.klasse, aus, ab);
     if (ort.rückweg == Rückweg::Löschen) return;
-    // A lock of 0, or an empty one, locks nothing and is no entry.
-    const auto keineSperre = [](const OrtEintrag& e) { return e.daten.empty() || e.daten == "0"; };
-    if (ort.rückweg == Rückweg::Freigeben)
-        aus.erase(std::remove_if(aus.begin() + static_cast<std::ptrdiff_t>(ab), aus.end(), keineSperre), aus.end());
-    for (std::size_t i = ab; i < aus.size(); ++i)
+    // A lock of 0, or an empty one, locks nothing and is no entry; nor is a subkey without
+    // the value that would name its program.
+    const auto keinEintrag = [&](const OrtEintrag& e) {
+        if (ort.rückweg == Rückweg::Freigeben) return e.daten.empty() || e.daten == "0";
+        return e.art == Eintragsart::Schlüssel && e.daten.empty();
+    };
+    aus.erase(std::remove_if(aus.begin() + static_cast<std::ptrdiff_t>(ab), aus.end(), keinEintrag), aus.end());
+    for (std::size_t i = ab; i < aus.size(); ++i) {
         if (aus[i].art == Eintragsart::Wert)
             aus[i].art = ort.rückweg == Rückweg::Freigeben ? Eintragsart::Sperre : Eintragsart::Text;
+        if (aus[i].art == Eintragsart::Schlüssel) {
+            aus[i].art = Eintragsart::Programm;
+            aus[i].datei = true;
+        }
+    }
 }
 }  // namespace
 
@@ -209,6 +220,12 @@ void RegistryOrte::Teste() {
         }
         for (const OrtEintrag& e : einträge) {
             if (bekannt.Enthält(Klein(e.Zeile())) || k_.Später(e.Aufschub())) continue;
+            if (e.art == Eintragsart::Programm && beschreibung.anderswoGemeldet && !Bekannt(WertPfad(e)) &&
+                beschreibung.anderswoGemeldet(k_, e)) {
+                liste.Add(e.Zeile()).SmallIcon = 26;
+                basis.Speichern(Schreibfehler::Übergehen);
+                continue;
+            }
             Warnen(e);
             return;
         }
@@ -229,17 +246,25 @@ void RegistryOrte::Teste() {
 }
 
 void RegistryOrte::Warnen(const OrtEintrag& e) {
+    // A program's subkey whose value the baseline knows has changed its program: it warns as
+    // a text, and "Original" puts the known one back; a new one goes with its subkey.
+    const auto bisher = e.art == Eintragsart::Text || e.art == Eintragsart::Programm ? Bekannt(WertPfad(e)) : std::nullopt;
+    Eintragsart art = e.art;
+    if (art == Eintragsart::Programm) art = bisher ? Eintragsart::Text : Eintragsart::Schlüssel;
     k_.Warnen(beschreibung.kategorie, [&](Warnung& f) {
         f.Label1[0].Caption = beschreibung.überschrift;
-        const bool schlüssel = e.art == Eintragsart::Schlüssel || e.art == Eintragsart::Katalog;
+        const bool schlüssel = art == Eintragsart::Schlüssel || art == Eintragsart::Katalog;
         // A key's default value is named by the key alone.
         f.Label1[1].Caption =
             "Name: " + e.wurzel + "\\" + e.schlüssel + (schlüssel || e.name.empty() ? "" : "\\" + e.name);
         f.Label1[2].Caption = "Pfad: " + e.daten;
         std::string datei = e.daten;
         if (e.datei) {
-            // A server file or library: its details, as the warnings of the class lists show them.
-            datei = PfadErweitern(datei, k_.W().Windowsordner);
+            // A server file or library: its details, as the warnings of the class lists show
+            // them; a service's program without its quotes and arguments.
+            datei = e.art == Eintragsart::Programm
+                        ? DienstPfad(k_.P(), datei, "", k_.W().Windowsordner, k_.W().Systemordner)
+                        : PfadErweitern(datei, k_.W().Windowsordner);
             f.ListView2.Add(DateiName(datei)).SmallIcon = 4;
             f.ListView2.Add(datei).SmallIcon = 5;
         } else {
@@ -257,19 +282,17 @@ void RegistryOrte::Warnen(const OrtEintrag& e) {
         f.Text1[2].Text = e.schlüssel;
         f.Text1[3].Text = e.name;
         f.Text1[4].Text = e.daten;
-        f.Text1[5].Text = ArtName(e.art);
-        if (e.art == Eintragsart::Sperre) f.Label1[2].Caption = e.name + " = " + e.daten;
-        if (e.art == Eintragsart::Text) {
-            const auto bisher = Bekannt(e.wurzel + "\\" + e.schlüssel + "\\" + e.name);
+        f.Text1[5].Text = ArtName(art);
+        if (art == Eintragsart::Sperre) f.Label1[2].Caption = e.name + " = " + e.daten;
+        if (art == Eintragsart::Text)
             f.Label1[2].Caption = "Neuer Wert : " + e.daten + "        Original war: " + bisher.value_or("");
-        }
-        if (e.art == Eintragsart::Unentbehrlich || e.art == Eintragsart::Text || e.art == Eintragsart::Sperre) {
+        if (art == Eintragsart::Unentbehrlich || art == Eintragsart::Text || art == Eintragsart::Sperre) {
             // Deleted, the value would leave Windows without a shell or a logon, or lose the
             // text the user had: the known data go back instead. A lock is taken away.
             f.Image[3].Visible = false;
             f.Label3[Warnung::LabelVon(3)].Visible = false;
             f.Zeigen(8);
-            f.Label3[Warnung::LabelVon(8)].Caption = e.art == Eintragsart::Sperre ? "Freigeben" : "Original";
+            f.Label3[Warnung::LabelVon(8)].Caption = art == Eintragsart::Sperre ? "Freigeben" : "Original";
         }
         if (e.datei) {
             holedaten(k_.P(), f, datei);

@@ -45,7 +45,9 @@ enum class Klassenform {
 // How the warning of a place's value puts the machine back.
 enum class Rückweg {
     Löschen,    // the value goes, as any autostart entry does
-    Original,   // the text the baseline knows goes back ("Original"), else Windows' own, else none
+    // The text the baseline knows goes back ("Original"), else Windows' own, else none. Read
+    // by subkeys, a subkey without its value starts nothing and is no entry.
+    Original,
     Freigeben,  // a lock: a value of 0 is none, and the warning takes a lock away ("Freigeben")
 };
 
@@ -66,17 +68,24 @@ struct RegistryOrt {
     const char* vorgabe = nullptr;
 };
 
+struct OrtEintrag;
+
 struct OrteBeschreibung {
     Kategorie kategorie = Kategorie::Keine;
     const char* datei = nullptr;        // the baseline below the program folder
     const char* überschrift = nullptr;  // the warning's headline
     std::span<const RegistryOrt> orte;
+    // A new subkey that another watcher of the program warns of while its box is on: this
+    // one learns it without a word, so that the user is not asked twice.
+    bool (*anderswoGemeldet)(WächterKontext& k, const OrtEintrag& e) = nullptr;
 };
 
 // How an entry goes when the user deletes it; the warning keeps it in a field. An
 // Unentbehrlich value is not deleted but put back, as is a Text; a Sperre is released; a
-// Katalog entry goes with its subkey.
-enum class Eintragsart { Wert, Teil, Schlüssel, Unentbehrlich, Katalog, Text, Sperre };
+// Katalog entry goes with its subkey. A Programm is a subkey named by the program its value
+// starts (a service): a new one goes with its subkey, a changed one warns as a Text; the
+// warning never carries the word itself.
+enum class Eintragsart { Wert, Teil, Schlüssel, Unentbehrlich, Katalog, Text, Sperre, Programm };
 // The key a catalog entry is known by: its subkey's number left out.
 std::string KatalogSchlüssel(const std::string& schlüssel);
 const char* ArtName(Eintragsart art);
@@ -96,6 +105,9 @@ struct OrtEintrag {
     // deferred; a part of a multi-string is known by itself.
     std::string Aufschub() const;
 };
+
+// The value an entry belongs to: root, key and name joined by backslashes.
+std::string WertPfad(const OrtEintrag& e);
 
 // Every entry at the described places as they stand now; a missing key gives none.
 // pumpen runs between the places and the subkeys.

@@ -14,7 +14,8 @@ using L = Ausnahmeliste;
 // the panel's menu, the reset of its file and the assistant's first baseline.
 template <RegistryOrte AlarmDaten::*Wächter, ListView AlarmDaten::*Ansicht, Ausnahmeliste Liste,
           const OrteBeschreibung& B>
-constexpr WächterZeile OrteZeile(const char* name, int box, const char* beschriftung, int rang, const char* menü) {
+constexpr WächterZeile OrteZeile(const char* name, int box, const char* beschriftung, int rang, const char* menü,
+                                 bool assistent = true) {
     return {.name = name,
             .box = box,
             .beschriftung = beschriftung,
@@ -23,7 +24,7 @@ constexpr WächterZeile OrteZeile(const char* name, int box, const char* beschri
             .laden = {[](A& a, W&) { (a.*Wächter).Laden(); }},
             .zurücksetzen = {{{rang, B.datei}}},
             .erstaufnahme = [](WächterKontext& k) { RegistryOrte::Erstaufnahme(k, B); },
-            .assistent = true,
+            .assistent = assistent,
             .listen = {{{Liste,
                          nullptr,
                          Ansicht,
@@ -466,6 +467,10 @@ constexpr WächterZeile kWächter[] = {
         "further policy locks", 44, "Weitere Richtlinien-Sperren sofort melden.", 25, "weiteresperren"),
     OrteZeile<&A::dateitypen, &A::ListView26, L::ListView26, kDateitypenOrte>(
         "program file types", 45, "Dateitypen (.exe, .com ...) sofort melden.", 26, "dateitypen"),
+    // Off until the user wants it: a machine's services change their programs with updates.
+    OrteZeile<&A::dienstpfade, &A::ListView27, L::ListView27, kDienstpfadeOrte>(
+        "service programs", kDienstpfadeBox, "Jeden neuen oder geänderten Dienst melden (jede Startart).", 27,
+        "dienstpfade", false),
 };
 
 // Every key but Keine is carried by a row, and every row has a box and a pass.

@@ -98,6 +98,7 @@ RESET_FILES = ["daten\\toolbar.ini", "daten\\prozesse.txt", "daten\\dienste.ini"
                "daten\\PoliciesRun.txt", "daten\\ActiveSetup.txt", "daten\\BootSicherheit.txt",
                "daten\\Winsock.txt", "daten\\ShellErweiterungen.txt", "daten\\IEToolbar.txt",
                "daten\\Browsereinstellungen.txt", "daten\\WeitereSperren.txt", "daten\\Dateitypen.txt",
+               "daten\\Dienstpfade.txt",
                "daten\\GeplanteAufgaben.txt"]
 KEPT_FILES = ["daten\\bho.ini", "daten\\Autostart.txt", "daten\\activex.txt", "daten\\windows.txt",
               "daten\\V_seiten.txt", "Kestrella.log"]

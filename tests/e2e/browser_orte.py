@@ -2,7 +2,9 @@
 user warns with its server file and is accepted; a changed window title of the browser
 warns with the new and the original text and "Original" puts the known one back; a new
 lock of the Run command is released with "Freigeben"; a changed class of the .scr file
-type is repaired to scrfile. Each warns once, and what was answered stays quiet."""
+type is repaired to scrfile; with the option of every service on, a new service on demand is
+deleted with its key, and a changed program of a service gets its known one back, still to be
+expanded. Each warns once, and what was answered stays quiet."""
 
 import os
 import time
@@ -16,6 +18,9 @@ LEISTE = "{4B657374-7265-6C6C-6154-4F4F4C424152}"
 MAIN = r"HKCU\Software\Microsoft\Internet Explorer\Main"
 EXPLORER_POL = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Policies\Explorer"
 SCR = r"HKCR\.scr"
+SERVICES = r"HKLM\System\CurrentControlSet\Services"
+NEW_SERVICE = SERVICES + r"\KesDienst"
+OLD_SERVICE = SERVICES + r"\KesAlt"
 
 
 def answered(h, hwnd, button):
@@ -40,13 +45,17 @@ def browser_and_shell_places_warn_and_are_accepted_put_back_released_and_repaire
     h.reg_delete(EXPLORER_POL, "NoRun")
     h.reg_add(MAIN, "Window Title", "Kestrella-Test")
     h.reg_add(SCR, "", "scrfile")
+    h.reg_delete(NEW_SERVICE)
+    h.reg_add(OLD_SERVICE, "ImagePath", r"%SystemRoot%\system32\kes-alt.exe", kind="REG_EXPAND_SZ")
+    h.reg_add(OLD_SERVICE, "Start", "4", kind="REG_DWORD")
     h.program_folder("browser")
-    h.settings(aufab1=1, box2=1, box41=1, box43=1, box44=1, box45=1)
+    h.settings(aufab1=1, box2=1, box41=1, box43=1, box44=1, box45=1, box46=1)
     h.start()
     try:
         check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
         daten = os.path.join(h.folder, "daten")
-        files = ("IEToolbar.txt", "Browsereinstellungen.txt", "WeitereSperren.txt", "Dateitypen.txt")
+        files = ("IEToolbar.txt", "Browsereinstellungen.txt", "WeitereSperren.txt", "Dateitypen.txt",
+                 "Dienstpfade.txt")
         check(wait_until(lambda: all(os.path.exists(os.path.join(daten, f)) for f in files), 15),
               "the first pass took no baselines")
 
@@ -75,6 +84,26 @@ def browser_and_shell_places_warn_and_are_accepted_put_back_released_and_repaire
         answered(h, hwnd, "Original")
         check(reg_value(h, SCR, "") == "scrfile", "the file type was not repaired")
 
+        h.reg_add(NEW_SERVICE, "ImagePath", r"C:\windows\kes-dienst.exe -k")
+        h.reg_add(NEW_SERVICE, "Start", "3", kind="REG_DWORD")
+        h.reg_add(NEW_SERVICE + r"\Parameters", "Modus", "1")
+        hwnd = warning_with(h, "Ein Dienst wurde eingetragen oder sein Programm geändert.",
+                            "Name: HKEY_LOCAL_MACHINE\\" + NEW_SERVICE[5:])
+        h.click(hwnd, "Registry löschen")
+        h.wait_window("Achtung!", 10)
+        h.click("Achtung!", "Ja löschen")
+        h.gone(hwnd, 10)
+        out = h.run(["wine", "reg", "query", NEW_SERVICE], env=h.tool_env, check=False)
+        check(out.returncode != 0, "the new service's key is still there")
+
+        h.reg_add(OLD_SERVICE, "ImagePath", r"C:\windows\kes-boese.exe")
+        hwnd = warning_with(h, "Neuer Wert : C:\\windows\\kes-boese.exe        Original war: "
+                            "%SystemRoot%\\system32\\kes-alt.exe")
+        answered(h, hwnd, "Original")
+        out = h.run(["wine", "reg", "query", OLD_SERVICE, "/v", "ImagePath"], env=h.tool_env, check=False)
+        shown = out.stdout.decode("utf-8", "replace")
+        check("REG_EXPAND_SZ" in shown and "kes-alt.exe" in shown, f"the service's program did not go back: {shown!r}")
+
         # Everything answered: the next ticks find nothing more.
         time.sleep(3)
         check(WARNING_TITLE not in visible_titles(h), "a place warned again")
@@ -85,6 +114,8 @@ def browser_and_shell_places_warn_and_are_accepted_put_back_released_and_repaire
         h.reg_delete(TOOLBAR, LEISTE)
         h.reg_delete(r"HKCR\CLSID" + "\\" + LEISTE)
         h.reg_delete(EXPLORER_POL, "NoRun")
+        h.reg_delete(NEW_SERVICE)
+        h.reg_delete(OLD_SERVICE)
         if title is None:
             h.reg_delete(MAIN, "Window Title")
         else:

@@ -21,7 +21,7 @@ const char* const kListen[] = {"prozesse.txt",      "Firma.txt",         "favori
                                "Winlogon.txt",      "AppInit.txt",       "ImageFileExecution.txt",
                                "PoliciesRun.txt",   "ActiveSetup.txt",   "BootSicherheit.txt",
                                "Winsock.txt",       "IEToolbar.txt",     "ShellErweiterungen.txt",
-                               "Browsereinstellungen.txt", "WeitereSperren.txt", "Dateitypen.txt",
+                               "Browsereinstellungen.txt", "WeitereSperren.txt", "Dateitypen.txt", "Dienstpfade.txt",
                                "GeplanteAufgaben.txt"};
 
 bool Endet(const std::string& s, const std::string& ende) {

@@ -82,13 +82,17 @@ void AlarmAnsicht::SeitenAllgemein() {
     BoxNeu(15, 25, 12, 22);
     BoxNeu(15, 26, 12, 44);
 
-    // 17: services.
+    // 17: services; below, the makers beside the known programs of every service.
     BoxNeu(17, 28, 12, 22);
-    Überschrift(17, "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services", 12, 46, innen);
-    LabelNeu(17, f_.ww[19], 12, 68, innen);
-    ListeNeu(17, f_.ListView11, 12, 84, innen, 210);
-    Überschrift(17, "Ausnahmen Hersteller:", 12, 302);
-    ListBoxNeu(17, f_.List10, 12, 318, innen, 94);
+    BoxNeu(17, kDienstpfadeBox, 12, 42);
+    Überschrift(17, "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services", 12, 66, innen);
+    LabelNeu(17, f_.ww[19], 12, 86, innen);
+    ListeNeu(17, f_.ListView11, 12, 102, innen, 170);
+    const int hälfte = (innen - 8) / 2;
+    Überschrift(17, "Ausnahmen Hersteller:", 12, 280, hälfte);
+    ListBoxNeu(17, f_.List10, 12, 296, hälfte, 116);
+    Überschrift(17, "Bekannte Dienst-Programme:", 20 + hälfte, 280, hälfte);
+    ListeNeu(17, f_.ListView27, 20 + hälfte, 296, hälfte, 116);
 }
 
 }  // namespace kes::ui

@@ -183,7 +183,7 @@ const char* const kResetDateien[] = {
     "daten\\Firma.txt",         "daten\\Winlogon.txt",      "daten\\AppInit.txt",       "daten\\ImageFileExecution.txt",
     "daten\\PoliciesRun.txt",   "daten\\ActiveSetup.txt",   "daten\\BootSicherheit.txt", "daten\\Winsock.txt",
     "daten\\IEToolbar.txt",     "daten\\ShellErweiterungen.txt", "daten\\Browsereinstellungen.txt",
-    "daten\\WeitereSperren.txt", "daten\\Dateitypen.txt", "daten\\GeplanteAufgaben.txt"};
+    "daten\\WeitereSperren.txt", "daten\\Dateitypen.txt", "daten\\Dienstpfade.txt", "daten\\GeplanteAufgaben.txt"};
 const char* const kBleibende[] = {"daten\\bho.ini",     "daten\\Autostart.txt", "daten\\activex.txt",
                                   "daten\\windows.txt", "daten\\V_seiten.txt",  "Kestrella.log"};
 

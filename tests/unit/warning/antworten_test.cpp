@@ -248,6 +248,14 @@ const Szenario& AntwortTest::Von(K k) {
                             45, &AlarmDaten::dateitypen,
                             [](T& t) { t.fp.registry.SetString("HKEY_CLASSES_ROOT\\.exe", "", "boesefile"); },
                             [](T& t) { return HiveOCX(t.fp.registry).ReadValue(0, ".exe", "") == "boesefile"; })},
+        // A new service on demand: its key goes with it.
+        {K::Dienstpfade, ort(
+                             46, &AlarmDaten::dienstpfade,
+                             [](T& t) {
+                                 t.fp.registry.SetString(kSvc + "Boese", "ImagePath", "C:\\boese.exe");
+                                 t.fp.registry.SetDword(kSvc + "Boese", "Start", 3);
+                             },
+                             [](T& t) { return t.Schlüssel(2, (kSvc + "Boese").substr(kHklm.size())); })},
         {K::Winlogon,
          ort(
              33, &AlarmDaten::winlogon, [](T& t) { t.fp.registry.SetString(kWinlogon, "Taskman", "C:\\boese.exe"); },
@@ -551,6 +559,12 @@ const std::vector<Fall> kFälle = {
     {K::GeplanteAufgaben, A::Später, -1, E::FürDenLauf},
     {K::GeplanteAufgaben, A::Löschen, -1, E::Weg},
     {K::GeplanteAufgaben, A::Übernehmen, -1, E::FürImmer, L::ListView23},
+    {K::Dienstpfade, A::Übernehmen},
+    {K::Dienstpfade, A::Später, -1, E::FürDenLauf},
+    {K::Dienstpfade, A::Löschen, -1, E::Weg},
+    {K::Dienstpfade, A::Übernehmen, -1, E::FürImmer, L::ListView27},
+    // "Original" is for a service whose program changed; a new one it only closes.
+    {K::Dienstpfade, A::Original, -1, E::WarntWieder},
 };
 
 TEST_P(AntwortTest, TheAnswerHoldsInTheNextCycles) {

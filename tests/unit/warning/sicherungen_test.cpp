@@ -139,6 +139,25 @@ std::vector<Zweig> Zweige() {
              f.Text1[1].Text = "HKEY_CLASSES_ROOT";
          },
          Original, true},
+        // A new service goes with its key; a changed one gets its known program back, with
+        // the type it has.
+        {"Dienstpfade", K::Dienstpfade, {{Ort::Baum, "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Services\\Neu"}},
+         [](auto& fp, Form3Fenster& f) {
+             fp.registry.SetString("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Services\\Neu", "ImagePath", "neu.exe");
+             fp.registry.SetString("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Services\\Neu\\Enum", "0", "x");
+             OrtFelder(f, "SYSTEM\\CurrentControlSet\\Services\\Neu", "ImagePath", "neu.exe", "Schlüssel");
+         },
+         Löschen},
+        {"Dienstpfade", K::Dienstpfade,
+         {{Ort::Wert, "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Services\\Alt", "ImagePath"}},
+         [](auto& fp, Form3Fenster& f) {
+             const std::string d = "SYSTEM\\CurrentControlSet\\Services\\Alt";
+             fp.registry.SetRaw("HKEY_LOCAL_MACHINE\\" + d, "ImagePath", kRegExpandSz,
+                                std::string("%TEMP%\\b.exe\0", 14));
+             f.K().Alarm().dienstpfade.liste.Add("HKEY_LOCAL_MACHINE\\" + d + "\\ImagePath\\%SystemRoot%\\alt.exe");
+             OrtFelder(f, d, "ImagePath", "%TEMP%\\b.exe", "Text");
+         },
+         Original, true},
         // One part of a multi-string goes; the value keeps the others.
         {"BootSicherheit", K::BootSicherheit,
          {{Ort::Wert, "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Lsa", "Notification Packages"}},
@@ -351,7 +370,7 @@ TEST_P(Sicherungen, ABackupThatCannotBeWrittenRemovesNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Zweige, Sicherungen, ::testing::ValuesIn(Zweige()),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& info) { return std::string(info.param.name) + std::to_string(info.index); });
 
 }  // namespace
 }  // namespace kes::test

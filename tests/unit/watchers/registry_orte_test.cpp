@@ -20,6 +20,7 @@ const std::string kExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Exp
 const std::string kKatalog =
     "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries";
 const std::string kToolbar = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Toolbar";
+const std::string kDienste = "System\\CurrentControlSet\\Services\\";
 using Schritt = std::function<void(fake::FakeRegistry&)>;
 
 void Server(fake::FakeRegistry& r, const std::string& clsid, const std::string& datei) {
@@ -139,6 +140,21 @@ const Regel kRegeln[] = {
      "Pfad: %SystemRoot%\\System32\\boese.dll"},
     {"catalog item without a path", &AlarmDaten::winsock, [](auto&) {},
      [](auto& r) { Katalogeintrag(r, "000000000003", ""); }, ""},
+    // A service of any start type is known by its key and its program.
+    {"new service on demand", &AlarmDaten::dienstpfade, [](auto&) {},
+     [](auto& r) {
+         r.SetString(kHklm + kDienste + "Neu", "ImagePath", "\"C:\\neu.exe\" -k");
+         r.SetDword(kHklm + kDienste + "Neu", "Start", 3);
+     },
+     "Name: " + kHklm + kDienste + "Neu", "Pfad: \"C:\\neu.exe\" -k"},
+    {"service key without a program", &AlarmDaten::dienstpfade, [](auto&) {},
+     [](auto& r) { r.SetDword(kHklm + kDienste + "Leer", "Type", 1); }, ""},
+    {"service's start type changed", &AlarmDaten::dienstpfade,
+     [](auto& r) {
+         r.SetString(kHklm + kDienste + "Alt", "ImagePath", "alt.exe");
+         r.SetDword(kHklm + kDienste + "Alt", "Start", 3);
+     },
+     [](auto& r) { r.SetDword(kHklm + kDienste + "Alt", "Start", 2); }, ""},
 };
 
 TEST(RegistryOrte, WhatWarnsAndWhatTheWarningShows) {
@@ -227,6 +243,14 @@ const Löschfall kLöschfälle[] = {
      },
      [](auto& r) { return !r.HasKey(kHklm + kKatalog + "\\000000000002"); },
      [](auto& r) { return r.HasKey(kHklm + kKatalog + "\\000000000001"); }},
+    {"service with the keys below it", &AlarmDaten::dienstpfade,
+     [](auto& r) {
+         r.SetString(kHklm + kDienste + "Neu", "ImagePath", "neu.exe");
+         r.SetString(kHklm + kDienste + "Neu\\Parameters", "ServiceDll", "neu.dll");
+         r.SetString(kHklm + kDienste + "Gut", "ImagePath", "gut.exe");
+     },
+     [](auto& r) { return !r.HasKey(kHklm + kDienste + "Neu"); },
+     [](auto& r) { return r.HasKey(kHklm + kDienste + "Gut"); }},
     {"subkey", &AlarmDaten::winlogon,
      [](auto& r) {
          r.SetString(kHklm + kNt + "Winlogon\\Notify\\boese", "DllName", "b.dll");
@@ -246,6 +270,7 @@ TEST(RegistryOrte, DeleteRemovesExactlyWhatWasFound_AfterItsBackup) {
         fall.anlegen(l.fp.registry);
         // The neighbour known, the entry new.
         if (std::string(fall.fall) == "subkey") w.Übernehmen(kHklm + kNt + "Winlogon\\Notify\\gut\\DllName\\g.dll");
+        if (fall.wächter == &AlarmDaten::dienstpfade) w.Übernehmen(kHklm + kDienste + "Gut\\ImagePath\\gut.exe");
         if (std::string(fall.fall) == "catalog entry") w.Übernehmen(kHklm + kKatalog + "\\PackedCatalogItem\\gut.dll");
         if (std::string(fall.fall) == "part of a multi-string")
             w.Übernehmen(kHklm + kLsa + "\\Notification Packages\\scecli");
@@ -396,7 +421,9 @@ const std::string kExplorerPol = "HKEY_CURRENT_USER\\Software\\Microsoft\\Window
 std::uint32_t Typ(fake::FakeRegistry& r, const std::string& key, const char* name) {
     RegKey k;
     std::uint32_t typ = 0, n = 0;
-    if (r.OpenKeyEx(kHkeyCurrentUser, key.substr(std::string("HKEY_CURRENT_USER\\").size()), kKeyRead, &k) != 0) return 0;
+    const bool cu = key.starts_with("HKEY_CURRENT_USER\\");
+    const std::string rest = key.substr(key.find('\\') + 1);
+    if (r.OpenKeyEx(cu ? kHkeyCurrentUser : kHkeyLocalMachine, rest, kKeyRead, &k) != 0) return 0;
     r.QueryValueEx(k.Get(), name, &typ, nullptr, &n);
     return typ;
 }
@@ -425,6 +452,17 @@ const Rückfall kRückfälle[] = {
     {"lock released", &AlarmDaten::weitereSperren, kExplorerPol, "NoDrives", [](auto&) {},
      [](auto& r) { r.SetDword(kExplorerPol, "NoDrives", 67108863); }, "NoDrives = 67108863", "Freigeben",
      [](auto& r) { return !r.HasValue(kExplorerPol, "NoDrives"); }},
+    {"service's changed program back, still to be expanded", &AlarmDaten::dienstpfade, kHklm + kDienste + "Alt",
+     "ImagePath",
+     [](auto& r) {
+         r.SetRaw(kHklm + kDienste + "Alt", "ImagePath", kRegExpandSz, std::string("%SystemRoot%\\alt.exe\0", 21));
+     },
+     [](auto& r) { r.SetString(kHklm + kDienste + "Alt", "ImagePath", "C:\\boese.exe"); },
+     "Neuer Wert : C:\\boese.exe        Original war: %SystemRoot%\\alt.exe", "Original",
+     [](auto& r) {
+         return HiveOCX(r).ReadValue(2, kDienste + "Alt", "ImagePath") == "%SystemRoot%\\alt.exe" &&
+                Typ(r, kHklm + kDienste + "Alt", "ImagePath") == kRegExpandSz;
+     }},
     {"file type's class repaired", &AlarmDaten::dateitypen, "HKEY_CLASSES_ROOT\\.scr", "", [](auto&) {},
      [](auto& r) { r.SetString("HKEY_CLASSES_ROOT\\.scr", "", "boesefile"); },
      "Neuer Wert : boesefile        Original war: ", "Original",
@@ -462,6 +500,29 @@ TEST(RegistryOrte, ValuesPutBackOrReleased_NeverDeleted) {
         l.prg.Aufräumen();
         w.Teste();
         EXPECT_FALSE(l.prg.Form3Geladen()) << "what was put back is known";
+    }
+}
+
+// The services watcher warns of a new automatic service while its box is on: the watcher of
+// every service learns it without a word, and warns of it once its program changes.
+TEST(RegistryOrte, NewAutomaticServiceWhileTheServicesBoxIsOn_IsLearntSilently) {
+    for (const int box : {1, 0}) {
+        SCOPED_TRACE(box);
+        Lauf l;
+        RegistryOrte& w = l.a().dienstpfade;
+        w.Teste();
+        l.a().Box1[28].setValue(box);
+        l.fp.registry.SetString(kHklm + kDienste + "Auto", "ImagePath", "auto.exe");
+        l.fp.registry.SetDword(kHklm + kDienste + "Auto", "Start", 2);
+        w.Teste();
+        ASSERT_EQ(l.prg.Form3Geladen(), box == 0);
+        if (box == 0) continue;
+        EXPECT_EQ(l.fp.files.Content(l.prg.Programmordner + "daten\\Dienstpfade.txt"),
+                  kHklm + kDienste + "Auto\\ImagePath\\auto.exe\r\n");
+        l.fp.registry.SetString(kHklm + kDienste + "Auto", "ImagePath", "boese.exe");
+        w.Teste();
+        ASSERT_TRUE(l.prg.Form3Geladen());
+        EXPECT_EQ(l.prg.Form3().Label1[2].Caption, "Neuer Wert : boese.exe        Original war: auto.exe");
     }
 }
 
