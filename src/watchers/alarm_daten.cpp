@@ -47,8 +47,8 @@ AlarmDaten::AlarmDaten(WächterKontext& k)
 }
 
 std::array<RegistryOrte*, 13> AlarmDaten::RegistryOrteAlle() {
-    return {&winlogon,       &appInit,   &imageFileExecution, &policiesRun, &activeSetup,
-            &bootSicherheit, &winsock,   &shellErweiterungen, &ieToolbar,   &browsereinstellungen,
+    return {&winlogon,       &appInit,    &imageFileExecution, &policiesRun, &activeSetup,
+            &bootSicherheit, &winsock,    &shellErweiterungen, &ieToolbar,   &browsereinstellungen,
             &weitereSperren, &dateitypen, &dienstpfade};
 }
 

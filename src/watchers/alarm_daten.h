@@ -16,6 +16,7 @@
 #include "watchers/autostart_registry.h"
 #include "watchers/dfue.h"
 #include "watchers/dienste.h"
+#include "watchers/dienstpfade.h"
 #include "watchers/favoriten.h"
 #include "watchers/geplante_aufgaben.h"
 #include "watchers/hosts.h"
@@ -27,7 +28,6 @@
 #include "watchers/startseite.h"
 #include "watchers/systemordner.h"
 #include "watchers/vertrauenswuerdige_seiten.h"
-#include "watchers/dienstpfade.h"
 #include "watchers/weitere_orte.h"
 
 namespace kes {

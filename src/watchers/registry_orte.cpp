@@ -34,7 +34,9 @@ const char* ArtName(Eintragsart art) {
     }
 }
 
-std::string WertPfad(const OrtEintrag& e) { return e.wurzel + "\\" + e.schlüssel + "\\" + e.name; }
+std::string WertPfad(const OrtEintrag& e) {
+    return e.wurzel + "\\" + e.schlüssel + "\\" + e.name;
+}
 
 std::string KatalogSchlüssel(const std::string& schlüssel) {
     return schlüssel.substr(0, std::min(schlüssel.size(), schlüssel.rfind('\\')));
@@ -248,7 +250,8 @@ void RegistryOrte::Teste() {
 void RegistryOrte::Warnen(const OrtEintrag& e) {
     // A program's subkey whose value the baseline knows has changed its program: it warns as
     // a text, and "Original" puts the known one back; a new one goes with its subkey.
-    const auto bisher = e.art == Eintragsart::Text || e.art == Eintragsart::Programm ? Bekannt(WertPfad(e)) : std::nullopt;
+    const auto bisher =
+        e.art == Eintragsart::Text || e.art == Eintragsart::Programm ? Bekannt(WertPfad(e)) : std::nullopt;
     Eintragsart art = e.art;
     if (art == Eintragsart::Programm) art = bisher ? Eintragsart::Text : Eintragsart::Schlüssel;
     k_.Warnen(beschreibung.kategorie, [&](Warnung& f) {

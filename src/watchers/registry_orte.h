@@ -44,7 +44,7 @@ enum class Klassenform {
 
 // How the warning of a place's value puts the machine back.
 enum class Rückweg {
-    Löschen,    // the value goes, as any autostart entry does
+    Löschen,  // the value goes, as any autostart entry does
     // The text the baseline knows goes back ("Original"), else Windows' own, else none. Read
     // by subkeys, a subkey without its value starts nothing and is no entry.
     Original,
