@@ -4,8 +4,8 @@
 #include "platform/sysfolder.h"
 #include "watchers/alarm_daten.h"
 #include "watchers/autostart_ordner.h"
-#include "watchers/warnung.h"
 #include "watchers/selbsttaetig.h"
+#include "watchers/warnung.h"
 
 namespace kes {
 
@@ -24,9 +24,19 @@ void Favoriten::TesteFavoriten() {
     std::string ordner = schlüssel == Kategorie::Favorit1   ? Label2[0].Caption
                          : schlüssel == Kategorie::Favorit2 ? Label2[1].Caption
                                                             : File1.Path;
-    // No "Links" folder: this pass ends without a word.
-    if (!PfadSetzen(k_.P(), File1, ordner)) return;
-    Aktualisieren(k_.P(), File1);
+    // A folder of its own keeps its last walk while quiet; a pass of another key walks.
+    const bool eigen = schlüssel == Kategorie::Favorit1 || schlüssel == Kategorie::Favorit2;
+    auto& stand = stand_[schlüssel == Kategorie::Favorit2 ? 1 : 0];
+    if (eigen && k_.W().Unverändert && stand) {
+        File1.Path = ordner;
+        File1.Items = *stand;
+    } else {
+        if (eigen) stand.reset();
+        // No "Links" folder: this pass ends without a word.
+        if (!PfadSetzen(k_.P(), File1, ordner)) return;
+        Aktualisieren(k_.P(), File1);
+        if (eigen) stand = File1.Items;
+    }
     std::string name;
     const BekannteTexte bekannt = BekannteNamen(List4.Items);
     for (const std::string& datei : File1.Items)
@@ -44,8 +54,8 @@ void Favoriten::TesteFavoriten() {
         std::string sicherung;
         const bool ok = DateiSelbstLöschen(k_, pfad, sicherung);
         SelbstJournal(k_, Kategorie::Favoriten, pfad, "Automatisch gelöscht", sicherung,
-                      {"Neuer IExplorer Favorit gefunden.", ok ? "< Favorit Automatisch gelöscht OK >"
-                                                              : "< Favorit Automatisch gelöscht NEIN >"});
+                      {"Neuer IExplorer Favorit gefunden.",
+                       ok ? "< Favorit Automatisch gelöscht OK >" : "< Favorit Automatisch gelöscht NEIN >"});
         // The balloon follows the removal, and only when asked for.
         if (k_.Box(7) == 1) k_.Sprechblase(name, "IExplorer Favorit wurde gelöscht ", "IExplorer Favorit");
         try {
@@ -66,6 +76,10 @@ void Favoriten::TesteFavoriten() {
         f.Label1[2].Caption = name;
         f.picProcIcon.Bild = 2;
     });
+}
+
+Änderungsorte Favoriten::Orte() const {
+    return {{0, Label2[0].Caption}, {0, Label2[1].Caption}};
 }
 
 void LöscheFavoriten_Click(AlarmDaten& a, ListenPanel& panel, int) {

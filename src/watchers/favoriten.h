@@ -5,9 +5,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "common/steuerelemente.h"
 #include "platform/dateiliste.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 #include "watchers/listenmenue.h"
@@ -31,8 +35,14 @@ public:
     FileListBox& File1;
     Grundliste basis;  // List4
 
+    // The two folders, whose change sources tell that a pass must walk again.
+    Änderungsorte Orte() const;
+
 private:
     WächterKontext& k_;
+    // Each folder's last walk, kept while it is quiet; the known names and the deferred list
+    // are still asked at every pass.
+    std::array<std::optional<std::vector<std::string>>, 2> stand_;
 };
 
 // The menu of the known favourites (List4).

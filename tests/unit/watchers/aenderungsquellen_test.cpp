@@ -23,6 +23,7 @@ constexpr const char* kDomains =
 constexpr const char* kIeMain = "Software\\Microsoft\\Internet Explorer\\Main";
 constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services";
 constexpr const char* kAufgaben = "C:\\WINDOWS\\system32\\Tasks\\Microsoft\\Windows";
+constexpr const char* kFavoriten = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
 
 struct Zeile {
     const char* name;
@@ -62,6 +63,9 @@ const Zeile kZeilen[] = {
          static int n = 0;
          fp.files.Put(std::string(kAufgaben) + "\\Neu" + std::to_string(++n), "<Task/>");
      }},
+    {"favourites", 5, [](fake::FakePlattform& fp) { fp.files.Put(std::string(kFavoriten) + "\\Neu.url", "[x]"); }},
+    {"favourites, the Links folder", 5,
+     [](fake::FakePlattform& fp) { fp.files.Put(std::string(kFavoriten) + "\\Links\\Neu.url", "[x]"); }},
     // Below a key of its own: the services' key is watched with everything under it.
     {"services", 28,
      [](fake::FakePlattform& fp) {
@@ -91,6 +95,7 @@ protected:
         fp.registry.SetDword(std::string(kDienste) + "\\Alt", "Start", 3);
         fp.files.MakeDirs(kAufgaben);
         fp.files.MakeDirs("C:\\WINDOWS\\Tasks");
+        fp.files.MakeDirs(std::string(kFavoriten) + "\\Links");
         fp.registry.MakeKey("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
         ASSERT_TRUE(Main(prg));
         AlarmFenster& a = prg.Alarm();
