@@ -58,8 +58,9 @@ namespace {
 void WertEinträge(Plattform& p, RegHandle root, const std::string& key, const std::string& name, Eintragsart art,
                   std::vector<OrtEintrag>& aus) {
     HiveOCX hive(p.registry);
-    const int code = HiveVonHandle(root);
-    if (!hive.ValueExists(code, key, name)) {
+    // One open for both reads: a place of many subkeys (the services) costs one open each.
+    HiveOCX::Offen offen(hive, HiveVonHandle(root), key);
+    if (!offen.ValueExists(name)) {
         // A subkey counts even without its value; its data are then empty.
         if (art == Eintragsart::Schlüssel) aus.push_back({RootName(root), key, name, "", art});
         return;
@@ -70,7 +71,7 @@ void WertEinträge(Plattform& p, RegHandle root, const std::string& key, const s
             return;
         }
     }
-    aus.push_back({RootName(root), key, name, hive.ReadValue(code, key, name), art});
+    aus.push_back({RootName(root), key, name, offen.ReadValue(name), art});
 }
 
 // The library a catalog item names: the text of a path value, or the ANSI path at the head
