@@ -172,7 +172,7 @@ if __name__ == "__main__":
     # its own; the split keeps the two about equally long (the class lists' first test makes
     # the XP-scale prefix, about 2 minutes) and a module's tests together.
     SHARDS = {
-        "__main__": 2, "assistent": 1, "ausnahmen": 2, "autostart": 2, "beenden": 1,
+        "__main__": 2, "assistent": 1, "ausnahmen": 1, "autostart": 2, "beenden": 1,
         "registry_waechter": 2, "prozesse": 1, "startseite": 1, "ordner": 1, "klassen": 1,
         "ansichten": 2, "panel": 1, "warnung": 2, "abbruch": 1, "antworten": 2,
         "wiederherstellen": 2, "dauerlauf": 2, "weitere_orte": 1, "browser_orte": 2,
