@@ -7,7 +7,7 @@ import time
 
 from e2e_gemeinsam import WARNING_TITLE, hidden_windows, visible_titles
 from harness import check, test, wait_until
-from szenario import Szenario, enthält, log_enthält, reg_add, reg_delete, reg_fehlt, reg_query, szenario
+from szenario import Szenario, Warnung, enthält, log_enthält, reg_add, reg_delete, reg_fehlt, reg_query, szenario
 
 POLICIES = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Policies\System"
 CLASSES = r"HKLM\Software\Classes"
@@ -59,12 +59,13 @@ szenario(Szenario(
     name="task_manager_lock_raises_its_warning_and_freigeben_removes_it",
     einstellungen=dict(box26=1, box2=1),
     vorher=[reg_delete(POLICIES, "DisableTaskMgr")],
-    änderung=[reg_add(POLICIES, "DisableTaskMgr", "1", "REG_DWORD")],
-    texte=["Zugang des Taskmanager's wurde Deaktiviert. (Strg+Alt+Entf)", "DisableTaskMgr = 1"],
-    knöpfe=["Freigeben"], ohne_knöpfe=["Später", "Übernehmen"], bild="warnung-taskmanager.png",
-    antwort="Freigeben",
-    danach=[reg_fehlt(POLICIES, "DisableTaskMgr"),
-            log_enthält("Zugang auf den Taskmanager wurde Deaktiviert.", "< Freigegeben OK >")],
+    warnungen=[Warnung(
+        änderung=[reg_add(POLICIES, "DisableTaskMgr", "1", "REG_DWORD")],
+        texte=["Zugang des Taskmanager's wurde Deaktiviert. (Strg+Alt+Entf)", "DisableTaskMgr = 1"],
+        knöpfe=["Freigeben"], ohne_knöpfe=["Später", "Übernehmen"], bild="warnung-taskmanager.png",
+        antwort="Freigeben",
+        danach=[reg_fehlt(POLICIES, "DisableTaskMgr"),
+                log_enthält("Zugang auf den Taskmanager wurde Deaktiviert.", "< Freigegeben OK >")])],
     aufräumen=[reg_delete(POLICIES, "DisableTaskMgr")],
 ))
 
@@ -132,12 +133,14 @@ szenario(Szenario(
     name="changed_hta_open_command_raises_its_warning_and_original_writes_it_back",
     einstellungen=dict(box30=1, box2=1),
     vorher=[SOUND],
-    änderung=[lambda h: set_default(h, HTA, "boese.exe")],
-    texte=["Registryschlüssel wurde geändert.", 'Alter Wert: mshta.exe "%1" %*      Neuer Wert: boese.exe'],
-    im_fenster=[registry_row("HKEY_CLASSES_ROOT", r"htafile\Shell\Open\Command", "(Standart)", 'mshta.exe "%1" %*')],
-    knöpfe=["Original", "Später"], ohne_knöpfe=["Übernehmen"], bild="warnung-shell.png",
-    antwort="Original",
-    danach=[written_back(HTA, 'mshta.exe "%1" %*'), log_enthält("< Zurückgesetzt OK > auf ")],
+    warnungen=[Warnung(
+        änderung=[lambda h: set_default(h, HTA, "boese.exe")],
+        texte=["Registryschlüssel wurde geändert.", 'Alter Wert: mshta.exe "%1" %*      Neuer Wert: boese.exe'],
+        im_fenster=[registry_row("HKEY_CLASSES_ROOT", r"htafile\Shell\Open\Command", "(Standart)",
+                                 'mshta.exe "%1" %*')],
+        knöpfe=["Original", "Später"], ohne_knöpfe=["Übernehmen"], bild="warnung-shell.png",
+        antwort="Original",
+        danach=[written_back(HTA, 'mshta.exe "%1" %*'), log_enthält("< Zurückgesetzt OK > auf ")])],
     aufräumen=[PUT_BACK],
 ))
 
@@ -154,12 +157,13 @@ szenario(Szenario(
     name="new_trusted_site_of_the_user_raises_its_warning_and_is_accepted",
     einstellungen=dict(box29=1, box2=1),
     vorher=[reg_delete(NEW_SITE)], im_ordner=[known_domains], ruhig_vorher=2.5,
-    änderung=[reg_add(NEW_SITE, "http", "2", "REG_DWORD")],
-    texte=["Eintrag in Vertrauenswürdige Seiten [IExplorer Sicherheit]"],
-    knöpfe=["Übernehmen", "Löschen"], bild="warnung-seiten.png",
-    antwort="Übernehmen",
-    danach=[enthält(os.path.join("daten", "V_seiten.txt"), NEW_DOMAIN + "\r\n"),
-            log_enthält("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).\r\nRegistry: HKEY_CURRENT_USER\\",
-                        "< Übernommen OK >")],
+    warnungen=[Warnung(
+        änderung=[reg_add(NEW_SITE, "http", "2", "REG_DWORD")],
+        texte=["Eintrag in Vertrauenswürdige Seiten [IExplorer Sicherheit]"],
+        knöpfe=["Übernehmen", "Löschen"], bild="warnung-seiten.png",
+        antwort="Übernehmen",
+        danach=[enthält(os.path.join("daten", "V_seiten.txt"), NEW_DOMAIN + "\r\n"),
+                log_enthält("Eintrag in der Registry Vertrauenswürdige Seiten (IExplorer).\r\n"
+                            "Registry: HKEY_CURRENT_USER\\", "< Übernommen OK >")])],
     aufräumen=[reg_delete(NEW_SITE)],
 ))
