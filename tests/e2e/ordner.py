@@ -13,6 +13,7 @@ import time
 
 from e2e_gemeinsam import WARNING_TITLE, hidden_windows, visible_titles
 from harness import check, test, wait_until
+from szenario import JA_LÖSCHEN, Szenario, Warnung, log_enthält, szenario
 
 TEST_NAME = "Kestrella-E2E"
 
@@ -91,116 +92,107 @@ def startup_file_removed_at_once_with_balloon_and_log(h):
         remove(path)
 
 
-@test
-def system32_file_warned_within_two_intervals_and_deleted(h):
-    system32 = os.path.join(h.prefix, "drive_c", "windows", "system32")
-    path = os.path.join(system32, TEST_NAME + ".dll")
-    remove(path)
-    try:
-        start(h, "system32", box20=1, box16=1, box17=1)
-        time.sleep(2)
-        write(path, b"MZ")
-        created = time.monotonic()
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        # kdriver starts and polls in steps: the time seen is an upper bound.
-        took = time.monotonic() - created
-        check(took < 2 * 1.0 + 1.5, f"the warning came {took:.1f} s after the file, not within two intervals")
-        controls = [c for c in h.texts(hwnd) if c["visible"]]
-        texts = [c["text"] for c in controls]
-        check("Datei wurde erstellt!" in texts, f"headline missing: {texts}")
-        rows = [cell.lower() for c in controls for row in c["rows"] for cell in row]
-        win = "C:\\windows\\system32\\" + TEST_NAME + ".dll"
-        check(win.lower() in rows and (TEST_NAME + ".dll").lower() in rows, f"name or path missing: {rows}")
-        for caption in ("Übernehmen", "Datei löschen", "Ausnahmeliste", "Später"):
-            check(caption in texts, f"button {caption!r} missing: {texts}")
-        h.screenshot(os.path.join(h.shots, "warnung-systemdatei.png"))
-        h.click(hwnd, "Datei löschen")
-        h.wait_window("Achtung!", 10)
-        h.click("Achtung!", "Ja löschen")
-        h.gone(hwnd, 10)
-        check(not os.path.exists(path), "the file is still in system32 after Ja löschen")
-        log = read_cp1252(os.path.join(h.folder, "Kestrella.log"))
-        check("Datei wurde erstellt oder geändert.\r\nDatei: " in log and "< Gelöscht OK >" in log,
-              f"no delete entry in the log: {log!r}")
-    finally:
-        remove(path)
+def datei(pfad, inhalt=b"MZ"):
+    """A step that writes the file at PFAD(h)."""
+    return lambda h: write(pfad(h), inhalt)
 
 
-@test
-def syswow64_file_warned_accepted_and_another_deleted(h):
-    syswow64 = os.path.join(h.prefix, "drive_c", "windows", "syswow64")
+def weg(*pfade):
+    return lambda h: [remove(p(h)) for p in pfade]
+
+
+def fehlt(pfad):
+    return lambda h: check(not os.path.exists(pfad(h)), f"{pfad(h)} is still there")
+
+
+def system32(name):
+    return lambda h: os.path.join(h.prefix, "drive_c", "windows", "system32", name)
+
+
+def syswow64(name):
+    return lambda h: os.path.join(h.prefix, "drive_c", "windows", "syswow64", name)
+
+
+ZEIT = {}
+
+
+def within_two_intervals(h):
+    # kdriver starts and polls in steps: the time seen is an upper bound.
+    took = time.monotonic() - ZEIT["geschrieben"]
+    check(took < 2 * 1.0 + 1.5, f"the warning came {took:.1f} s after the file, not within two intervals")
+
+
+DLL = system32(TEST_NAME + ".dll")
+szenario(Szenario(
+    name="system32_file_warned_within_two_intervals_and_deleted",
+    einstellungen=dict(box2=1, box20=1, box16=1, box17=1),
+    vorher=[weg(DLL)], ruhig_vorher=2,
+    warnungen=[Warnung(
+        änderung=[datei(DLL), lambda h: ZEIT.update(geschrieben=time.monotonic())],
+        im_fenster=[within_two_intervals], texte=["Datei wurde erstellt!"],
+        zellen=["C:\\windows\\system32\\" + TEST_NAME + ".dll", TEST_NAME + ".dll"],
+        knöpfe=["Übernehmen", "Datei löschen", "Ausnahmeliste", "Später"], bild="warnung-systemdatei.png",
+        antwort="Datei löschen", bestätigen=JA_LÖSCHEN,
+        danach=[fehlt(DLL), log_enthält("Datei wurde erstellt oder geändert.\r\nDatei: ", "< Gelöscht OK >")])],
+    ruhig=0, aufräumen=[weg(DLL)],
+))
+
+
+def syswow64_made(h):
     # A Wine without its 32-bit part names the folder all the same but does not make it.
-    made = not os.path.isdir(syswow64)
-    os.makedirs(syswow64, exist_ok=True)
-    accepted = os.path.join(syswow64, TEST_NAME + "-32.dll")
-    deleted = os.path.join(syswow64, TEST_NAME + "-weg.dll")
-    for path in (accepted, deleted):
-        remove(path)
-    try:
-        start(h, "syswow64", box32=1, box16=1, box17=1)
-        time.sleep(2)
-        write(accepted, b"MZ")
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        controls = [c for c in h.texts(hwnd) if c["visible"]]
-        texts = [c["text"] for c in controls]
-        check("Datei wurde erstellt!" in texts, f"headline missing: {texts}")
-        rows = [cell.lower() for c in controls for row in c["rows"] for cell in row]
-        win = "C:\\windows\\syswow64\\" + TEST_NAME + "-32.dll"
-        check(win.lower() in rows, f"the path in SysWOW64 missing: {rows}")
-        h.click(hwnd, "Übernehmen")
-        h.gone(hwnd, 10)
-        check(os.path.exists(accepted), "the accepted file went")
-        time.sleep(2.5)
-        check(WARNING_TITLE not in visible_titles(h), "the accepted file raised a warning again")
-
-        write(deleted, b"MZ")
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        rows = [cell.lower() for c in h.texts(hwnd) for row in c["rows"] for cell in row]
-        check((TEST_NAME + "-weg.dll").lower() in rows, f"the second file missing: {rows}")
-        h.click(hwnd, "Datei löschen")
-        h.wait_window("Achtung!", 10)
-        h.click("Achtung!", "Ja löschen")
-        h.gone(hwnd, 10)
-        check(not os.path.exists(deleted), "the file is still in syswow64 after Ja löschen")
-        log = read_cp1252(os.path.join(h.folder, "Kestrella.log"))
-        check("Neue Datei wurde erstellt.\r\nDatei: " in log and "< Gelöscht OK >" in log,
-              f"no accept or delete entry in the log: {log!r}")
-    finally:
-        for path in (accepted, deleted):
-            remove(path)
-        if made:
-            os.rmdir(syswow64)
+    ZEIT["gemacht"] = not os.path.isdir(syswow64("")(h))
+    os.makedirs(syswow64("")(h), exist_ok=True)
 
 
-@test
-def new_favourite_warned_and_accepted_into_the_baseline(h):
+def syswow64_gone(h):
+    weg(DLL32, DLL_WEG)(h)
+    if ZEIT.pop("gemacht", False):
+        os.rmdir(syswow64("")(h))
+
+
+DLL32, DLL_WEG = syswow64(TEST_NAME + "-32.dll"), syswow64(TEST_NAME + "-weg.dll")
+szenario(Szenario(
+    name="syswow64_file_warned_accepted_and_another_deleted",
+    einstellungen=dict(box2=1, box32=1, box16=1, box17=1),
+    vorher=[syswow64_made, weg(DLL32, DLL_WEG)], ruhig_vorher=2,
+    warnungen=[
+        Warnung(änderung=[datei(DLL32)], texte=["Datei wurde erstellt!"],
+                zellen=["C:\\windows\\syswow64\\" + TEST_NAME + "-32.dll"],
+                antwort="Übernehmen", danach=[lambda h: check(os.path.exists(DLL32(h)), "the accepted file went")],
+                ruhig=2.5),
+        Warnung(änderung=[datei(DLL_WEG)], zellen=[TEST_NAME + "-weg.dll"],
+                antwort="Datei löschen", bestätigen=JA_LÖSCHEN,
+                danach=[fehlt(DLL_WEG), log_enthält("Neue Datei wurde erstellt.\r\nDatei: ", "< Gelöscht OK >")]),
+    ],
+    ruhig=0, aufräumen=[syswow64_gone],
+))
+
+
+def favorite(h):
+    return os.path.join(favorites_folder(h), TEST_NAME + ".url")
+
+
+def favourites_known(h):
+    """What the prefix has already is known, as after the assistant."""
     folder = favorites_folder(h)
-    path = os.path.join(folder, TEST_NAME + ".url")
-    remove(path)
-    try:
-        h.program_folder("favoriten")
-        # What the prefix has already is known, as after the assistant.
-        known = [n for n in os.listdir(folder) if os.path.isfile(os.path.join(folder, n))]
-        with open(os.path.join(h.folder, "daten", "favoriten.txt"), "wb") as f:
-            f.write("".join(n + "\r\n" for n in known).encode("cp1252"))
-        h.settings(box2=1, aufab1=1, box5=1)
-        h.start()
-        check(wait_until(lambda: hidden_windows(h), 30), "the program did not start")
-        time.sleep(2)
-        check(WARNING_TITLE not in visible_titles(h), "a warning came before the favourite was added")
-        write(path)
-        hwnd = h.wait_window(WARNING_TITLE, 15)
-        texts = [c["text"] for c in h.texts(hwnd) if c["visible"]]
-        check("Neuer IExplorer Favorit wurde hinzugefügt." in texts, f"headline missing: {texts}")
-        check(TEST_NAME + ".url" in texts, f"name missing: {texts}")
-        h.click(hwnd, "Übernehmen")
-        h.gone(hwnd, 10)
-        baseline = read_cp1252(os.path.join(h.folder, "daten", "favoriten.txt"))
-        check(baseline.endswith(TEST_NAME + ".url\r\n"), f"not in daten\\favoriten.txt: {baseline!r}")
-        log = read_cp1252(os.path.join(h.folder, "Kestrella.log"))
-        check("Neuer IExplorer Favorit gefunden." in log and "< Favorit hinzugefügt OK >" in log,
-              f"no accept entry in the log: {log!r}")
-        time.sleep(2.5)
-        check(WARNING_TITLE not in visible_titles(h), "the accepted favourite raised a warning again")
-    finally:
-        remove(path)
+    known = [n for n in os.listdir(folder) if os.path.isfile(os.path.join(folder, n))]
+    with open(os.path.join(h.folder, "daten", "favoriten.txt"), "wb") as f:
+        f.write("".join(n + "\r\n" for n in known).encode("cp1252"))
+
+
+def accepted_last(h):
+    baseline = read_cp1252(os.path.join(h.folder, "daten", "favoriten.txt"))
+    check(baseline.endswith(TEST_NAME + ".url\r\n"), f"not in daten\\favoriten.txt: {baseline!r}")
+
+
+szenario(Szenario(
+    name="new_favourite_warned_and_accepted_into_the_baseline",
+    einstellungen=dict(box2=1, box5=1),
+    vorher=[weg(favorite)], im_ordner=[favourites_known], ruhig_vorher=2,
+    warnungen=[Warnung(
+        änderung=[datei(favorite, b"[InternetShortcut]\r\nURL=http://kestrella.invalid/\r\n")],
+        texte=["Neuer IExplorer Favorit wurde hinzugefügt.", TEST_NAME + ".url"],
+        antwort="Übernehmen",
+        danach=[accepted_last, log_enthält("Neuer IExplorer Favorit gefunden.", "< Favorit hinzugefügt OK >")])],
+    aufräumen=[weg(favorite)],
+))
