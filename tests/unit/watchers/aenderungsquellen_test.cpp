@@ -2,7 +2,6 @@
 // tick at once) after every change, a walk at every tick where a place cannot be armed, and
 // the safety walk after a lost notification. A change the sources do not hear is the test's
 // way to see whether a tick walked: only a walk finds it.
-#include <cctype>
 #include <functional>
 
 #include "core/starten.h"
@@ -18,8 +17,7 @@ constexpr const char* kRun = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\C
 constexpr const char* kWinlogon = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Winlogon";
 constexpr const char* kIfeo =
     "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options";
-constexpr const char* kDomains =
-    "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
+constexpr const char* kDomains = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains";
 constexpr const char* kIeMain = "Software\\Microsoft\\Internet Explorer\\Main";
 constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services";
 constexpr const char* kAufgaben = "C:\\WINDOWS\\system32\\Tasks\\Microsoft\\Windows";
@@ -32,43 +30,43 @@ struct Zeile {
 };
 
 const Zeile kZeilen[] = {
-    {"hosts", 15, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\system32\\drivers\\etc\\hosts", "abcd"); }},
-    {"autostart registry", 13, [](fake::FakePlattform& fp) { fp.registry.SetString(kRun, "Tool", "C:\\tool.exe"); }},
-    {"autostart registry, a user hive", 13,
-     [](fake::FakePlattform& fp) {
+    {"Hosts", 15, [](auto& fp) { fp.files.Put("C:\\WINDOWS\\system32\\drivers\\etc\\hosts", "abcd"); }},
+    {"AutostartRegistry", 13, [](auto& fp) { fp.registry.SetString(kRun, "Tool", "C:\\tool.exe"); }},
+    {"AutostartRegistry_AUserHive", 13,
+     [](auto& fp) {
          fp.registry.SetString("HKEY_USERS\\S-1-5-21-7\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Tool",
                                "C:\\tool.exe");
      }},
-    {"Windows folder", 19, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ"); }},
-    {"system folder", 20, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\system32\\neu.dll", "MZ"); }},
-    {"SysWOW64 folder", 32, [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\SysWOW64\\neu.dll", "MZ"); }},
-    {"start pages", 8,
-     [](fake::FakePlattform& fp) {
+    {"WindowsFolder", 19, [](auto& fp) { fp.files.Put("C:\\WINDOWS\\neu.exe", "MZ"); }},
+    {"SystemFolder", 20, [](auto& fp) { fp.files.Put("C:\\WINDOWS\\system32\\neu.dll", "MZ"); }},
+    {"SysWow64Folder", 32, [](auto& fp) { fp.files.Put("C:\\WINDOWS\\SysWOW64\\neu.dll", "MZ"); }},
+    {"StartPages", 8,
+     [](auto& fp) {
          fp.registry.SetString(std::string("HKEY_CURRENT_USER\\") + kIeMain, "Start Page", "http://neu.example/");
      }},
-    {"Winlogon", 33, [](fake::FakePlattform& fp) { fp.registry.SetString(kWinlogon, "Shell", "evil.exe"); }},
-    {"Image File Execution Options, a new subkey", 35,
-     [](fake::FakePlattform& fp) { fp.registry.SetString(std::string(kIfeo) + "\\notepad.exe", "Debugger", "d.exe"); }},
+    {"Winlogon", 33, [](auto& fp) { fp.registry.SetString(kWinlogon, "Shell", "evil.exe"); }},
+    {"ImageFileExecutionOptions_ANewSubkey", 35,
+     [](auto& fp) { fp.registry.SetString(std::string(kIfeo) + "\\notepad.exe", "Debugger", "d.exe"); }},
     // A key made again is no change: each call makes another.
-    {"trusted sites", 29,
-     [](fake::FakePlattform& fp) {
+    {"TrustedSites", 29,
+     [](auto& fp) {
          static int n = 0;
          fp.registry.MakeKey(std::string("HKEY_CURRENT_USER\\") + kDomains + "\\neu" + std::to_string(++n) + ".de");
      }},
-    {"scheduled tasks, the old folder", 42,
-     [](fake::FakePlattform& fp) { fp.files.Put("C:\\WINDOWS\\Tasks\\neu.job", std::string(0x4A, '\0')); }},
+    {"ScheduledTasks_TheOldFolder", 42,
+     [](auto& fp) { fp.files.Put("C:\\WINDOWS\\Tasks\\neu.job", std::string(0x4A, '\0')); }},
     // Two folders below the watched one.
-    {"scheduled tasks, a folder below", 42,
-     [](fake::FakePlattform& fp) {
+    {"ScheduledTasks_AFolderBelow", 42,
+     [](auto& fp) {
          static int n = 0;
          fp.files.Put(std::string(kAufgaben) + "\\Neu" + std::to_string(++n), "<Task/>");
      }},
-    {"favourites", 5, [](fake::FakePlattform& fp) { fp.files.Put(std::string(kFavoriten) + "\\Neu.url", "[x]"); }},
-    {"favourites, the Links folder", 5,
-     [](fake::FakePlattform& fp) { fp.files.Put(std::string(kFavoriten) + "\\Links\\Neu.url", "[x]"); }},
+    {"Favourites", 5, [](auto& fp) { fp.files.Put(std::string(kFavoriten) + "\\Neu.url", "[x]"); }},
+    {"Favourites_TheLinksFolder", 5,
+     [](auto& fp) { fp.files.Put(std::string(kFavoriten) + "\\Links\\Neu.url", "[x]"); }},
     // Below a key of its own: the services' key is watched with everything under it.
-    {"services", 28,
-     [](fake::FakePlattform& fp) {
+    {"Services", 28,
+     [](auto& fp) {
          fp.registry.SetString(std::string(kDienste) + "\\Neu", "ImagePath", "C:\\neu.exe");
          fp.registry.SetDword(std::string(kDienste) + "\\Neu", "Start", 2);
      }},
@@ -255,12 +253,8 @@ TEST(OrdnerQuellen, EveryFolderOfTheSubtreeFires_ANewOneFromTheNextWalkOn) {
     EXPECT_EQ(fp.files.OpenFinds(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen), [](const auto& info) {
-    std::string n;
-    for (char c : std::string(info.param.name))
-        if (std::isalnum(static_cast<unsigned char>(c))) n += c;
-    return n;
-});
+INSTANTIATE_TEST_SUITE_P(Wächter, Quellen, ::testing::ValuesIn(kZeilen),
+                         [](const auto& i) { return std::string(i.param.name); });
 
 }  // namespace
 }  // namespace kes::test

@@ -61,8 +61,7 @@ TEST_F(Klassen, NewHelperObject_WarnsWithFriendlyNameExpandedServerAndClassRow) 
     const std::string e = "C:\\WINDOWS\\system32\\hilfe.dll";
     EXPECT_EQ((V{T(0), T(1), T(2), T(3)}), (V{"{B1}", e, "Hilfsobjekt", ""}));
     ASSERT_EQ(f().ListView2.Items.size(), 2u);
-    EXPECT_EQ(f().ListView2.Items[0].Text, "hilfe.dll");
-    EXPECT_EQ(f().ListView2.Items[1].Text, e);
+    EXPECT_EQ((V{f().ListView2.Items[0].Text, f().ListView2.Items[1].Text}), (V{"hilfe.dll", e}));
     EXPECT_EQ(Reihe(), (V{"BHO", "HKEY_LOCAL_MACHINE", kBho, "{B1}", "Hilfsobjekt", "{B1}", "HKEY_CLASSES_ROOT",
                           "CLSID\\{B1}", "InprocServer32", e}));
     EXPECT_FALSE(f().Picture3[4].Visible);
@@ -290,8 +289,9 @@ TEST_F(Klassen, AcceptedEntriesOfEveryMember_AreKnownAtTheNextCycle) {
         EXPECT_FALSE(prg.Form3Geladen());
     }
     EXPECT_EQ(fp.profiles.GetString("3", "Clisd", "", Ini("bho.ini")), "{B1}") << "section 2 is taken by its Clisd";
-    EXPECT_EQ(fp.profiles.GetString("1", "Name", "", Ini("taskscheduler.ini")), "Planer");
-    EXPECT_EQ(fp.profiles.GetString("1", "Clisdwert", "", Ini("taskscheduler.ini")), "c:\\t.dll");
+    EXPECT_EQ((V{fp.profiles.GetString("1", "Name", "", Ini("taskscheduler.ini")),
+                 fp.profiles.GetString("1", "Clisdwert", "", Ini("taskscheduler.ini"))}),
+              (V{"Planer", "c:\\t.dll"}));
     EXPECT_EQ(fp.files.Content(Ini("URLSearchHook.txt")), "{U1}\r\n");
 }
 

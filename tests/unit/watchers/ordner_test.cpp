@@ -13,6 +13,7 @@ namespace {
 const std::string kAutostart = "C:\\Dokumente und Einstellungen\\Benutzer\\Startmenü\\Programme\\Autostart";
 const std::string kAlleAutostart = "C:\\Dokumente und Einstellungen\\All Users\\Startmenü\\Programme\\Autostart";
 const std::string kFavoriten = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
+using V = std::vector<std::string>;
 
 class Ordner : public ProgrammTest {
 protected:
@@ -49,8 +50,8 @@ TEST_F(Ordner, FileListing_LeavesOutHiddenSystemFilesAndFolders_AndSorts) {
     fp.files.Put(kAutostart + "\\versteckt.lnk", "x", kAttrHidden | kAttrArchive);
     fp.files.Put(kAutostart + "\\system.lnk", "x", kAttrSystem);
     fp.files.MakeDirs(kAutostart + "\\Unterordner");
-    EXPECT_EQ(DateienListen(fp.plattform, kAutostart), (std::vector<std::string>{"A.lnk", "b.lnk"}));
-    EXPECT_EQ(DateienListen(fp.plattform, kAutostart + "\\"), (std::vector<std::string>{"A.lnk", "b.lnk"}));
+    EXPECT_EQ(DateienListen(fp.plattform, kAutostart), (V{"A.lnk", "b.lnk"}));
+    EXPECT_EQ(DateienListen(fp.plattform, kAutostart + "\\"), (V{"A.lnk", "b.lnk"}));
     EXPECT_FALSE(DateienListen(fp.plattform, kAutostart + "\\fehlt").has_value());
     EXPECT_FALSE(DateienListen(fp.plattform, kAutostart + "\\b.lnk").has_value()) << "a file is no folder";
 }
@@ -63,8 +64,7 @@ TEST_F(Ordner, Autostart_NewFile_WarnsWithNamePathAndDetails) {
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::AutostartOrdner);
     EXPECT_EQ(f.Label1[0].Caption, "Neuer Eintrag in der Autostart Ordner gefunden.");
     ASSERT_EQ(f.ListView2.Items.size(), 2u);
-    EXPECT_EQ(f.ListView2.Items[0].Text, "Tool.lnk");
-    EXPECT_EQ(f.ListView2.Items[1].Text, kAutostart + "\\Tool.lnk");
+    EXPECT_EQ((V{f.ListView2.Items[0].Text, f.ListView2.Items[1].Text}), (V{"Tool.lnk", kAutostart + "\\Tool.lnk"}));
     EXPECT_TRUE(f.ListView2.Visible);
     EXPECT_EQ(f.ListView1.Items.size(), 12u) << "file details by holedaten";
     EXPECT_TRUE(f.Picture3[1].Visible && f.Picture3[2].Visible);
@@ -73,7 +73,13 @@ TEST_F(Ordner, Autostart_NewFile_WarnsWithNamePathAndDetails) {
     EXPECT_TRUE(prg.Beschäftigt);
 }
 
-TEST_F(Ordner, Autostart_KnownInAnyCaseDesktopIniHiddenFiles_StaySilent) {
+TEST_F(Ordner, Autostart_FolderMissingOrEmpty_KnownInAnyCaseDesktopIniHiddenFiles_StaySilent) {
+    alarm().Label2[2].Caption = "C:\\gibt es nicht";
+    Autostart();
+    alarm().Label2[2].Caption = kAutostart;
+    Autostart();
+    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_TRUE(fp.dialogs.meldungen.empty());
     fp.files.Put(kAutostart + "\\tool.LNK", "x");
     fp.files.Put(kAutostart + "\\Desktop.INI", "x");
     fp.files.Put(kAutostart + "\\versteckt.lnk", "x", kAttrHidden);
@@ -91,15 +97,6 @@ TEST_F(Ordner, Autostart_CategoryKeyPicksTheFolder_BothShareOneList) {
     EXPECT_EQ(prg.Form3().Zeile2(), kAlleAutostart + "\\Alle.lnk");
 }
 
-TEST_F(Ordner, Autostart_FolderMissingOrEmpty_NothingHappens) {
-    alarm().Label2[2].Caption = "C:\\gibt es nicht";
-    Autostart();
-    alarm().Label2[2].Caption = kAutostart;
-    Autostart();
-    EXPECT_FALSE(prg.Form3Geladen());
-    EXPECT_TRUE(fp.dialogs.meldungen.empty());
-}
-
 TEST_F(Ordner, Autostart_FolderEndingInBackslash_GetsNoSecondOne) {
     fp.files.Put(kAutostart + "\\Tool.lnk", "x");
     alarm().Label2[2].Caption = kAutostart + "\\";
@@ -108,23 +105,18 @@ TEST_F(Ordner, Autostart_FolderEndingInBackslash_GetsNoSecondOne) {
     EXPECT_EQ(prg.Form3().Zeile2(), kAutostart + "\\Tool.lnk");
 }
 
-// Loop exit and deferred file: the autostart loop goes on past a deferred file.
-TEST_F(Ordner, Autostart_DeferredFile_LaterFileIsStillReported) {
-    fp.files.Put(kAutostart + "\\a.lnk", "x");
-    fp.files.Put(kAutostart + "\\b.lnk", "x");
-    alarm().List8.Items.push_back(kAutostart + "\\a.lnk");
+// A deferred file: the favourites loop stops at the first unknown file, deferred or not,
+// while the autostart loop goes on past it.
+TEST_F(Ordner, DeferredFile_FavouritesLaterFileWaits_AutostartLaterFileIsStillReported) {
+    for (const std::string& d :
+         {kFavoriten + "\\a.url", kFavoriten + "\\b.url", kAutostart + "\\a.lnk", kAutostart + "\\b.lnk"})
+        fp.files.Put(d, "x");
+    alarm().List8.Items = {kFavoriten + "\\a.url", kAutostart + "\\a.lnk"};
+    Favorit();
+    EXPECT_FALSE(prg.Form3Geladen());
     Autostart();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(prg.Form3().Zeile2(), kAutostart + "\\b.lnk");
-}
-
-// ... while the favourites loop stops at the first unknown file, deferred or not.
-TEST_F(Ordner, Favorit_DeferredFile_LaterFileWaits) {
-    fp.files.Put(kFavoriten + "\\a.url", "x");
-    fp.files.Put(kFavoriten + "\\b.url", "x");
-    alarm().List8.Items.push_back(kFavoriten + "\\a.url");
-    Favorit();
-    EXPECT_FALSE(prg.Form3Geladen());
 }
 
 // Automatic removal: the autostart watcher removes even a deferred file, one per folder
@@ -140,10 +132,9 @@ TEST_F(Ordner, Autostart_AutomaticRemoval_BalloonFirstThenDeleteThenLog) {
     EXPECT_FALSE(prg.Beschäftigt);
     EXPECT_FALSE(fp.files.Exists(kAutostart + "\\a.lnk"));
     EXPECT_TRUE(fp.files.Exists(kAutostart + "\\b.lnk")) << "one file per folder and cycle";
-    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"AUTO"});
-    EXPECT_EQ(Sprechblasen(), std::vector<std::string>{"a.lnk"});
-    EXPECT_EQ(fp.tray.Last().szInfo, "Autostarteintrag wurde gelöscht!");
-    EXPECT_EQ(fp.tray.Last().szTip, "Kestrella");
+    EXPECT_EQ(fp.sound.gespielt, V{"AUTO"});
+    EXPECT_EQ(Sprechblasen(), V{"a.lnk"});
+    EXPECT_EQ((V{fp.tray.Last().szInfo, fp.tray.Last().szTip}), (V{"Autostarteintrag wurde gelöscht!", "Kestrella"}));
     EXPECT_NE(Log().find("Neuer Eintrag im Autostart Ordner.\r\nDatei: a.lnk\r\n< Gelöscht OK >"), std::string::npos);
 }
 
@@ -168,7 +159,7 @@ TEST_F(Ordner, Autostart_SameFileInBothFolders_GoesFromBothInOneCycle) {
     alarm().Durchlauf();
     EXPECT_FALSE(fp.files.Exists(kAutostart + "\\Tool.lnk"));
     EXPECT_FALSE(fp.files.Exists(kAlleAutostart + "\\Tool.lnk"));
-    EXPECT_EQ(Sprechblasen(), (std::vector<std::string>{"Tool.lnk", "Tool.lnk"}));
+    EXPECT_EQ(Sprechblasen(), (V{"Tool.lnk", "Tool.lnk"}));
 }
 
 // The favourites' removal: balloon only with box 7, and after the removal.
@@ -193,9 +184,9 @@ TEST_F(Ordner, Favorit_AutomaticRemovalWithBox7_BalloonAfterTheRemoval) {
     fp.dialogs.beimZeigen = [&] { blasenBeiMeldung = Sprechblasen().size(); };
     Favorit(Kategorie::Favorit2);
     EXPECT_EQ(blasenBeiMeldung, 0u);
-    EXPECT_EQ(Sprechblasen(), std::vector<std::string>{"Werbung.url"});
-    EXPECT_EQ(fp.tray.Last().szInfo, "IExplorer Favorit wurde gelöscht ");
-    EXPECT_EQ(fp.tray.Last().szTip, "IExplorer Favorit");
+    EXPECT_EQ(Sprechblasen(), V{"Werbung.url"});
+    EXPECT_EQ((V{fp.tray.Last().szInfo, fp.tray.Last().szTip}),
+              (V{"IExplorer Favorit wurde gelöscht ", "IExplorer Favorit"}));
     EXPECT_NE(Log().find("< Favorit Automatisch gelöscht NEIN >"), std::string::npos);
 }
 
@@ -205,9 +196,8 @@ TEST_F(Ordner, Favorit_Warning_HidesTheListAndPanes_NamesInLabels) {
     ASSERT_TRUE(prg.Form3Geladen());
     Form3Fenster& f = prg.Form3();
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::Favoriten);
-    EXPECT_EQ(f.Label1[0].Caption, "Neuer IExplorer Favorit wurde hinzugefügt.");
-    EXPECT_EQ(f.Label1[1].Caption, kFavoriten + "\\Links\\");
-    EXPECT_EQ(f.Label1[2].Caption, "Neue Seite.url");
+    EXPECT_EQ((V{f.Label1[0].Caption, f.Label1[1].Caption, f.Label1[2].Caption}),
+              (V{"Neuer IExplorer Favorit wurde hinzugefügt.", kFavoriten + "\\Links\\", "Neue Seite.url"}));
     EXPECT_FALSE(f.ListView2.Visible);
     for (int i = 1; i <= 4; ++i) EXPECT_FALSE(f.Picture3[i].Visible) << i;
     EXPECT_TRUE(f.ListView1.Items.empty()) << "no details";
@@ -220,8 +210,8 @@ TEST_F(Ordner, Favorit_BothFoldersNewInOneCycle_SecondPassFillsTheOpenWindowAgai
     fp.files.Put(kFavoriten + "\\Links\\b.url", "x");
     alarm().Durchlauf();
     ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Label1[1].Caption, kFavoriten + "\\Links\\");
-    EXPECT_EQ(prg.Form3().Label1[2].Caption, "b.url");
+    EXPECT_EQ((V{prg.Form3().Label1[1].Caption, prg.Form3().Label1[2].Caption}),
+              (V{kFavoriten + "\\Links\\", "b.url"}));
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::Favoriten);
 }
 
@@ -241,8 +231,8 @@ TEST_F(Ordner, EmptyLineInTheBaselineFile_EndsAutostartButNotFavourites) {
     fp.files.Put(ordner + "daten\\favoriten.txt", "a.url\r\n\r\nb.url\r\n");
     alarm().autostartOrdner.LadeAutostart();
     alarm().favoriten.LadeFavoriten();
-    EXPECT_EQ(alarm().List3.Items, std::vector<std::string>{"a.lnk"});
-    EXPECT_EQ(alarm().List4.Items, (std::vector<std::string>{"a.url", "", "b.url"}));
+    EXPECT_EQ(alarm().List3.Items, V{"a.lnk"});
+    EXPECT_EQ(alarm().List4.Items, (V{"a.url", "", "b.url"}));
 
     fp.files.Put(kFavoriten + "\\b.url", "x");
     Favorit();
@@ -253,7 +243,7 @@ TEST_F(Ordner, EmptyLineInTheBaselineFile_EndsAutostartButNotFavourites) {
 TEST_F(Ordner, AutostartBaselineLineWithAFolder_IsReadAsItsName) {
     fp.files.Put(ordner + "daten\\Autostart.txt", kAlleAutostart + "\\Alt.lnk\r\nC:Neu.lnk\r\nName.lnk\r\n");
     alarm().autostartOrdner.LadeAutostart();
-    EXPECT_EQ(alarm().List3.Items, (std::vector<std::string>{"Alt.lnk", "Neu.lnk", "Name.lnk"}));
+    EXPECT_EQ(alarm().List3.Items, (V{"Alt.lnk", "Neu.lnk", "Name.lnk"}));
     fp.files.Put(kAutostart + "\\alt.LNK", "x");
     Autostart();
     EXPECT_FALSE(prg.Form3Geladen()) << "known in the other folder and in any case, as every name";
@@ -264,17 +254,10 @@ TEST_F(Ordner, MissingBaselineFile_AutostartKeepsItsList_FavouritesEmpty) {
     alarm().List4.Items = {"alt.url"};
     alarm().autostartOrdner.LadeAutostart();
     alarm().favoriten.LadeFavoriten();
-    EXPECT_EQ(alarm().List3.Items, std::vector<std::string>{"alt.lnk"});
+    EXPECT_EQ(alarm().List3.Items, V{"alt.lnk"});
     EXPECT_TRUE(alarm().List4.Items.empty());
-    EXPECT_EQ(alarm().Label2[0].Caption, kFavoriten);
-    EXPECT_EQ(alarm().Label2[1].Caption, kFavoriten + "\\Links");
+    EXPECT_EQ((V{alarm().Label2[0].Caption, alarm().Label2[1].Caption}), (V{kFavoriten, kFavoriten + "\\Links"}));
 }
-
-}  // namespace
-}  // namespace kes::test
-
-namespace kes::test {
-namespace {
 
 // The removal the program makes on its own: the file's copy first, the journal's "auto"
 // line after; with no backup possible the file stays and the balloon says why.
@@ -285,8 +268,7 @@ TEST_F(Ordner, Autostart_AutomaticRemoval_SavesTheFileFirstAndJournalsIt) {
     ASSERT_FALSE(fp.files.Exists(kAutostart + "\\a.lnk"));
     const auto journal = Journal(fp.files, fp.system, prg.Programmordner).Lesen().einträge;
     ASSERT_EQ(journal.size(), 1u);
-    EXPECT_EQ(journal[0].ereignis, "auto");
-    EXPECT_EQ(journal[0].ziel, kAutostart + "\\a.lnk");
+    EXPECT_EQ((V{journal[0].ereignis, journal[0].ziel}), (V{"auto", kAutostart + "\\a.lnk"}));
     EXPECT_EQ(Wiederherstellen(fp.plattform, prg.Programmordner, journal[0].sicherung, "", false), "");
     EXPECT_EQ(fp.files.Content(kAutostart + "\\a.lnk"), "Verknüpfung");
 

@@ -8,6 +8,8 @@
 namespace kes::test {
 namespace {
 
+using V = std::vector<std::string>;
+
 class NeueProzesse : public ProgrammTest {
 protected:
     const std::string baseline = ordner + "daten\\prozesse.txt";
@@ -39,8 +41,8 @@ protected:
         const auto& zeilen = prg.Form3().ListView2.Items;
         return zeilen.empty() ? "?" : zeilen[0].Text;
     }
-    std::vector<std::string> Pfade6() {
-        std::vector<std::string> t;
+    V Pfade6() {
+        V t;
         for (const auto& z : W().ListView6.Items) t.push_back(z.Text + "|" + z.SubItem(1));
         return t;
     }
@@ -55,9 +57,8 @@ TEST_F(NeueProzesse, Baseline_ReadFieldByField_NameBeforeTheFirstHash) {
                  "\r\n"
                  "danach.exe#C:\\DANACH.EXE\r\n");
     W().LadeProzesse();
-    EXPECT_EQ(Pfade6(),
-              (std::vector<std::string>{"notepad.exe|C:\\WINDOWS\\SYSTEM32\\NOTEPAD.EXE", "quoted.exe|C:\\Q.EXE",
-                                        "hash.exe|C:\\A#B\\HASH.EXE", "komma.exe|C:\\X", "komma.exe|Y\\KOMMA.EXE"}))
+    EXPECT_EQ(Pfade6(), (V{"notepad.exe|C:\\WINDOWS\\SYSTEM32\\NOTEPAD.EXE", "quoted.exe|C:\\Q.EXE",
+                           "hash.exe|C:\\A#B\\HASH.EXE", "komma.exe|C:\\X", "komma.exe|Y\\KOMMA.EXE"}))
         << "a comma breaks a path, the empty line ends the reading";
 
     fp.files.Delete(baseline);
@@ -68,7 +69,7 @@ TEST_F(NeueProzesse, Baseline_ReadFieldByField_NameBeforeTheFirstHash) {
 TEST_F(NeueProzesse, Makers_OneALineUpToTheFirstEmpty) {
     fp.files.Put(firmen, "Microsoft Corporation\r\nHalvenik\r\n\r\nSpäter\r\n");
     W().LadeProzessFirmen();
-    EXPECT_EQ(W().List1.Items, (std::vector<std::string>{"Microsoft Corporation", "Halvenik"}));
+    EXPECT_EQ(W().List1.Items, (V{"Microsoft Corporation", "Halvenik"}));
     fp.files.Delete(firmen);
     W().LadeProzessFirmen();
     EXPECT_TRUE(W().List1.Items.empty());
@@ -87,9 +88,13 @@ TEST_F(NeueProzesse, SamePathTwice_BothKnown_ACopyElsewhere_Warns) {
     EXPECT_EQ(prg.Form3().Zeile2(), "C:\\TEMP\\TOOL.EXE");
 }
 
-TEST_F(NeueProzesse, PathCase_DoesNotCount) {
+TEST_F(NeueProzesse, PathCase_DoesNotCount_AndAllowedForThisRun_ByNameWithoutCase) {
     fp.files.Put(baseline, "notepad.exe#C:\\Windows\\Notepad.exe\r\n");
     Prozess("notepad.exe", 100, "C:\\WINDOWS\\NOTEPAD.EXE");
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen());
+    Prozess("Einmal.EXE", 101, "C:\\Temp\\einmal.exe");
+    W().List2.Items = {"einmal.exe"};
     Testen();
     EXPECT_FALSE(prg.Form3Geladen());
 }
@@ -149,13 +154,6 @@ TEST_F(NeueProzesse, VersionBlockThatOverflows_EndsThePassAtEveryLook) {
     }
 }
 
-TEST_F(NeueProzesse, AllowedForThisRun_ByNameWithoutCase) {
-    Prozess("Einmal.EXE", 100, "C:\\Temp\\einmal.exe");
-    W().List2.Items = {"einmal.exe"};
-    Testen();
-    EXPECT_FALSE(prg.Form3Geladen());
-}
-
 TEST_F(NeueProzesse, PathMissing_FoundInSystemWbemOrWindowsFolder) {
     fp.files.Put("C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe", "MZ");
     fp.files.Put(baseline, "wmiprvse.exe#C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe\r\n");
@@ -200,17 +198,16 @@ TEST_P(ProzessOhnePfad, ReportedOnlyWhenStillThereWithoutPathAtTheFourthLookInAR
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Verläufe, ProzessOhnePfad,
-                         ::testing::Values(OhnePfadFall{"PathAtTheSecondLook", "spaet.exe", "LPPPPP", 0},
-                                           OhnePfadFall{"PathNeverReadable", "spaet.exe", "LLLLLL", 4},
-                                           OhnePfadFall{"EndedAfterThreeLooks", "spaet.exe", "LLL---", 0},
-                                           OhnePfadFall{"PathOnceRead_KeptWhileTheSameProcessRuns", "spaet.exe",
-                                                        "LLPLLLL", 0},
-                                           OhnePfadFall{"AnotherProcessUnderTheSameId_CountsAnew", "spaet.exe",
-                                                        "LLNNNN", 6},
-                                           OhnePfadFall{"PathOfANewFolderAtTheSecondLook", "spaet.exe", "LX", 2},
-                                           OhnePfadFall{"EmptyName", "", "LLLLLL", 0}),
-                         [](const ::testing::TestParamInfo<OhnePfadFall>& i) { return std::string(i.param.fall); });
+INSTANTIATE_TEST_SUITE_P(
+    Verläufe, ProzessOhnePfad,
+    ::testing::Values(OhnePfadFall{"PathAtTheSecondLook", "spaet.exe", "LPPPPP", 0},
+                      OhnePfadFall{"PathNeverReadable", "spaet.exe", "LLLLLL", 4},
+                      OhnePfadFall{"EndedAfterThreeLooks", "spaet.exe", "LLL---", 0},
+                      OhnePfadFall{"PathOnceRead_KeptWhileTheSameProcessRuns", "spaet.exe", "LLPLLLL", 0},
+                      OhnePfadFall{"AnotherProcessUnderTheSameId_CountsAnew", "spaet.exe", "LLNNNN", 6},
+                      OhnePfadFall{"PathOfANewFolderAtTheSecondLook", "spaet.exe", "LX", 2},
+                      OhnePfadFall{"EmptyName", "", "LLLLLL", 0}),
+    [](const ::testing::TestParamInfo<OhnePfadFall>& i) { return std::string(i.param.fall); });
 
 TEST_F(NeueProzesse, ProcessWithoutPath_DoesNotHideANewOneBehindIt) {
     Prozess("spaet.exe", 300, "");
@@ -246,28 +243,24 @@ TEST_F(NeueProzesse, Warning_SoundFirst_DetailsWithIdAndThreads_AndTheModules) {
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_TRUE(prg.Beschäftigt);
     EXPECT_FALSE(prg.Alarm().Timer1.Enabled());
-    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"ALARM"});
+    EXPECT_EQ(fp.sound.gespielt, V{"ALARM"});
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::Prozesse);
     Form3Fenster& f = prg.Form3();
     EXPECT_EQ(f.Label1[0].Caption, "Neuer Prozess im Speicher gefunden!");
     ASSERT_EQ(f.ListView2.Items.size(), 2u);
-    EXPECT_EQ(f.ListView2.Items[0].Text, "neu.exe");
-    EXPECT_EQ(f.ListView2.Items[0].SmallIcon, 4);
-    EXPECT_EQ(f.ListView2.Items[1].Text, "C:\\TEMP\\NEU.EXE");
-    EXPECT_EQ(f.ListView2.Items[1].SmallIcon, 5);
+    EXPECT_EQ((V{f.ListView2.Items[0].Text, f.ListView2.Items[1].Text}), (V{"neu.exe", "C:\\TEMP\\NEU.EXE"}));
+    EXPECT_EQ((std::vector<int>{f.ListView2.Items[0].SmallIcon, f.ListView2.Items[1].SmallIcon}),
+              (std::vector<int>{4, 5}));
     ASSERT_EQ(f.ListView1.Items.size(), 12u);
-    EXPECT_EQ(f.ListView1.Items[0].SubItem(1), "Unbekannte Firma");
-    EXPECT_EQ(f.ListView1.Items[4].SubItem(3), " 1234") << "the process ID keeps its leading blank";
-    EXPECT_EQ(f.ListView1.Items[5].SubItem(3), "7");
+    // The maker, the process ID with its leading blank, the threads.
+    EXPECT_EQ((V{f.ListView1.Items[0].SubItem(1), f.ListView1.Items[4].SubItem(3), f.ListView1.Items[5].SubItem(3)}),
+              (V{"Unbekannte Firma", " 1234", "7"}));
     EXPECT_EQ(f.Modulscaption.Caption, " 1");
     ASSERT_EQ(f.ListView3.Items.size(), 1u) << "the first stored module is not shown";
-    EXPECT_EQ(f.ListView3.Items[0].Text, "kernel32.dll");
-    EXPECT_EQ(f.ListView3.Items[0].SubItem(1), "C:\\WINDOWS\\SYSTEM32\\KERNEL32.DLL");
-    EXPECT_TRUE(f.Picture3[4].Visible);
+    EXPECT_EQ((V{f.ListView3.Items[0].Text, f.ListView3.Items[0].SubItem(1)}),
+              (V{"kernel32.dll", "C:\\WINDOWS\\SYSTEM32\\KERNEL32.DLL"}));
+    EXPECT_TRUE(f.Picture3[4].Visible && f.Image[1].Visible && f.Image[2].Visible && f.Visible);
     EXPECT_FALSE(f.Picture3[3].Visible);
-    EXPECT_TRUE(f.Image[1].Visible);
-    EXPECT_TRUE(f.Image[2].Visible);
-    EXPECT_TRUE(f.Visible);
 }
 
 TEST_F(NeueProzesse, ProcessWithoutModules_ListsNone) {

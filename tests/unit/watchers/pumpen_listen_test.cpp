@@ -65,7 +65,7 @@ const Wächterzeile kZeilen[] = {
          for (const char* n : {"A", "B"}) Zeile(l.a().ListView1, key + "\\" + n + "\\C:\\" + n + ".exe");
      },
      [](AlarmFenster& a) { a.autostartRegistry.TesteAutostartHkeyUser(); }},
-    {"TesteWindowsGelöscht",
+    {"TesteWindowsGeloescht",
      [](Lauf& l) {
          for (const char* n : {"a.exe", "b.exe", "c.exe"}) l.fp.files.Put(std::string("C:\\WINDOWS\\") + n, "MZ");
          l.a().Box1[17].setValue(1);
@@ -263,12 +263,7 @@ TEST_P(PumpenImWächter, EveryPanelListChangedInEveryPump_SameWarningAsWithoutTh
 }
 
 INSTANTIATE_TEST_SUITE_P(Wächter, PumpenImWächter, ::testing::ValuesIn(kZeilen),
-                         [](const ::testing::TestParamInfo<Wächterzeile>& i) {
-                             std::string n;
-                             for (char c : std::string(i.param.name))
-                                 if ((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) n += c;
-                             return n;
-                         });
+                         [](const auto& i) { return std::string(i.param.name); });
 
 }  // namespace
 }  // namespace kes::test

@@ -15,24 +15,79 @@ namespace {
 
 const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
 const std::string kNt = "Software\\Microsoft\\Windows NT\\CurrentVersion\\";
+const std::string kWl = kHklm + kNt + "Winlogon";
+const std::string kIfeo = kHklm + kNt + "Image File Execution Options\\";
 const std::string kLsa = "System\\CurrentControlSet\\Control\\Lsa";
-const std::string kExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
-const std::string kKatalog =
-    "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\Catalog_Entries";
+const std::string kL = kHklm + kLsa;
+const std::string kExp = kHklm + "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
+const std::string kHooks = kExp + "ShellExecuteHooks";
+const std::string kWinsock = kHklm + "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\";
+const std::string kKatalog = kWinsock + "Protocol_Catalog9\\Catalog_Entries";
 const std::string kToolbar = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Toolbar";
 const std::string kDienste = "System\\CurrentControlSet\\Services\\";
+const std::string kD = kHklm + kDienste;
+const std::string kPol = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
 using Schritt = std::function<void(fake::FakeRegistry&)>;
+using Prüfung = std::function<bool(fake::FakeRegistry&)>;
 
+Schritt Wert(const std::string& key, const std::string& name, const std::string& daten) {
+    return [=](fake::FakeRegistry& r) { r.SetString(key, name, daten); };
+}
+Schritt Dword(const std::string& key, const std::string& name, std::uint32_t n) {
+    return [=](fake::FakeRegistry& r) { r.SetDword(key, name, n); };
+}
+Schritt Binär(const std::string& key, const std::string& name, const std::string& daten) {
+    return [=](fake::FakeRegistry& r) { r.SetRaw(key, name, kRegBinary, daten); };
+}
+std::string Multi(const std::vector<std::string>& teile) {
+    std::string s;
+    for (const std::string& t : teile) s += t + std::string(1, '\0');
+    return s + std::string(1, '\0');
+}
+Schritt Mehrfach(const std::string& key, const std::string& name, const std::vector<std::string>& teile) {
+    return [=](fake::FakeRegistry& r) { r.SetRaw(key, name, kRegMultiSz, Multi(teile)); };
+}
 void Server(fake::FakeRegistry& r, const std::string& clsid, const std::string& datei) {
     r.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + clsid + "\\InprocServer32", "", datei);
 }
-// A protocol entry of the catalog: the library's path at the head of the binary item.
-void Katalogeintrag(fake::FakeRegistry& r, const std::string& nummer, const std::string& pfad) {
-    r.SetRaw(kHklm + kKatalog + "\\" + nummer, "PackedCatalogItem", kRegBinary, pfad + std::string("\0\x02\0\xff", 4));
+Schritt Klasse(const std::string& clsid, const std::string& datei) {
+    return [=](fake::FakeRegistry& r) { Server(r, clsid, datei); };
 }
-
-std::string Multi(const std::string& teile) {
-    return teile + std::string(1, '\0');
+// A protocol entry of the catalog: the library's path at the head of the binary item.
+Schritt Katalog(const std::string& nummer, const std::string& pfad) {
+    return Binär(kKatalog + "\\" + nummer, "PackedCatalogItem", pfad + std::string("\0\x02\0\xff", 4));
+}
+Schritt Alle(std::vector<Schritt> schritte) {
+    return [=](fake::FakeRegistry& r) {
+        for (const Schritt& s : schritte) s(r);
+    };
+}
+// A full key's hive as HiveOCX numbers it, and the rest of the key.
+std::pair<int, std::string> Teilen(const std::string& key) {
+    const std::size_t n = key.find('\\');
+    const std::string hive = key.substr(0, n);
+    return {hive == "HKEY_CLASSES_ROOT" ? 0 : hive == "HKEY_CURRENT_USER" ? 1 : 2, key.substr(n + 1)};
+}
+std::uint32_t Typ(fake::FakeRegistry& r, const std::string& key, const std::string& name) {
+    const auto [hive, rest] = Teilen(key);
+    RegKey k;
+    std::uint32_t typ = 0, n = 0;
+    if (r.OpenKeyEx(kHkeyClassesRoot + hive, rest, kKeyRead, &k) != 0) return 0;
+    r.QueryValueEx(k.Get(), name.c_str(), &typ, nullptr, &n);
+    return typ;
+}
+// The value reads these data, and where a type is given, has that type.
+Prüfung Liest(const std::string& key, const std::string& name, const std::string& daten, std::uint32_t typ = 0) {
+    return [=](fake::FakeRegistry& r) {
+        const auto [hive, rest] = Teilen(key);
+        return HiveOCX(r).ReadValue(hive, rest, name) == daten && (typ == 0 || Typ(r, key, name) == typ);
+    };
+}
+Prüfung WertDa(const std::string& key, const std::string& name, bool da) {
+    return [=](fake::FakeRegistry& r) { return r.HasValue(key, name) == da; };
+}
+Prüfung KeyDa(const std::string& key, bool da) {
+    return [=](fake::FakeRegistry& r) { return r.HasKey(key) == da; };
 }
 
 struct Regel {
@@ -45,140 +100,83 @@ struct Regel {
 };
 
 const Regel kRegeln[] = {
-    {"new value", &AlarmDaten::winlogon, [](auto&) {},
-     [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Shell", "C:\\boese.exe"); },
-     "Name: " + kHklm + kNt + "Winlogon\\Shell", "Pfad: C:\\boese.exe"},
-    {"changed data", &AlarmDaten::winlogon,
-     [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Userinit", "userinit.exe,"); },
-     [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Userinit", "userinit.exe,boese.exe"); },
-     "Name: " + kHklm + kNt + "Winlogon\\Userinit", "Pfad: userinit.exe,boese.exe"},
-    {"unchanged value", &AlarmDaten::winlogon, [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Shell", "e.exe"); },
-     [](auto&) {}, ""},
-    {"value of another name", &AlarmDaten::winlogon, [](auto&) {},
-     [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "DefaultUserName", "x"); }, ""},
-    {"value gone", &AlarmDaten::winlogon, [](auto& r) { r.SetString(kHklm + kNt + "Winlogon", "Shell", "e.exe"); },
+    {"new value", &AlarmDaten::winlogon, nullptr, Wert(kWl, "Shell", "C:\\boese.exe"), kWl + "\\Shell",
+     "C:\\boese.exe"},
+    {"changed data", &AlarmDaten::winlogon, Wert(kWl, "Userinit", "userinit.exe,"),
+     Wert(kWl, "Userinit", "userinit.exe,boese.exe"), kWl + "\\Userinit", "userinit.exe,boese.exe"},
+    {"unchanged value", &AlarmDaten::winlogon, Wert(kWl, "Shell", "e.exe"), nullptr, ""},
+    {"value of another name", &AlarmDaten::winlogon, nullptr, Wert(kWl, "DefaultUserName", "x"), ""},
+    {"value gone", &AlarmDaten::winlogon, Wert(kWl, "Shell", "e.exe"),
      [](auto& r) { HiveOCX(r).DeleteValue(2, kNt + "Winlogon", "Shell"); }, ""},
-    {"subkey without the value", &AlarmDaten::imageFileExecution, [](auto&) {},
-     [](auto& r) { r.SetDword(kHklm + kNt + "Image File Execution Options\\x.exe", "GlobalFlag", 2); }, ""},
-    {"subkey with the value", &AlarmDaten::imageFileExecution, [](auto&) {},
-     [](auto& r) { r.SetString(kHklm + kNt + "Image File Execution Options\\x.exe", "Debugger", "d.exe"); },
-     "Name: " + kHklm + kNt + "Image File Execution Options\\x.exe\\Debugger", "Pfad: d.exe"},
-    {"new part of a multi-string", &AlarmDaten::bootSicherheit,
-     [](auto& r) { r.SetRaw(kHklm + kLsa, "Security Packages", kRegMultiSz, Multi(std::string("kerberos\0", 9))); },
-     [](auto& r) {
-         r.SetRaw(kHklm + kLsa, "Security Packages", kRegMultiSz, Multi(std::string("kerberos\0boese\0", 15)));
-     },
-     "Name: " + kHklm + kLsa + "\\Security Packages", "Pfad: boese"},
-    {"parts in another order", &AlarmDaten::bootSicherheit,
-     [](auto& r) { r.SetRaw(kHklm + kLsa, "Security Packages", kRegMultiSz, Multi(std::string("a\0b\0", 4))); },
-     [](auto& r) { r.SetRaw(kHklm + kLsa, "Security Packages", kRegMultiSz, Multi(std::string("b\0a\0", 4))); }, ""},
-    {"all values of a key", &AlarmDaten::policiesRun, [](auto&) {},
-     [](auto& r) {
-         r.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run", "1",
-                     "x.exe");
-     },
-     "Name: HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run\\1",
-     "Pfad: x.exe"},
-    {"a subkey is the entry", &AlarmDaten::winlogon, [](auto&) {},
-     [](auto& r) { r.MakeKey(kHklm + kNt + "Winlogon\\Notify\\boese"); },
-     "Name: " + kHklm + kNt + "Winlogon\\Notify\\boese", "Pfad: "},
+    {"subkey without the value", &AlarmDaten::imageFileExecution, nullptr, Dword(kIfeo + "x.exe", "GlobalFlag", 2), ""},
+    {"subkey with the value", &AlarmDaten::imageFileExecution, nullptr, Wert(kIfeo + "x.exe", "Debugger", "d.exe"),
+     kIfeo + "x.exe\\Debugger", "d.exe"},
+    {"new part of a multi-string", &AlarmDaten::bootSicherheit, Mehrfach(kL, "Security Packages", {"kerberos"}),
+     Mehrfach(kL, "Security Packages", {"kerberos", "boese"}), kL + "\\Security Packages", "boese"},
+    {"parts in another order", &AlarmDaten::bootSicherheit, Mehrfach(kL, "Security Packages", {"a", "b"}),
+     Mehrfach(kL, "Security Packages", {"b", "a"}), ""},
+    {"all values of a key", &AlarmDaten::policiesRun, nullptr, Wert("HKEY_CURRENT_USER\\" + kPol, "1", "x.exe"),
+     "HKEY_CURRENT_USER\\" + kPol + "\\1", "x.exe"},
+    {"a subkey is the entry", &AlarmDaten::winlogon, nullptr, [](auto& r) { r.MakeKey(kWl + "\\Notify\\boese"); },
+     kWl + "\\Notify\\boese", ""},
     // Where the value names a class, the class's server file is the entry.
-    {"class with a server file", &AlarmDaten::shellErweiterungen, [](auto&) {},
-     [](auto& r) {
-         Server(r, "{E1}", "C:\\hook.dll");
-         r.SetString(kHklm + kExplorer + "ShellExecuteHooks", "{E1}", "");
-     },
-     "Name: " + kHklm + kExplorer + "ShellExecuteHooks\\{E1}", "Pfad: C:\\hook.dll"},
-    {"class without a server file", &AlarmDaten::shellErweiterungen, [](auto&) {},
-     [](auto& r) { r.SetString(kHklm + kExplorer + "ShellExecuteHooks", "{E2}", ""); }, ""},
+    {"class with a server file", &AlarmDaten::shellErweiterungen, nullptr,
+     Alle({Klasse("{E1}", "C:\\hook.dll"), Wert(kHooks, "{E1}", "")}), kHooks + "\\{E1}", "C:\\hook.dll"},
+    {"class without a server file", &AlarmDaten::shellErweiterungen, nullptr, Wert(kHooks, "{E2}", ""), ""},
     {"class whose server file changed", &AlarmDaten::shellErweiterungen,
-     [](auto& r) {
-         Server(r, "{E1}", "C:\\hook.dll");
-         r.SetString(kHklm + kExplorer + "ShellExecuteHooks", "{E1}", "");
-     },
-     [](auto& r) { Server(r, "{E1}", "C:\\boese.dll"); }, "Name: " + kHklm + kExplorer + "ShellExecuteHooks\\{E1}",
-     "Pfad: C:\\boese.dll"},
-    {"overlay subkey names its class by its default value", &AlarmDaten::shellErweiterungen, [](auto&) {},
-     [](auto& r) {
-         Server(r, "{O1}", "C:\\overlay.dll");
-         r.SetString(kHklm + kExplorer + "ShellIconOverlayIdentifiers\\ Boese", "", "{O1}");
-     },
-     "Name: " + kHklm + kExplorer + "ShellIconOverlayIdentifiers\\ Boese", "Pfad: C:\\overlay.dll"},
-    {"the user's toolbar layout beside the classes", &AlarmDaten::ieToolbar, [](auto&) {},
-     [](auto& r) { r.SetRaw(kToolbar + "\\ShellBrowser", "ITBar7Layout", kRegBinary, std::string("\x11\0\0\0", 4)); },
-     ""},
-    {"new toolbar of the user", &AlarmDaten::ieToolbar, [](auto&) {},
-     [](auto& r) {
-         Server(r, "{T1}", "C:\\leiste.dll");
-         r.SetRaw(kToolbar + "\\WebBrowser", "{T1}", kRegBinary, std::string("\x01", 1));
-     },
-     "Name: " + kToolbar + "\\WebBrowser\\{T1}", "Pfad: C:\\leiste.dll"},
+     Alle({Klasse("{E1}", "C:\\hook.dll"), Wert(kHooks, "{E1}", "")}), Klasse("{E1}", "C:\\boese.dll"),
+     kHooks + "\\{E1}", "C:\\boese.dll"},
+    {"overlay subkey names its class by its default value", &AlarmDaten::shellErweiterungen, nullptr,
+     Alle({Klasse("{O1}", "C:\\overlay.dll"), Wert(kExp + "ShellIconOverlayIdentifiers\\ Boese", "", "{O1}")}),
+     kExp + "ShellIconOverlayIdentifiers\\ Boese", "C:\\overlay.dll"},
+    {"the user's toolbar layout beside the classes", &AlarmDaten::ieToolbar, nullptr,
+     Binär(kToolbar + "\\ShellBrowser", "ITBar7Layout", std::string("\x11\0\0\0", 4)), ""},
+    {"new toolbar of the user", &AlarmDaten::ieToolbar, nullptr,
+     Alle({Klasse("{T1}", "C:\\leiste.dll"), Binär(kToolbar + "\\WebBrowser", "{T1}", "\x01")}),
+     kToolbar + "\\WebBrowser\\{T1}", "C:\\leiste.dll"},
     // A catalog entry is known by the library it names, whatever its number.
-    {"new library in the catalog", &AlarmDaten::winsock, [](auto& r) { Katalogeintrag(r, "000000000001", "gut.dll"); },
-     [](auto& r) { Katalogeintrag(r, "000000000002", "%SystemRoot%\\boese.dll"); },
-     "Name: " + kHklm + kKatalog + "\\000000000002", "Pfad: %SystemRoot%\\boese.dll"},
+    {"new library in the catalog", &AlarmDaten::winsock, Katalog("000000000001", "gut.dll"),
+     Katalog("000000000002", "%SystemRoot%\\boese.dll"), kKatalog + "\\000000000002", "%SystemRoot%\\boese.dll"},
     {"catalog renumbered", &AlarmDaten::winsock,
-     [](auto& r) {
-         Katalogeintrag(r, "000000000001", "a.dll");
-         Katalogeintrag(r, "000000000002", "b.dll");
-     },
-     [](auto& r) {
-         Katalogeintrag(r, "000000000001", "b.dll");
-         Katalogeintrag(r, "000000000002", "a.dll");
-     },
-     ""},
-    {"name space by its path text", &AlarmDaten::winsock, [](auto&) {},
-     [](auto& r) {
-         r.SetString(kHklm +
-                         "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\"
-                         "Catalog_Entries64\\000000000001",
-                     "LibraryPath", "%SystemRoot%\\System32\\boese.dll");
-     },
-     "Name: " + kHklm +
-         "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\NameSpace_Catalog5\\Catalog_Entries64\\"
-         "000000000001",
-     "Pfad: %SystemRoot%\\System32\\boese.dll"},
-    {"catalog item without a path", &AlarmDaten::winsock, [](auto&) {},
-     [](auto& r) { Katalogeintrag(r, "000000000003", ""); }, ""},
+     Alle({Katalog("000000000001", "a.dll"), Katalog("000000000002", "b.dll")}),
+     Alle({Katalog("000000000001", "b.dll"), Katalog("000000000002", "a.dll")}), ""},
+    {"name space by its path text", &AlarmDaten::winsock, nullptr,
+     Wert(kWinsock + "NameSpace_Catalog5\\Catalog_Entries64\\000000000001", "LibraryPath",
+          "%SystemRoot%\\System32\\boese.dll"),
+     kWinsock + "NameSpace_Catalog5\\Catalog_Entries64\\000000000001", "%SystemRoot%\\System32\\boese.dll"},
+    {"catalog item without a path", &AlarmDaten::winsock, nullptr, Katalog("000000000003", ""), ""},
     // A service of any start type is known by its key and its program.
-    {"new service on demand", &AlarmDaten::dienstpfade, [](auto&) {},
-     [](auto& r) {
-         r.SetString(kHklm + kDienste + "Neu", "ImagePath", "\"C:\\neu.exe\" -k");
-         r.SetDword(kHklm + kDienste + "Neu", "Start", 3);
-     },
-     "Name: " + kHklm + kDienste + "Neu", "Pfad: \"C:\\neu.exe\" -k"},
-    {"service key without a program", &AlarmDaten::dienstpfade, [](auto&) {},
-     [](auto& r) { r.SetDword(kHklm + kDienste + "Leer", "Type", 1); }, ""},
+    {"new service on demand", &AlarmDaten::dienstpfade, nullptr,
+     Alle({Wert(kD + "Neu", "ImagePath", "\"C:\\neu.exe\" -k"), Dword(kD + "Neu", "Start", 3)}), kD + "Neu",
+     "\"C:\\neu.exe\" -k"},
+    {"service key without a program", &AlarmDaten::dienstpfade, nullptr, Dword(kD + "Leer", "Type", 1), ""},
     {"service's start type changed", &AlarmDaten::dienstpfade,
-     [](auto& r) {
-         r.SetString(kHklm + kDienste + "Alt", "ImagePath", "alt.exe");
-         r.SetDword(kHklm + kDienste + "Alt", "Start", 3);
-     },
-     [](auto& r) { r.SetDword(kHklm + kDienste + "Alt", "Start", 2); }, ""},
+     Alle({Wert(kD + "Alt", "ImagePath", "alt.exe"), Dword(kD + "Alt", "Start", 3)}), Dword(kD + "Alt", "Start", 2),
+     ""},
 };
 
 TEST(RegistryOrte, WhatWarnsAndWhatTheWarningShows) {
     for (const Regel& r : kRegeln) {
         SCOPED_TRACE(r.fall);
         Lauf l;
-        r.vorher(l.fp.registry);
+        if (r.vorher) r.vorher(l.fp.registry);
         (l.a().*r.wächter).Teste();
         ASSERT_FALSE(l.prg.Form3Geladen()) << "the first pass takes the machine as it stands";
-        r.danach(l.fp.registry);
+        if (r.danach) r.danach(l.fp.registry);
         (l.a().*r.wächter).Teste();
         ASSERT_EQ(l.prg.Form3Geladen(), !r.name.empty());
         if (r.name.empty()) continue;
         const Form3Fenster& f = l.prg.Form3();
         EXPECT_EQ(l.prg.Kategorieschlüssel, (l.a().*r.wächter).beschreibung.kategorie);
         EXPECT_EQ(f.Label1[0].Caption, (l.a().*r.wächter).beschreibung.überschrift);
-        EXPECT_EQ(f.Label1[1].Caption, r.name);
-        EXPECT_EQ(f.Label1[2].Caption, r.pfad);
+        EXPECT_EQ(f.Label1[1].Caption, "Name: " + r.name);
+        EXPECT_EQ(f.Label1[2].Caption, "Pfad: " + r.pfad);
     }
 }
 
 TEST(RegistryOrte, SubkeyDeletedWhileTheWalkPumps_IsPassedOver) {
     Lauf l;
-    const std::string ifeo = kHklm + kNt + "Image File Execution Options\\";
+    const std::string ifeo = kIfeo;
     l.a().imageFileExecution.Teste();
     for (const char* n : {"a.exe", "b.exe"}) l.fp.registry.SetString(ifeo + n, "Debugger", "d.exe");
     l.fp.timers.beimPumpen.push_back(
@@ -193,12 +191,12 @@ TEST(RegistryOrte, DeferredValueThatChanges_StaysDeferred) {
     Lauf l;
     RegistryOrte& w = l.a().winlogon;
     w.Teste();
-    l.fp.registry.SetString(kHklm + kNt + "Winlogon", "Shell", "a.exe");
+    l.fp.registry.SetString(kWl, "Shell", "a.exe");
     w.Teste();
     ASSERT_TRUE(l.prg.Form3Geladen());
     l.prg.Form3().Image_Click(6);
     l.prg.Aufräumen();
-    l.fp.registry.SetString(kHklm + kNt + "Winlogon", "Shell", "b.exe");
+    l.fp.registry.SetString(kWl, "Shell", "b.exe");
     w.Teste();
     EXPECT_FALSE(l.prg.Form3Geladen());
 }
@@ -208,57 +206,44 @@ struct Löschfall {
     const char* fall;
     RegistryOrte AlarmDaten::*wächter;
     Schritt anlegen;
-    std::function<bool(fake::FakeRegistry&)> weg;
-    std::function<bool(fake::FakeRegistry&)> nachbarDa;
+    std::string bekannt;  // the neighbour's baseline line: the neighbour known, the entry new
+    Prüfung weg, nachbarDa;
 };
 
 const Löschfall kLöschfälle[] = {
     {"value", &AlarmDaten::appInit,
-     [](auto& r) {
-         r.SetString(kHklm + kNt + "Windows", "AppInit_DLLs", "C:\\boese.dll");
-         r.SetString(kHklm + kNt + "Windows", "Spooler", "yes");
-     },
-     [](auto& r) { return !r.HasValue(kHklm + kNt + "Windows", "AppInit_DLLs"); },
-     [](auto& r) { return r.HasValue(kHklm + kNt + "Windows", "Spooler"); }},
+     Alle({Wert(kHklm + kNt + "Windows", "AppInit_DLLs", "C:\\boese.dll"),
+           Wert(kHklm + kNt + "Windows", "Spooler", "yes")}),
+     "", WertDa(kHklm + kNt + "Windows", "AppInit_DLLs", false), WertDa(kHklm + kNt + "Windows", "Spooler", true)},
     {"value of a subkey", &AlarmDaten::imageFileExecution,
-     [](auto& r) {
-         r.SetString(kHklm + kNt + "Image File Execution Options\\x.exe", "Debugger", "d.exe");
-         r.SetDword(kHklm + kNt + "Image File Execution Options\\x.exe", "GlobalFlag", 2);
-     },
-     [](auto& r) { return !r.HasValue(kHklm + kNt + "Image File Execution Options\\x.exe", "Debugger"); },
-     [](auto& r) { return r.HasValue(kHklm + kNt + "Image File Execution Options\\x.exe", "GlobalFlag"); }},
-    {"part of a multi-string", &AlarmDaten::bootSicherheit,
-     [](auto& r) {
-         r.SetRaw(kHklm + kLsa, "Notification Packages", kRegMultiSz, Multi(std::string("scecli\0boese\0", 13)));
-     },
+     Alle({Wert(kIfeo + "x.exe", "Debugger", "d.exe"), Dword(kIfeo + "x.exe", "GlobalFlag", 2)}), "",
+     WertDa(kIfeo + "x.exe", "Debugger", false), WertDa(kIfeo + "x.exe", "GlobalFlag", true)},
+    {"part of a multi-string", &AlarmDaten::bootSicherheit, Mehrfach(kL, "Notification Packages", {"scecli", "boese"}),
+     kL + "\\Notification Packages\\scecli",
      [](auto& r) {
          return MehrfachLesen(r, kHkeyLocalMachine, kLsa, "Notification Packages") ==
                 std::optional<std::vector<std::string>>({"scecli"});
      },
-     [](auto& r) { return r.HasValue(kHklm + kLsa, "Notification Packages"); }},
+     WertDa(kL, "Notification Packages", true)},
     {"catalog entry", &AlarmDaten::winsock,
-     [](auto& r) {
-         Katalogeintrag(r, "000000000001", "gut.dll");
-         Katalogeintrag(r, "000000000002", "boese.dll");
-     },
-     [](auto& r) { return !r.HasKey(kHklm + kKatalog + "\\000000000002"); },
-     [](auto& r) { return r.HasKey(kHklm + kKatalog + "\\000000000001"); }},
+     Alle({Katalog("000000000001", "gut.dll"), Katalog("000000000002", "boese.dll")}),
+     kKatalog + "\\PackedCatalogItem\\gut.dll", KeyDa(kKatalog + "\\000000000002", false),
+     KeyDa(kKatalog + "\\000000000001", true)},
     {"service with the keys below it", &AlarmDaten::dienstpfade,
-     [](auto& r) {
-         r.SetString(kHklm + kDienste + "Neu", "ImagePath", "neu.exe");
-         r.SetString(kHklm + kDienste + "Neu\\Parameters", "ServiceDll", "neu.dll");
-         r.SetString(kHklm + kDienste + "Gut", "ImagePath", "gut.exe");
-     },
-     [](auto& r) { return !r.HasKey(kHklm + kDienste + "Neu"); },
-     [](auto& r) { return r.HasKey(kHklm + kDienste + "Gut"); }},
+     Alle({Wert(kD + "Neu", "ImagePath", "neu.exe"), Wert(kD + "Neu\\Parameters", "ServiceDll", "neu.dll"),
+           Wert(kD + "Gut", "ImagePath", "gut.exe")}),
+     kD + "Gut\\ImagePath\\gut.exe", KeyDa(kD + "Neu", false), KeyDa(kD + "Gut", true)},
     {"subkey", &AlarmDaten::winlogon,
-     [](auto& r) {
-         r.SetString(kHklm + kNt + "Winlogon\\Notify\\boese", "DllName", "b.dll");
-         r.SetString(kHklm + kNt + "Winlogon\\Notify\\gut", "DllName", "g.dll");
-     },
-     [](auto& r) { return !r.HasKey(kHklm + kNt + "Winlogon\\Notify\\boese"); },
-     [](auto& r) { return r.HasKey(kHklm + kNt + "Winlogon\\Notify\\gut"); }},
+     Alle({Wert(kWl + "\\Notify\\boese", "DllName", "b.dll"), Wert(kWl + "\\Notify\\gut", "DllName", "g.dll")}),
+     kWl + "\\Notify\\gut\\DllName\\g.dll", KeyDa(kWl + "\\Notify\\boese", false), KeyDa(kWl + "\\Notify\\gut", true)},
 };
+
+// The newest journal entry holds a backup.
+void Gesichert(Lauf& l) {
+    const auto journal = Journal(l.fp.files, l.fp.system, l.prg.Programmordner).Lesen();
+    ASSERT_FALSE(journal.einträge.empty());
+    EXPECT_FALSE(journal.einträge.back().sicherung.empty()) << "no backup";
+}
 
 TEST(RegistryOrte, DeleteRemovesExactlyWhatWasFound_AfterItsBackup) {
     for (const Löschfall& fall : kLöschfälle) {
@@ -268,21 +253,14 @@ TEST(RegistryOrte, DeleteRemovesExactlyWhatWasFound_AfterItsBackup) {
         RegistryOrte& w = l.a().*fall.wächter;
         w.Teste();
         fall.anlegen(l.fp.registry);
-        // The neighbour known, the entry new.
-        if (std::string(fall.fall) == "subkey") w.Übernehmen(kHklm + kNt + "Winlogon\\Notify\\gut\\DllName\\g.dll");
-        if (fall.wächter == &AlarmDaten::dienstpfade) w.Übernehmen(kHklm + kDienste + "Gut\\ImagePath\\gut.exe");
-        if (std::string(fall.fall) == "catalog entry") w.Übernehmen(kHklm + kKatalog + "\\PackedCatalogItem\\gut.dll");
-        if (std::string(fall.fall) == "part of a multi-string")
-            w.Übernehmen(kHklm + kLsa + "\\Notification Packages\\scecli");
+        if (!fall.bekannt.empty()) w.Übernehmen(fall.bekannt);
         w.Teste();
         ASSERT_TRUE(l.prg.Form3Geladen());
         l.prg.Form3().Image_Click(3);
         EXPECT_FALSE(l.prg.Form3Geladen());
         EXPECT_TRUE(fall.weg(l.fp.registry));
         EXPECT_TRUE(fall.nachbarDa(l.fp.registry));
-        const auto journal = Journal(l.fp.files, l.fp.system, l.prg.Programmordner).Lesen();
-        ASSERT_FALSE(journal.einträge.empty());
-        EXPECT_FALSE(journal.einträge.back().sicherung.empty()) << "no backup";
+        Gesichert(l);
     }
 }
 
@@ -326,11 +304,8 @@ TEST(RegistryOrte, ValuesWindowsNeeds_GoBackToTheKnownData_NeverDeleted) {
         EXPECT_EQ(f.Label3[Warnung::LabelVon(8)].Caption, "Original");
         f.Image_Click(8);
         EXPECT_FALSE(l.prg.Form3Geladen());
-        const int hive = std::string(fall.wurzel) == "HKEY_LOCAL_MACHINE\\" ? 2 : 1;
-        EXPECT_EQ(HiveOCX(l.fp.registry).ReadValue(hive, kNt + "Winlogon", fall.name), fall.danach);
-        const auto journal = Journal(l.fp.files, l.fp.system, l.prg.Programmordner).Lesen();
-        ASSERT_FALSE(journal.einträge.empty());
-        EXPECT_FALSE(journal.einträge.back().sicherung.empty()) << "no backup";
+        EXPECT_TRUE(Liest(key, fall.name, fall.danach)(l.fp.registry));
+        Gesichert(l);
         w.Teste();
         EXPECT_FALSE(l.prg.Form3Geladen()) << "the data put back are known";
     }
@@ -359,26 +334,25 @@ struct Platz {
     bool multi = false;
 };
 
-const std::string kPol = "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run";
 const Platz kPlätze[] = {
-    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "Shell"},
-    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "Userinit"},
-    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "Taskman"},
-    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "System"},
-    {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon", "VmApplet"},
+    {&AlarmDaten::winlogon, kWl, "Shell"},
+    {&AlarmDaten::winlogon, kWl, "Userinit"},
+    {&AlarmDaten::winlogon, kWl, "Taskman"},
+    {&AlarmDaten::winlogon, kWl, "System"},
+    {&AlarmDaten::winlogon, kWl, "VmApplet"},
     {&AlarmDaten::winlogon, "HKEY_CURRENT_USER\\" + kNt + "Winlogon", "Shell"},
     {&AlarmDaten::winlogon, kHklm + kNt + "Winlogon\\Notify\\n", "DllName"},
     {&AlarmDaten::appInit, kHklm + kNt + "Windows", "AppInit_DLLs"},
     {&AlarmDaten::appInit, kHklm + kNt + "Windows", "LoadAppInit_DLLs"},
-    {&AlarmDaten::imageFileExecution, kHklm + kNt + "Image File Execution Options\\a.exe", "Debugger"},
+    {&AlarmDaten::imageFileExecution, kIfeo + "a.exe", "Debugger"},
     {&AlarmDaten::imageFileExecution, kHklm + kNt + "SilentProcessExit\\a.exe", "MonitorProcess"},
     {&AlarmDaten::policiesRun, "HKEY_CURRENT_USER\\" + kPol, "x"},
     {&AlarmDaten::policiesRun, kHklm + kPol, "x"},
     {&AlarmDaten::activeSetup, kHklm + "Software\\Microsoft\\Active Setup\\Installed Components\\{A}", "StubPath"},
     {&AlarmDaten::bootSicherheit, kHklm + "System\\CurrentControlSet\\Control\\Session Manager", "BootExecute", true},
-    {&AlarmDaten::bootSicherheit, kHklm + kLsa, "Authentication Packages", true},
-    {&AlarmDaten::bootSicherheit, kHklm + kLsa, "Notification Packages", true},
-    {&AlarmDaten::bootSicherheit, kHklm + kLsa, "Security Packages", true},
+    {&AlarmDaten::bootSicherheit, kL, "Authentication Packages", true},
+    {&AlarmDaten::bootSicherheit, kL, "Notification Packages", true},
+    {&AlarmDaten::bootSicherheit, kL, "Security Packages", true},
     {&AlarmDaten::bootSicherheit, kHklm + "System\\CurrentControlSet\\Control\\Print\\Monitors\\m", "Driver"},
 };
 
@@ -388,7 +362,7 @@ TEST(RegistryOrte, EveryWatcherFindsAnEntryAtEachOfItsPlaces) {
         Lauf l;
         (l.a().*p.wächter).Teste();
         if (p.multi)
-            l.fp.registry.SetRaw(p.key, p.name, kRegMultiSz, Multi(std::string("x.exe\0", 6)));
+            l.fp.registry.SetRaw(p.key, p.name, kRegMultiSz, Multi({"x.exe"}));
         else
             l.fp.registry.SetString(p.key, p.name, "x.exe");
         (l.a().*p.wächter).Teste();
@@ -411,62 +385,40 @@ struct Rückfall {
     Schritt vorher, danach;
     std::string zeile2;  // the warning's detail line; empty: no warning
     const char* knopf;
-    std::function<bool(fake::FakeRegistry&)> hinterher;
+    Prüfung hinterher;
     bool vorherÜbernehmen = false;  // the first warning accepted, and the value changed once more
 };
 
 const std::string kInternet = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
 const std::string kMain = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Main";
 const std::string kExplorerPol = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
-std::uint32_t Typ(fake::FakeRegistry& r, const std::string& key, const char* name) {
-    RegKey k;
-    std::uint32_t typ = 0, n = 0;
-    const bool cu = key.starts_with("HKEY_CURRENT_USER\\");
-    const std::string rest = key.substr(key.find('\\') + 1);
-    if (r.OpenKeyEx(cu ? kHkeyCurrentUser : kHkeyLocalMachine, rest, kKeyRead, &k) != 0) return 0;
-    r.QueryValueEx(k.Get(), name, &typ, nullptr, &n);
-    return typ;
-}
 
 const Rückfall kRückfälle[] = {
     {"known proxy switch back as a number", &AlarmDaten::browsereinstellungen, kInternet, "ProxyEnable",
-     [](auto& r) { r.SetDword(kInternet, "ProxyEnable", 0); }, [](auto& r) { r.SetDword(kInternet, "ProxyEnable", 1); },
-     "Neuer Wert : 1        Original war: 0", "Original",
-     [](auto& r) {
-         return HiveOCX(r).ReadValue(1, kInternet.substr(18), "ProxyEnable") == "0" &&
-                Typ(r, kInternet, "ProxyEnable") == kRegDword;
-     }},
-    {"unknown proxy switch to Windows' own", &AlarmDaten::browsereinstellungen, kInternet, "ProxyEnable", [](auto&) {},
-     [](auto& r) { r.SetDword(kInternet, "ProxyEnable", 1); }, "Neuer Wert : 1        Original war: ", "Original",
-     [](auto& r) { return HiveOCX(r).ReadValue(1, kInternet.substr(18), "ProxyEnable") == "0"; }},
-    {"unknown proxy server goes", &AlarmDaten::browsereinstellungen, kInternet, "ProxyServer", [](auto&) {},
-     [](auto& r) { r.SetString(kInternet, "ProxyServer", "boese:8080"); },
-     "Neuer Wert : boese:8080        Original war: ", "Original",
-     [](auto& r) { return !r.HasValue(kInternet, "ProxyServer"); }},
+     Dword(kInternet, "ProxyEnable", 0), Dword(kInternet, "ProxyEnable", 1), "Neuer Wert : 1        Original war: 0",
+     "Original", Liest(kInternet, "ProxyEnable", "0", kRegDword)},
+    {"unknown proxy switch to Windows' own", &AlarmDaten::browsereinstellungen, kInternet, "ProxyEnable", nullptr,
+     Dword(kInternet, "ProxyEnable", 1), "Neuer Wert : 1        Original war: ", "Original",
+     Liest(kInternet, "ProxyEnable", "0")},
+    {"unknown proxy server goes", &AlarmDaten::browsereinstellungen, kInternet, "ProxyServer", nullptr,
+     Wert(kInternet, "ProxyServer", "boese:8080"), "Neuer Wert : boese:8080        Original war: ", "Original",
+     WertDa(kInternet, "ProxyServer", false)},
     {"accepted title is the original then", &AlarmDaten::browsereinstellungen, kMain, "Window Title",
-     [](auto& r) { r.SetString(kMain, "Window Title", "Alt"); }, [](auto& r) { r.SetString(kMain, "Window Title", "Neu"); },
-     "Neuer Wert : Zuletzt        Original war: Neu", "Original",
-     [](auto& r) { return HiveOCX(r).ReadValue(1, kMain.substr(18), "Window Title") == "Neu"; }, true},
-    {"lock of 0 is none", &AlarmDaten::weitereSperren, kExplorerPol, "NoRun", [](auto&) {},
-     [](auto& r) { r.SetDword(kExplorerPol, "NoRun", 0); }, "", "", nullptr},
-    {"lock released", &AlarmDaten::weitereSperren, kExplorerPol, "NoDrives", [](auto&) {},
-     [](auto& r) { r.SetDword(kExplorerPol, "NoDrives", 67108863); }, "NoDrives = 67108863", "Freigeben",
-     [](auto& r) { return !r.HasValue(kExplorerPol, "NoDrives"); }},
-    {"service's changed program back, still to be expanded", &AlarmDaten::dienstpfade, kHklm + kDienste + "Alt",
-     "ImagePath",
-     [](auto& r) {
-         r.SetRaw(kHklm + kDienste + "Alt", "ImagePath", kRegExpandSz, std::string("%SystemRoot%\\alt.exe\0", 21));
-     },
-     [](auto& r) { r.SetString(kHklm + kDienste + "Alt", "ImagePath", "C:\\boese.exe"); },
+     Wert(kMain, "Window Title", "Alt"), Wert(kMain, "Window Title", "Neu"),
+     "Neuer Wert : Zuletzt        Original war: Neu", "Original", Liest(kMain, "Window Title", "Neu"), true},
+    {"lock of 0 is none", &AlarmDaten::weitereSperren, kExplorerPol, "NoRun", nullptr, Dword(kExplorerPol, "NoRun", 0),
+     "", "", nullptr},
+    {"lock released", &AlarmDaten::weitereSperren, kExplorerPol, "NoDrives", nullptr,
+     Dword(kExplorerPol, "NoDrives", 67108863), "NoDrives = 67108863", "Freigeben",
+     WertDa(kExplorerPol, "NoDrives", false)},
+    {"service's changed program back, still to be expanded", &AlarmDaten::dienstpfade, kD + "Alt", "ImagePath",
+     [](auto& r) { r.SetRaw(kD + "Alt", "ImagePath", kRegExpandSz, std::string("%SystemRoot%\\alt.exe\0", 21)); },
+     Wert(kD + "Alt", "ImagePath", "C:\\boese.exe"),
      "Neuer Wert : C:\\boese.exe        Original war: %SystemRoot%\\alt.exe", "Original",
-     [](auto& r) {
-         return HiveOCX(r).ReadValue(2, kDienste + "Alt", "ImagePath") == "%SystemRoot%\\alt.exe" &&
-                Typ(r, kHklm + kDienste + "Alt", "ImagePath") == kRegExpandSz;
-     }},
-    {"file type's class repaired", &AlarmDaten::dateitypen, "HKEY_CLASSES_ROOT\\.scr", "", [](auto&) {},
-     [](auto& r) { r.SetString("HKEY_CLASSES_ROOT\\.scr", "", "boesefile"); },
-     "Neuer Wert : boesefile        Original war: ", "Original",
-     [](auto& r) { return HiveOCX(r).ReadValue(0, ".scr", "") == "scrfile"; }},
+     Liest(kD + "Alt", "ImagePath", "%SystemRoot%\\alt.exe", kRegExpandSz)},
+    {"file type's class repaired", &AlarmDaten::dateitypen, "HKEY_CLASSES_ROOT\\.scr", "", nullptr,
+     Wert("HKEY_CLASSES_ROOT\\.scr", "", "boesefile"), "Neuer Wert : boesefile        Original war: ", "Original",
+     Liest("HKEY_CLASSES_ROOT\\.scr", "", "scrfile")},
 };
 
 TEST(RegistryOrte, ValuesPutBackOrReleased_NeverDeleted) {
@@ -474,7 +426,7 @@ TEST(RegistryOrte, ValuesPutBackOrReleased_NeverDeleted) {
         SCOPED_TRACE(fall.fall);
         Lauf l;
         RegistryOrte& w = l.a().*fall.wächter;
-        fall.vorher(l.fp.registry);
+        if (fall.vorher) fall.vorher(l.fp.registry);
         w.Teste();
         fall.danach(l.fp.registry);
         w.Teste();
@@ -494,9 +446,7 @@ TEST(RegistryOrte, ValuesPutBackOrReleased_NeverDeleted) {
         f.Image_Click(8);
         EXPECT_FALSE(l.prg.Form3Geladen());
         EXPECT_TRUE(fall.hinterher(l.fp.registry));
-        const auto journal = Journal(l.fp.files, l.fp.system, l.prg.Programmordner).Lesen();
-        ASSERT_FALSE(journal.einträge.empty());
-        EXPECT_FALSE(journal.einträge.back().sicherung.empty()) << "no backup";
+        Gesichert(l);
         l.prg.Aufräumen();
         w.Teste();
         EXPECT_FALSE(l.prg.Form3Geladen()) << "what was put back is known";
@@ -512,14 +462,14 @@ TEST(RegistryOrte, NewAutomaticServiceWhileTheServicesBoxIsOn_IsLearntSilently) 
         RegistryOrte& w = l.a().dienstpfade;
         w.Teste();
         l.a().Box1[28].setValue(box);
-        l.fp.registry.SetString(kHklm + kDienste + "Auto", "ImagePath", "auto.exe");
-        l.fp.registry.SetDword(kHklm + kDienste + "Auto", "Start", 2);
+        l.fp.registry.SetString(kD + "Auto", "ImagePath", "auto.exe");
+        l.fp.registry.SetDword(kD + "Auto", "Start", 2);
         w.Teste();
         ASSERT_EQ(l.prg.Form3Geladen(), box == 0);
         if (box == 0) continue;
         EXPECT_EQ(l.fp.files.Content(l.prg.Programmordner + "daten\\Dienstpfade.txt"),
-                  kHklm + kDienste + "Auto\\ImagePath\\auto.exe\r\n");
-        l.fp.registry.SetString(kHklm + kDienste + "Auto", "ImagePath", "boese.exe");
+                  kD + "Auto\\ImagePath\\auto.exe\r\n");
+        l.fp.registry.SetString(kD + "Auto", "ImagePath", "boese.exe");
         w.Teste();
         ASSERT_TRUE(l.prg.Form3Geladen());
         EXPECT_EQ(l.prg.Form3().Label1[2].Caption, "Neuer Wert : boese.exe        Original war: auto.exe");
@@ -533,10 +483,9 @@ struct Dateiplatz {
     std::string name;  // empty: the subkey's default value names the class
 };
 
-const std::string kWinsock = kHklm + "System\\CurrentControlSet\\Services\\WinSock2\\Parameters\\";
 const Dateiplatz kDateiplätze[] = {
-    {&AlarmDaten::shellErweiterungen, kHklm + kExplorer + "ShellExecuteHooks", "{K}"},
-    {&AlarmDaten::shellErweiterungen, kHklm + kExplorer + "ShellIconOverlayIdentifiers\\o", ""},
+    {&AlarmDaten::shellErweiterungen, kExp + "ShellExecuteHooks", "{K}"},
+    {&AlarmDaten::shellErweiterungen, kExp + "ShellIconOverlayIdentifiers\\o", ""},
     {&AlarmDaten::ieToolbar, kHklm + "Software\\Microsoft\\Internet Explorer\\Toolbar", "{K}"},
     {&AlarmDaten::ieToolbar, kHklm + "Software\\Microsoft\\Internet Explorer\\Toolbar\\WebBrowser", "{K}"},
     {&AlarmDaten::ieToolbar, kHklm + "Software\\Microsoft\\Internet Explorer\\Toolbar\\ShellBrowser", "{K}"},

@@ -158,19 +158,26 @@ void Gewarnt32(Maschine& m, const Ort& o) {
     EXPECT_EQ(reihe.SubItem(2), o.pfad32);
 }
 
-TEST(ZweiAnsichten, EntryOfThe32BitView_WarnsOnceByItsPath_AndAcceptedIsSilent) {
-    for (const Ort& o : kOrte) {
-        SCOPED_TRACE(o.name);
-        Maschine m(fake::Maschine::Bit64);
-        ZwillingAngenommen(m, o);
-        o.anlegen(m, true);
-        Gewarnt32(m, o);
-        m.prg.Form3().Image_Click(1);
-        ASSERT_FALSE(m.prg.Form3Geladen());
-        m.prg.Aufräumen();
-        o.teste(m.prg.Alarm());
-        EXPECT_FALSE(m.prg.Form3Geladen()) << "both views' entries are known now";
-    }
+// Warned of once by its path, then accepted (silent from then on) or deleted in its own view.
+TEST(ZweiAnsichten, EntryOfThe32BitView_WarnsOnceByItsPath_AcceptedIsSilent_DeletedInItsViewOnly) {
+    for (const Ort& o : kOrte)
+        for (const int knopf : {1, 3}) {
+            SCOPED_TRACE(std::string(o.name) + (knopf == 1 ? ", accepted" : ", deleted"));
+            Maschine m(fake::Maschine::Bit64);
+            ZwillingAngenommen(m, o);
+            o.anlegen(m, true);
+            Gewarnt32(m, o);
+            m.prg.Form3().Image_Click(knopf);
+            ASSERT_FALSE(m.prg.Form3Geladen());
+            if (knopf == 3) {
+                EXPECT_FALSE(o.da(m, true));
+                EXPECT_TRUE(o.da(m, false)) << "the 64-bit twin stays";
+                continue;
+            }
+            m.prg.Aufräumen();
+            o.teste(m.prg.Alarm());
+            EXPECT_FALSE(m.prg.Form3Geladen()) << "both views' entries are known now";
+        }
 }
 
 // A 32-bit program's class is registered among the 32-bit classes only: the entry that names
@@ -182,20 +189,6 @@ TEST(ZweiAnsichten, ClassNamedInThe32BitView_HasItsServerAmongThe32BitClasses) {
     Gewarnt32(m, o);
     EXPECT_EQ(m.prg.Form3().Text1[4].Text, "C:\\k32.dll");
     EXPECT_EQ(m.prg.Form3().ListView2.Items.at(1).Text, "c:\\k32.dll") << "the server file's details";
-}
-
-TEST(ZweiAnsichten, EntryOfThe32BitView_DeletedInItsViewOnly) {
-    for (const Ort& o : kOrte) {
-        SCOPED_TRACE(o.name);
-        Maschine m(fake::Maschine::Bit64);
-        ZwillingAngenommen(m, o);
-        o.anlegen(m, true);
-        Gewarnt32(m, o);
-        m.prg.Form3().Image_Click(3);
-        EXPECT_FALSE(m.prg.Form3Geladen());
-        EXPECT_FALSE(o.da(m, true));
-        EXPECT_TRUE(o.da(m, false)) << "the 64-bit twin stays";
-    }
 }
 
 TEST(ZweiAnsichten, DeferredTwin_DoesNotDeferThe32BitEntry) {
