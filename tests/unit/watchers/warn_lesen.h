@@ -1,0 +1,37 @@
+// Reads of a warning and of a list as one vector, so that one comparison holds a whole row.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "programm_test_basis.h"
+
+namespace kes::test {
+
+using Texte = std::vector<std::string>;
+
+inline Texte TexteVon(const ListView& l) {
+    Texte t;
+    for (const auto& z : l.Items) t.push_back(z.Text);
+    return t;
+}
+// The row's text, then its sub items 1 to n.
+inline Texte Spalten(const ListItem& z, int n) {
+    Texte t{z.Text};
+    for (int i = 1; i <= n; ++i) t.push_back(z.SubItem(i));
+    return t;
+}
+inline Texte Kopf(const Form3Fenster& f) { return {f.Label1[0].Caption, f.Label1[1].Caption, f.Label1[2].Caption}; }
+// Text1(0) to Text1(n - 1).
+inline Texte Felder(const Form3Fenster& f, int n) {
+    Texte t;
+    for (int i = 0; i < n; ++i) t.push_back(f.Text1[i].Text);
+    return t;
+}
+// The warning closed without an answer; the cycle goes on.
+inline void Zu(Programm& p) {
+    p.Form3Entladen();
+    p.Aufräumen();
+}
+
+}  // namespace kes::test
