@@ -2,9 +2,7 @@
 // file read by fields around the "€" of code page 1252; the platform module's texts; and
 // the answers of the warning: accept, delete and the menu behind "Mehr Infos".
 #include "platform/dfue.h"
-#include "panel/alarm.h"
-#include "programm_test_basis.h"
-#include "warning/form3.h"
+#include "warn_lesen.h"
 
 namespace kes::test {
 namespace {
@@ -33,13 +31,10 @@ TEST_F(Dfue, Module_TextsOfAnEntry) {
     Eintrag("Ohne", "123", 0);
     std::string land, vorwahl, nummer;
     ASSERT_TRUE(DFUEigenschaften(fp.plattform, "Mit", land, vorwahl, nummer));
-    EXPECT_EQ(land, "49");
-    EXPECT_EQ(vorwahl, "089");
-    EXPECT_EQ(nummer, "0190123");
+    EXPECT_EQ((Texte{land, vorwahl, nummer}), (Texte{"49", "089", "0190123"}));
     ASSERT_TRUE(DFUEigenschaften(fp.plattform, "Ohne", land, vorwahl, nummer));
-    EXPECT_EQ(land, "") << "country code 0 gives no text";
-    EXPECT_EQ(vorwahl, "");
-    EXPECT_EQ(DFUEintraege(fp.plattform), (std::vector<std::string>{"Mit", "Ohne"}));
+    EXPECT_EQ((Texte{land, vorwahl}), (Texte{"", ""})) << "country code 0 gives no text";
+    EXPECT_EQ(DFUEintraege(fp.plattform), (Texte{"Mit", "Ohne"}));
     fp.dialup.aufzählFehler = 632;
     EXPECT_FALSE(DFUEintraege(fp.plattform).has_value());
 }
@@ -54,16 +49,16 @@ TEST_F(Dfue, Load_SplitsAtTheFirstEuroByte_CommaEndsAnEntry_EmptyEntryEndsTheRea
                  "2\r\n\r\nDanach\x80"
                  "0\r\n");
     alarm().dfü.LadeDFÜ();
-    std::vector<std::string> namen, nummern;
+    Texte namen, nummern;
     for (const auto& z : alarm().ListView2.Items) {
         namen.push_back(z.Text);
         nummern.push_back(z.SubItem(1));
     }
     // "Komma" has no "€": all of it is a number, and the name of the entry before it stays.
-    EXPECT_EQ(namen, (std::vector<std::string>{"Heim", "Zitiert", "Zitiert", "Teil", "Doppelt"}));
-    EXPECT_EQ(nummern, (std::vector<std::string>{"0190123", "456", "Komma", "789",
-                                                 "1\x80"
-                                                 "2"}));
+    EXPECT_EQ(namen, (Texte{"Heim", "Zitiert", "Zitiert", "Teil", "Doppelt"}));
+    EXPECT_EQ(nummern, (Texte{"0190123", "456", "Komma", "789",
+                              "1\x80"
+                              "2"}));
 }
 
 TEST_F(Dfue, NewNumber_WarnsWithNameAndNumber) {
@@ -73,34 +68,20 @@ TEST_F(Dfue, NewNumber_WarnsWithNameAndNumber) {
     ASSERT_TRUE(prg.Form3Geladen());
     Form3Fenster& f = prg.Form3();
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::DFÜ);
-    EXPECT_EQ(f.Label1[0].Caption, "Es wurde eine neue DFÜ-Verbindung erstellt.");
-    EXPECT_EQ(f.Text1[0].Text, "Billig");
-    EXPECT_EQ(f.Text1[1].Text, "0190abc") << "an empty baseline compares nothing, so the case stays";
-    EXPECT_EQ(f.Label1[1].Caption, "Billig");
-    EXPECT_EQ(f.Label1[2].Caption, "Nummer: 0190abc");
+    EXPECT_EQ(Kopf(f), (Texte{"Es wurde eine neue DFÜ-Verbindung erstellt.", "Billig", "Nummer: 0190abc"}));
+    EXPECT_EQ(Felder(f, 2), (Texte{"Billig", "0190abc"})) << "an empty baseline compares nothing, so the case stays";
     EXPECT_FALSE(f.ListView2.Visible);
-    for (int i = 1; i <= 4; ++i) EXPECT_FALSE(f.Picture3[i].Visible) << i;
+    EXPECT_FALSE(f.Picture3[1].Visible || f.Picture3[2].Visible || f.Picture3[3].Visible || f.Picture3[4].Visible);
     EXPECT_TRUE(f.Image[1].Visible && f.Image[3].Visible && f.Image[9].Visible);
-    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"ALARM"});
+    EXPECT_EQ(fp.sound.gespielt, Texte{"ALARM"});
 }
 
-TEST_F(Dfue, KnownNumber_AnyNameAnyCase_AndEmptyNumber_StaySilent) {
+TEST_F(Dfue, KnownNumber_AnyNameAnyCase_EmptyNumber_Deferred_AndFailedEnumeration_StaySilent) {
     Kennen("Alt", "0190abc");
     Eintrag("Neuer Name", "0190ABC");
     Eintrag("ISDN Test", "");
     Testen();
     EXPECT_FALSE(prg.Form3Geladen());
-}
-
-TEST_F(Dfue, EntryWithAnotherNumber_Warns_NumberInUpperCase) {
-    Kennen("Heim", "0201");
-    Eintrag("Heim", "0190abc");
-    Testen();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Text1[1].Text, "0190ABC");
-}
-
-TEST_F(Dfue, DeferredEntry_AndFailedEnumeration_StaySilent) {
     Eintrag("Billig", "0190");
     alarm().List8.Items.push_back("Billig");
     Testen();
@@ -110,6 +91,15 @@ TEST_F(Dfue, DeferredEntry_AndFailedEnumeration_StaySilent) {
     Testen();
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_TRUE(fp.dialogs.meldungen.empty()) << "a failed enumeration ends without a word";
+    // Another number under a known name warns, with the number in upper case.
+    fp.dialup.aufzählFehler = 0;
+    fp.dialup.einträge.clear();
+    alarm().ListView2.Items.clear();
+    Kennen("Heim", "0201");
+    Eintrag("Heim", "0190abc");
+    Testen();
+    ASSERT_TRUE(prg.Form3Geladen());
+    EXPECT_EQ(prg.Form3().Text1[1].Text, "0190ABC");
 }
 
 TEST_F(Dfue, NoDialupInterface_MessageAtEveryTick) {
