@@ -111,9 +111,7 @@ TEST_F(Assistent, Services_OnlyAutomatic_NumberedWithoutGaps_DllFirst_KeysCrosse
     fp.registry.SetString(kDienste + "Ohne", "ImagePath", "ohne.exe");
     fp.registry.SetDword(kDienste + "Zeta", "Start", 2);  // nothing else to read
     fp.files.Put(ordner + "daten\\dienste.ini", "[7]\r\nDienst=Alt\r\n");
-
     holedienste(prg);
-
     EXPECT_EQ((V{Ini("1", "Dienst"), Ini("1", "ObjectName"), Ini("1", "DisplayName"), Ini("1", "ImagePath")}),
               (V{"Alpha", "Anzeige Alpha", "LocalSystem", "C:\\WINDOWS\\system32\\alpha.exe"}));
     EXPECT_EQ((V{Ini("2", "Dienst"), Ini("2", "ImagePath")}), (V{"Gamma", "C:\\WINDOWS\\system32\\gamma.dll"}));
@@ -128,7 +126,6 @@ TEST_F(Assistent, TakeAll_FertigNo_MonitoringOnInTray_StandardBoxesWithoutClicks
     fp.dialogs.beimZeigen = [&] { gefragtMitGrösse = prg.Hostsgrösse == 21; };
     fp.dialogs.antworten.push_back(kIdNo);
     f().Command3_Click();
-
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     const auto& m = fp.dialogs.meldungen[0];
     EXPECT_EQ(m.flags, kMbYesNo);
@@ -141,7 +138,6 @@ TEST_F(Assistent, TakeAll_FertigNo_MonitoringOnInTray_StandardBoxesWithoutClicks
                      "              Wollen sie jetzt die Einstellungen vornehmen ?\r\n\r\n" +
                      std::string(81, '*') + "\r\n"}));
     EXPECT_TRUE(gefragtMitGrösse);
-
     AlarmFenster& a = prg.Alarm();
     for (int i = 0; i < kBoxAnzahl; ++i) {
         const bool an = i == 8 || i == 1 || i == 2 || i == 4 || i == 15 || i == 11 || i == 13 || i == 5 || i == 10 ||
@@ -158,7 +154,6 @@ TEST_F(Assistent, TakeAll_FertigNo_MonitoringOnInTray_StandardBoxesWithoutClicks
     EXPECT_EQ(a.Label1[0].BackColor, 255);
     EXPECT_EQ(a.Label1[0].ForeColor, 16777215);
     EXPECT_FALSE(prg.Form2Geladen());
-
     const PropertyBag bag = GespeicherteEinstellungen();
     EXPECT_EQ(std::get<std::int16_t>(bag.ReadProperty("box8", std::int16_t{0})), 1);
     EXPECT_EQ(std::get<std::int32_t>(bag.ReadProperty("hostsgrösse", std::int32_t{0})), 21);
@@ -184,7 +179,6 @@ TEST_F(Assistent, ByHand_WritesOnlySettings_AllBoxesOff_PanelOpenWithoutQuestion
     EXPECT_FALSE(fp.files.Exists(ordner + "daten\\prozesse.txt"));
     EXPECT_FALSE(fp.files.Exists(ordner + "daten\\dienste.ini"));
     f().Command3_Click();
-
     EXPECT_TRUE(fp.dialogs.meldungen.empty());
     AlarmFenster& a = prg.Alarm();
     EXPECT_TRUE(a.Visible);

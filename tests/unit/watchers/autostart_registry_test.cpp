@@ -26,7 +26,6 @@ TEST_F(AutostartRegistry, NewValue_RaisesTheWarningWithRowPathAndFields) {
     Benutzerwert("Tool", "C:\\Tool\\tool.exe /min");
     prg.Soundflag = 1;
     alarm().autostartRegistry.TesteAutostartRegistry();
-
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_TRUE(prg.Beschäftigt);
     EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));

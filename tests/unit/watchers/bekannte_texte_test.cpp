@@ -60,7 +60,6 @@ TEST_F(GrosseListe, ThousandKnownNames_InAnyCase_TheFirstUnknownInFolderOrderIsR
     a.autostartOrdner.TesteAutostartOrdner();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(prg.Form3().Zeile2(), kOrdner + "\\Erster.lnk") << "sorted without case, before \"zweiter\"";
-
     EXPECT_TRUE(NameBekannt(BekannteNamen(a.List3.Items), "EINTRAG7.LNK"));
     EXPECT_TRUE(NameBekannt(BekannteNamen({}), "Desktop.INI")) << "always known";
     EXPECT_FALSE(NameBekannt(BekannteNamen(a.List3.Items), "Eintrag1000.lnk"));

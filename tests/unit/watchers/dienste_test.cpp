@@ -60,11 +60,9 @@ TEST_F(DiensteTest, OnlyAutomaticStartWithImagePathCounts_AndAChangeToAutomaticI
     Teste();
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::Dienste) << "set at every call, found or not";
-
     fp.registry.SetDword(kSvc + "Manuell", "Start", 2);
     Teste();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Text1[0].Text, "Manuell");
+    EXPECT_EQ(Gewarnt(prg), "Manuell");
 }
 
 TEST_F(DiensteTest, KnownByNameWithCase_MakerWithoutCase) {
@@ -79,7 +77,6 @@ TEST_F(DiensteTest, KnownByNameWithCase_MakerWithoutCase) {
     alarm().List10.Items = {"MICROSOFT corporation"};
     Teste();
     EXPECT_FALSE(prg.Form3Geladen());
-
     Dienst("OhneVersion", 2, "C:\\fehlt.exe");
     Teste();
     EXPECT_TRUE(prg.Form3Geladen());
@@ -95,8 +92,7 @@ TEST_F(DiensteTest, DeferredPath_SilencesEveryServiceOfItsHostButNotTheNext) {
     Dienst("B", 2, "C:\\b.exe");
     alarm().List8.Items.push_back("c:\\windows\\system32\\svchost.exe -k netsvcs");
     Teste();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Text1[0].Text, "B");
+    EXPECT_EQ(Gewarnt(prg), "B");
     prg.Form3().Image_Click(6);
     prg.Aufräumen();
     EXPECT_EQ(alarm().List8.Items.back(), "c:\\b.exe") << "deferred by the path";

@@ -68,7 +68,6 @@ TEST_F(Hosts, ChangedSize_RaisesTheWarningAndStopsTheCycle) {
     prg.Soundflag = 1;
     fp.files.Put(hostsPfad, "x");
     prg.Alarm().hosts.TesteHosts();
-
     EXPECT_TRUE(prg.Beschäftigt);
     EXPECT_FALSE(prg.Alarm().Timer1.Enabled());
     EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
@@ -92,7 +91,6 @@ TEST_F(Hosts, StepFailingHalfway_IsPassedOverAndTheWindowStillShows) {
     fp.files.Put(hostsPfad, "x");
     fp.system.formatFehlt = true;
     prg.Alarm().hosts.TesteHosts();
-
     ASSERT_TRUE(prg.Form3Geladen());
     const Form3Fenster& f = prg.Form3();
     EXPECT_TRUE(f.Visible) << "a warning that never shows would stop the watch for the rest of the run";

@@ -23,7 +23,6 @@ TEST_F(Sperren, RegeditLockedByTheNumber1_RaisesWithFreigebenAloneAndNoDeferral)
     prg.Soundflag = 1;
     alarm().List8.Items.push_back("RegeditDeaktiviert");
     alarm().sperren.TesteSonstiges();
-
     ASSERT_TRUE(prg.Form3Geladen()) << "the deferred list is not asked";
     EXPECT_TRUE(prg.Beschäftigt);
     EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
@@ -83,7 +82,6 @@ TEST_F(SperrenImZyklus, BothLocks_TheSecondComesInTheCycleAfterTheFirstIsRelease
     fp.timers.Advance(5000);
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::RegeditDeaktiviert) << "the busy flag keeps the second back";
-
     prg.Form3().Image_Click(8);
     prg.Aufräumen();
     EXPECT_FALSE(prg.Form3Geladen());
@@ -92,7 +90,6 @@ TEST_F(SperrenImZyklus, BothLocks_TheSecondComesInTheCycleAfterTheFirstIsRelease
     const auto log = [&] { return fp.files.Content(ordner + "Kestrella.log"); };
     EXPECT_NE(log().find("Zugang auf Regedit wurde Deaktiviert.\r\nName: " + kSystem + "\\\r\n< Freigegeben OK >"),
               std::string::npos);
-
     fp.timers.Advance(5000);
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::TaskmanagerDeaktiviert);
@@ -101,7 +98,6 @@ TEST_F(SperrenImZyklus, BothLocks_TheSecondComesInTheCycleAfterTheFirstIsRelease
     EXPECT_FALSE(fp.registry.HasValue(kSystem, "DisableTaskMgr"));
     EXPECT_NE(log().find("Zugang auf den Taskmanager wurde Deaktiviert.\r\nName: HKEY_LOCAL_MACHINE\\"),
               std::string::npos);
-
     fp.timers.Advance(5000);
     EXPECT_FALSE(prg.Form3Geladen());
 }

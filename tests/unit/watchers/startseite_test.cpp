@@ -80,8 +80,7 @@ TEST_F(Startseiten, UnchangedValues_EmptySavedTextWithTheValueAbsent_AndTheDefau
 TEST_F(Startseiten, CaseCounts_ADeferredRowHidesTheRowsAfterIt) {
     fp.registry.SetString(kMainCu, "Start Page", "HTTP://START.EXAMPLE/");
     Testen();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Text1[5].Text, "1");
+    EXPECT_EQ(Gewarnt(prg, 5), "1");
     Zu(prg);
     fp.registry.SetString(kMainCu, "Start Page", prg.StartSeiten[1]);
     fp.registry.SetString(kMainCu, "Local Page", "http://boese.example/");
@@ -96,7 +95,6 @@ TEST_F(Startseiten, TwoChangedRows_TheFirstWarns_TheSecondAfterTheAnswer) {
     fp.registry.SetString(kMainCu, "Local Page", "http://boese.example/");
     fp.registry.SetString(kMainLm, "Search Page", "http://andere.example/");
     Testen();
-
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_TRUE(prg.Beschäftigt);
     EXPECT_FALSE(prg.Alarm().Timer1.Enabled());
@@ -111,12 +109,10 @@ TEST_F(Startseiten, TwoChangedRows_TheFirstWarns_TheSecondAfterTheAnswer) {
     EXPECT_TRUE(f.Image[8].Visible);
     EXPECT_EQ(f.Label3[5].Caption, "Original");
     EXPECT_EQ(Lesen(kMainCu, "Local Page"), "http://boese.example/") << "nothing is put back without box 9";
-
     f.Image_Click(8);
     prg.Aufräumen();
     Testen();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Text1[5].Text, "5");
+    EXPECT_EQ(Gewarnt(prg, 5), "5");
 }
 
 TEST_F(Startseiten, AutomaticRestore_PutsBothRowsBackInOnePass_WithLogsAndBalloons) {
@@ -126,7 +122,6 @@ TEST_F(Startseiten, AutomaticRestore_PutsBothRowsBackInOnePass_WithLogsAndBalloo
     fp.registry.SetString(kMainCu, "Local Page", "http://boese.example/");
     fp.registry.SetString(kMainLm, "Search Page", "http://andere.example/");
     Testen();
-
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(prg.Beschäftigt);
     EXPECT_TRUE(prg.Alarm().Timer1.Enabled()) << "an automatic restore does not stop the cycle";

@@ -75,12 +75,10 @@ TEST_F(SysWow64, SystemFolderFile_StillReportedFromItsOwnFolder) {
     fp.files.Put(kSys + "neu.dll", "MZ");
     fp.files.Put(kWow + "neu.dll", "MZ");
     alarm().Durchlauf();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(T(0), kSys + "neu.dll") << "the system folder's row runs first";
+    EXPECT_EQ(Gewarnt(prg), kSys + "neu.dll") << "the system folder's row runs first";
     Später();
     alarm().Durchlauf();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(T(0), kWow + "neu.dll");
+    EXPECT_EQ(Gewarnt(prg), kWow + "neu.dll");
 }
 
 TEST_F(SysWow64, SystemFolderFileAccepted_GoesIntoTheWindowsFoldersBaselineNotIntoItsOwn) {
@@ -130,8 +128,7 @@ TEST_F(SysWow64, BoxOff_FolderNotLookedAt_TheExceptionListDoesNotApply_AsForTheS
     alarm().Box1[32].setValue(1);
     alarm().List5.Items = {kWow + "neu.dll"};
     alarm().Durchlauf();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(T(0), kWow + "neu.dll");
+    EXPECT_EQ(Gewarnt(prg), kWow + "neu.dll");
 }
 
 TEST_F(SysWow64, WindowsWithoutTheFolder_NeverWalksIt_NorWarns) {

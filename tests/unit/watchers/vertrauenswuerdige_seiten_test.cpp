@@ -18,7 +18,6 @@ struct Seiten : Lauf {
         fp.files.Put(prg.Programmordner + "daten\\V_seiten.txt", inhalt);
         a().vertrauenswürdigeSeiten.LadeToolbar();
     }
-    std::string Gewarnt() { return prg.Form3Geladen() ? prg.Form3().Text1[0].Text : "<keine>"; }
 };
 
 TEST(VertrauenswuerdigeSeiten, Baseline_IsReadAsFieldsUpToTheFirstEmptyOne_AMissingFileEmptiesTheList) {
@@ -64,7 +63,7 @@ TEST(VertrauenswuerdigeSeiten, WhichDomainWarns) {
         if (*fall.später) s.a().List8.Items = {fall.später};
         if (fall.routinen & M) s.a().vertrauenswürdigeSeiten.TesteToolBar();
         if (fall.routinen & U) s.a().vertrauenswürdigeSeiten.TesteToolBar1();
-        EXPECT_EQ(s.Gewarnt(), fall.gewarnt);
+        EXPECT_EQ(Gewarnt(s.prg), fall.gewarnt);
     }
 }
 

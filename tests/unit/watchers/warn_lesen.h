@@ -28,6 +28,10 @@ inline Texte Felder(const Form3Fenster& f, int n) {
     for (int i = 0; i < n; ++i) t.push_back(f.Text1[i].Text);
     return t;
 }
+// A field of the warning shown; "<keine>" without one.
+inline std::string Gewarnt(Programm& p, int feld = 0) {
+    return p.Form3Geladen() ? p.Form3().Text1[feld].Text : "<keine>";
+}
 // The warning closed without an answer; the cycle goes on.
 inline void Zu(Programm& p) {
     p.Form3Entladen();
