@@ -7,13 +7,8 @@ namespace {
 
 const std::string kDpf = "C:\\WINDOWS\\Downloaded Program Files";
 
-class AktiveX : public ProgrammTest {
+class AktiveX : public WaechterTest {
 protected:
-    void SetUp() override {
-        Pfade();
-        prg.Alarm().Timer1.SetEnabled(true);
-    }
-    AlarmFenster& alarm() { return prg.Alarm(); }
     void Teste() { alarm().activeX.Testeactivx(); }
 };
 
@@ -64,8 +59,7 @@ TEST_F(AktiveX, Accept_AddsToTheListForThisRunOnlyAndWritesNoFile) {
     prg.Form3().Image_Click(1);
     EXPECT_EQ(alarm().List6.Items, Texte{kDpf + "\\a.ocx"});
     EXPECT_FALSE(fp.files.Exists(ordner + "daten\\Activex.txt"));
-    EXPECT_NE(fp.files.Content(ordner + "Kestrella.log")
-                  .find("Neue ActiveX wurde erstellt.\r\nDatei: " + kDpf + "\\a.ocx\r\n< Übernommen OK >"),
+    EXPECT_NE(Log().find("Neue ActiveX wurde erstellt.\r\nDatei: " + kDpf + "\\a.ocx\r\n< Übernommen OK >"),
               std::string::npos);
     prg.Aufräumen();
     Teste();

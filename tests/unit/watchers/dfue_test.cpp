@@ -7,14 +7,12 @@
 namespace kes::test {
 namespace {
 
-class Dfue : public ProgrammTest {
+class Dfue : public WaechterTest {
 protected:
     void SetUp() override {
-        Pfade();
+        WaechterTest::SetUp();
         alarm().Box1[2].setValue(1);
-        alarm().Timer1.SetEnabled(true);
     }
-    AlarmFenster& alarm() { return prg.Alarm(); }
     void Eintrag(const std::string& name, const std::string& nummer, std::uint32_t land = 49,
                  const std::string& vorwahl = "") {
         fp.dialup.einträge.push_back({name, DfuEintrag{land, vorwahl, nummer}});
@@ -23,7 +21,6 @@ protected:
         alarm().ListView2.Add(name).SetSubItem(1, nummer);
     }
     void Testen() { alarm().dfü.TesteDFÜ(); }
-    std::string Log() { return fp.files.Content(ordner + "Kestrella.log"); }
 };
 
 TEST_F(Dfue, Module_TextsOfAnEntry) {

@@ -6,13 +6,7 @@
 namespace kes::test {
 namespace {
 
-class Hosts : public ProgrammTest {
-protected:
-    void SetUp() override {
-        Pfade();
-        prg.Alarm().Timer1.SetEnabled(true);
-    }
-};
+using Hosts = WaechterTest;
 
 // The size line of the warning by the saved size and the file; empty: no warning. The
 // category key is set on every run, and a warning comes only muted here.

@@ -9,14 +9,7 @@ namespace {
 const std::string kSystem = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System";
 const std::string kSystemLm = "HKEY_LOCAL_MACHINE" + kSystem.substr(17);
 
-class Sperren : public ProgrammTest {
-protected:
-    void SetUp() override {
-        Pfade();
-        prg.Alarm().Timer1.SetEnabled(true);
-    }
-    AlarmFenster& alarm() { return prg.Alarm(); }
-};
+using Sperren = WaechterTest;
 
 TEST_F(Sperren, RegeditLockedByTheNumber1_RaisesWithFreigebenAloneAndNoDeferral) {
     fp.registry.SetDword(kSystem, "DisableRegistryTools", 1);

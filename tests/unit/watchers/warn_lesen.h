@@ -21,7 +21,9 @@ inline Texte Spalten(const ListItem& z, int n) {
     for (int i = 1; i <= n; ++i) t.push_back(z.SubItem(i));
     return t;
 }
-inline Texte Kopf(const Form3Fenster& f) { return {f.Label1[0].Caption, f.Label1[1].Caption, f.Label1[2].Caption}; }
+inline Texte Kopf(const Form3Fenster& f) {
+    return {f.Label1[0].Caption, f.Label1[1].Caption, f.Label1[2].Caption};
+}
 // Text1(0) to Text1(n - 1).
 inline Texte Felder(const Form3Fenster& f, int n) {
     Texte t;
@@ -37,5 +39,16 @@ inline void Zu(Programm& p) {
     p.Form3Entladen();
     p.Aufräumen();
 }
+
+// A program with Main's paths and the cycle's timer on, for the routines of one watcher.
+class WaechterTest : public ProgrammTest {
+protected:
+    void SetUp() override {
+        Pfade();
+        prg.Alarm().Timer1.SetEnabled(true);
+    }
+    AlarmFenster& alarm() { return prg.Alarm(); }
+    std::string Log() { return fp.files.Content(ordner + "Kestrella.log"); }
+};
 
 }  // namespace kes::test
