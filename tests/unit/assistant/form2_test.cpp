@@ -13,6 +13,7 @@ namespace kes::test {
 namespace {
 
 using fake::FakeProzess;
+using V = std::vector<std::string>;
 
 const std::string kRun = "HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
 const std::string kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\";
@@ -41,17 +42,14 @@ TEST_F(Assistent, FirstRunShowsFirstPageWithVersionTitle) {
     ASSERT_TRUE(prg.Form2Geladen());
     EXPECT_TRUE(f().Visible);
     EXPECT_EQ(f().Caption, "Kestrella V2.2.0 AddOn Halvenik");
-    EXPECT_TRUE(f().Frame1[1].Visible);
-    EXPECT_FALSE(f().Frame1[2].Visible);
+    EXPECT_TRUE(f().Frame1[1].Visible && !f().Frame1[2].Visible);
     EXPECT_EQ(f().Command2[1].Caption, "Ich möchte die Einstellung  selbst vornehmen!");
 }
 
 TEST_F(Assistent, TakeAll_WritesRunValueThenProcessesThenPagesThenServices) {
     std::vector<std::string> ablauf;
     FakeProzess tool;
-    tool.name = "tool.exe";
-    tool.pid = 1234;
-    tool.pfad = "C:\\Tools\\tool.exe";
+    std::tie(tool.name, tool.pid, tool.pfad) = std::tuple("tool.exe", 1234, "C:\\Tools\\tool.exe");
     fp.processes.prozesse.push_back(tool);
     Dienst("Alpha", 2, "x.exe");
     // Every pump notes what stands by then; the service walk pumps once per service.
@@ -70,10 +68,15 @@ TEST_F(Assistent, TakeAll_WritesRunValueThenProcessesThenPagesThenServices) {
     EXPECT_EQ(ablauf.back(), "pumpe run prozesse seiten") << "the services come last";
     EXPECT_EQ(Ini("1", "Dienst"), "Alpha");
     EXPECT_NE(fp.files.Content(ordner + "daten\\prozesse.txt").find("tool.exe#"), std::string::npos);
-    EXPECT_TRUE(f().AlleÜbernehmen());
-    EXPECT_TRUE(f().Frame1[2].Visible);
+    EXPECT_TRUE(f().AlleÜbernehmen() && f().Frame1[2].Visible);
     EXPECT_FALSE(f().Frame1[1].Visible);
     EXPECT_FALSE(fp.files.Exists(datPfad)) << "nothing is saved before Fertig";
+}
+
+TEST_F(Assistent, ClosedWithoutFertig_WritesNothing) {
+    f().Command2_Click(1);
+    prg.Form2Entladen();
+    EXPECT_FALSE(fp.files.Exists(datPfad));
 }
 
 TEST_F(Assistent, TakeAll_KeepsAnExistingRunValue) {
@@ -94,13 +97,9 @@ TEST_F(Assistent, StartPages_NineteenSlotsByTableRow_DefaultValueOfRow18_EdgesSt
                           "http://");
     prg.StartSeiten[0] = prg.StartSeiten[20] = "";
     Holestartpage(prg);
-    EXPECT_EQ(prg.StartSeiten[1], "eins");
-    EXPECT_EQ(prg.StartSeiten[15], "fünfzehn");
-    EXPECT_EQ(prg.StartSeiten[18], "http://");
-    EXPECT_EQ(prg.StartSeiten[19], "neunzehn");
-    EXPECT_EQ(prg.StartSeiten[2], "") << "an absent value leaves an empty slot";
-    EXPECT_EQ(prg.StartSeiten[0], "");
-    EXPECT_EQ(prg.StartSeiten[20], "");
+    const auto& s = prg.StartSeiten;
+    EXPECT_EQ((V{s[1], s[15], s[18], s[19]}), (V{"eins", "fünfzehn", "http://", "neunzehn"}));
+    EXPECT_EQ((V{s[2], s[0], s[20]}), (V{"", "", ""})) << "an absent value leaves an empty slot";
 }
 
 TEST_F(Assistent, Services_OnlyAutomatic_NumberedWithoutGaps_DllFirst_KeysCrossed) {
@@ -112,19 +111,13 @@ TEST_F(Assistent, Services_OnlyAutomatic_NumberedWithoutGaps_DllFirst_KeysCrosse
     fp.registry.SetString(kDienste + "Ohne", "ImagePath", "ohne.exe");
     fp.registry.SetDword(kDienste + "Zeta", "Start", 2);  // nothing else to read
     fp.files.Put(ordner + "daten\\dienste.ini", "[7]\r\nDienst=Alt\r\n");
-
     holedienste(prg);
-
-    EXPECT_EQ(Ini("1", "Dienst"), "Alpha");
-    EXPECT_EQ(Ini("1", "ObjectName"), "Anzeige Alpha");
-    EXPECT_EQ(Ini("1", "DisplayName"), "LocalSystem");
-    EXPECT_EQ(Ini("1", "ImagePath"), "C:\\WINDOWS\\system32\\alpha.exe");
-    EXPECT_EQ(Ini("2", "Dienst"), "Gamma");
-    EXPECT_EQ(Ini("2", "ImagePath"), "C:\\WINDOWS\\system32\\gamma.dll");
-    EXPECT_EQ(Ini("3", "Dienst"), "Zeta") << "what could not be read stays empty, the section is written";
-    EXPECT_EQ(Ini("3", "ImagePath"), "");
-    EXPECT_EQ(Ini("4", "Dienst"), "");
-    EXPECT_EQ(Ini("7", "Dienst"), "") << "an old file goes first";
+    EXPECT_EQ((V{Ini("1", "Dienst"), Ini("1", "ObjectName"), Ini("1", "DisplayName"), Ini("1", "ImagePath")}),
+              (V{"Alpha", "Anzeige Alpha", "LocalSystem", "C:\\WINDOWS\\system32\\alpha.exe"}));
+    EXPECT_EQ((V{Ini("2", "Dienst"), Ini("2", "ImagePath")}), (V{"Gamma", "C:\\WINDOWS\\system32\\gamma.dll"}));
+    // What could not be read stays empty, the section is written; an old file goes first.
+    EXPECT_EQ((V{Ini("3", "Dienst"), Ini("3", "ImagePath"), Ini("4", "Dienst"), Ini("7", "Dienst")}),
+              (V{"Zeta", "", "", ""}));
 }
 
 TEST_F(Assistent, TakeAll_FertigNo_MonitoringOnInTray_StandardBoxesWithoutClicks_SettingsWritten) {
@@ -133,19 +126,18 @@ TEST_F(Assistent, TakeAll_FertigNo_MonitoringOnInTray_StandardBoxesWithoutClicks
     fp.dialogs.beimZeigen = [&] { gefragtMitGrösse = prg.Hostsgrösse == 21; };
     fp.dialogs.antworten.push_back(kIdNo);
     f().Command3_Click();
-
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Info Kestrella!");
-    EXPECT_EQ(fp.dialogs.meldungen[0].flags, kMbYesNo);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text,
-              "\r\n" + std::string(33, '*') + " " + kHerstellerSeite + " " + std::string(32, '*') +
-                  "\r\n\r\n"
-                  "        Leider konnten nicht alle Werte und Einstellungen übernommen werden.\r\n"
-                  "       Diese können sie manuell in den Einstellungen von Kestrella vornehmen.\r\n\r\n\r\n"
-                  "              Wollen sie jetzt die Einstellungen vornehmen ?\r\n\r\n" +
-                  std::string(81, '*') + "\r\n");
+    const auto& m = fp.dialogs.meldungen[0];
+    EXPECT_EQ(m.flags, kMbYesNo);
+    EXPECT_EQ(V({m.titel, m.text}),
+              V({"Info Kestrella!",
+                 "\r\n" + std::string(33, '*') + " " + kHerstellerSeite + " " + std::string(32, '*') +
+                     "\r\n\r\n"
+                     "        Leider konnten nicht alle Werte und Einstellungen übernommen werden.\r\n"
+                     "       Diese können sie manuell in den Einstellungen von Kestrella vornehmen.\r\n\r\n\r\n"
+                     "              Wollen sie jetzt die Einstellungen vornehmen ?\r\n\r\n" +
+                     std::string(81, '*') + "\r\n"}));
     EXPECT_TRUE(gefragtMitGrösse);
-
     AlarmFenster& a = prg.Alarm();
     for (int i = 0; i < kBoxAnzahl; ++i) {
         const bool an = i == 8 || i == 1 || i == 2 || i == 4 || i == 15 || i == 11 || i == 13 || i == 5 || i == 10 ||
@@ -162,7 +154,6 @@ TEST_F(Assistent, TakeAll_FertigNo_MonitoringOnInTray_StandardBoxesWithoutClicks
     EXPECT_EQ(a.Label1[0].BackColor, 255);
     EXPECT_EQ(a.Label1[0].ForeColor, 16777215);
     EXPECT_FALSE(prg.Form2Geladen());
-
     const PropertyBag bag = GespeicherteEinstellungen();
     EXPECT_EQ(std::get<std::int16_t>(bag.ReadProperty("box8", std::int16_t{0})), 1);
     EXPECT_EQ(std::get<std::int32_t>(bag.ReadProperty("hostsgrösse", std::int32_t{0})), 21);
@@ -188,7 +179,6 @@ TEST_F(Assistent, ByHand_WritesOnlySettings_AllBoxesOff_PanelOpenWithoutQuestion
     EXPECT_FALSE(fp.files.Exists(ordner + "daten\\prozesse.txt"));
     EXPECT_FALSE(fp.files.Exists(ordner + "daten\\dienste.ini"));
     f().Command3_Click();
-
     EXPECT_TRUE(fp.dialogs.meldungen.empty());
     AlarmFenster& a = prg.Alarm();
     EXPECT_TRUE(a.Visible);
@@ -200,12 +190,6 @@ TEST_F(Assistent, ByHand_WritesOnlySettings_AllBoxesOff_PanelOpenWithoutQuestion
         EXPECT_EQ(std::get<std::int16_t>(bag.ReadProperty("box" + std::to_string(i), std::int16_t{0})), 0) << i;
     EXPECT_EQ(std::get<std::int32_t>(bag.ReadProperty("hostsgrösse", std::int32_t{0})), 21);
     EXPECT_FALSE(prg.Form2Geladen());
-}
-
-TEST_F(Assistent, ClosedWithoutFertig_WritesNothing) {
-    f().Command2_Click(1);
-    prg.Form2Entladen();
-    EXPECT_FALSE(fp.files.Exists(datPfad));
 }
 
 }  // namespace

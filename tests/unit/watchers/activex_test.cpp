@@ -1,21 +1,14 @@
 // The ActiveX watcher: desktop.ini removed at every cycle, a compare that ignores case, no
 // sound, and an accept that changes the list only.
-#include "panel/alarm.h"
-#include "programm_test_basis.h"
-#include "warning/form3.h"
+#include "warn_lesen.h"
 
 namespace kes::test {
 namespace {
 
 const std::string kDpf = "C:\\WINDOWS\\Downloaded Program Files";
 
-class AktiveX : public ProgrammTest {
+class AktiveX : public WaechterTest {
 protected:
-    void SetUp() override {
-        Pfade();
-        prg.Alarm().Timer1.SetEnabled(true);
-    }
-    AlarmFenster& alarm() { return prg.Alarm(); }
     void Teste() { alarm().activeX.Testeactivx(); }
 };
 
@@ -30,23 +23,18 @@ TEST_F(AktiveX, NewFile_WarnsWithoutSoundWithNameAndPathAndNoTextFields) {
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::ActiveX);
     Form3Fenster& f = prg.Form3();
     EXPECT_EQ(f.Label1[0].Caption, "Es wurde eine neue ActiveX gefunden.");
-    ASSERT_EQ(f.ListView2.Items.size(), 2u);
-    EXPECT_EQ(f.ListView2.Items[0].Text, "flash.ocx");
-    EXPECT_EQ(f.ListView2.Items[1].Text, kDpf + "\\flash.ocx");
-    EXPECT_FALSE(f.Picture3[3].Visible);
-    EXPECT_FALSE(f.Picture3[4].Visible);
-    for (const auto& t : f.Text1) EXPECT_EQ(t.Text, "");
+    EXPECT_EQ(TexteVon(f.ListView2), (Texte{"flash.ocx", kDpf + "\\flash.ocx"}));
+    EXPECT_FALSE(f.Picture3[3].Visible || f.Picture3[4].Visible);
+    EXPECT_EQ(Felder(f, 6), Texte(6, ""));
 }
 
 TEST_F(AktiveX, DesktopIni_IsRemovedAtEveryCycleEvenHiddenAndReadOnly) {
-    fp.files.Put(kDpf + "\\desktop.ini", "[.ShellClassInfo]", kAttrHidden | kAttrReadOnly | kAttrSystem);
-    Teste();
-    EXPECT_FALSE(fp.files.Exists(kDpf + "\\desktop.ini"));
-    EXPECT_FALSE(prg.Form3Geladen());
-    fp.files.Put(kDpf + "\\desktop.ini", "x");
-    Teste();
-    EXPECT_FALSE(fp.files.Exists(kDpf + "\\desktop.ini"));
-    EXPECT_FALSE(prg.Form3Geladen());
+    for (std::uint32_t attribute : {kAttrHidden | kAttrReadOnly | kAttrSystem, kAttrArchive}) {
+        fp.files.Put(kDpf + "\\desktop.ini", "[.ShellClassInfo]", attribute);
+        Teste();
+        EXPECT_FALSE(fp.files.Exists(kDpf + "\\desktop.ini"));
+        EXPECT_FALSE(prg.Form3Geladen());
+    }
 }
 
 TEST_F(AktiveX, KnownInAnotherCase_StaysSilent_DeferredOnesDoNotStopTheScan) {
@@ -69,10 +57,9 @@ TEST_F(AktiveX, Accept_AddsToTheListForThisRunOnlyAndWritesNoFile) {
     Teste();
     ASSERT_TRUE(prg.Form3Geladen());
     prg.Form3().Image_Click(1);
-    EXPECT_EQ(alarm().List6.Items, std::vector<std::string>{kDpf + "\\a.ocx"});
+    EXPECT_EQ(alarm().List6.Items, Texte{kDpf + "\\a.ocx"});
     EXPECT_FALSE(fp.files.Exists(ordner + "daten\\Activex.txt"));
-    EXPECT_NE(fp.files.Content(ordner + "Kestrella.log")
-                  .find("Neue ActiveX wurde erstellt.\r\nDatei: " + kDpf + "\\a.ocx\r\n< Übernommen OK >"),
+    EXPECT_NE(Log().find("Neue ActiveX wurde erstellt.\r\nDatei: " + kDpf + "\\a.ocx\r\n< Übernommen OK >"),
               std::string::npos);
     prg.Aufräumen();
     Teste();
@@ -85,7 +72,7 @@ TEST_F(AktiveX, Baseline_IsClearedAlwaysAndReadUpToAnEmptyLine) {
     EXPECT_TRUE(alarm().List6.Items.empty()) << "cleared without a file";
     fp.files.Put(ordner + "daten\\Activex.txt", "eins\r\n\r\nzwei\r\n");
     alarm().activeX.LadeActiveX();
-    EXPECT_EQ(alarm().List6.Items, std::vector<std::string>{"eins"});
+    EXPECT_EQ(alarm().List6.Items, Texte{"eins"});
 }
 
 }  // namespace

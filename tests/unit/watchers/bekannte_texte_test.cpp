@@ -3,13 +3,8 @@
 // first unknown entry in the live order the one that is reported.
 #include "watchers/bekannte_texte.h"
 
-#include <gtest/gtest.h>
-
-#include "common/steuerelemente.h"
 #include "common/text.h"
-#include "panel/alarm.h"
 #include "programm_test_basis.h"
-#include "warning/form3.h"
 #include "watchers/autostart_ordner.h"
 
 namespace kes::test {
@@ -45,18 +40,14 @@ TEST(BekannteTexte, FoldedWithKlein_FindsEveryCaseOfTheCodePage_AsTheWalkDid) {
     EXPECT_FALSE(b.Enthält("SETUP.EXE")) << "the question is folded by the caller, as the rows were";
 }
 
-class GrosseListe : public ProgrammTest {
-protected:
-    const std::string kOrdner = "C:\\Dokumente und Einstellungen\\Benutzer\\Startmen\xFC\\Programme\\Autostart";
-    void SetUp() override {
-        Pfade();
-        fp.files.MakeDirs(kOrdner);
-        prg.Alarm().Label2[2].Caption = kOrdner;
-    }
-};
+class GrosseListe : public ProgrammTest {};
 
 TEST_F(GrosseListe, ThousandKnownNames_InAnyCase_TheFirstUnknownInFolderOrderIsReported) {
+    const std::string kOrdner = "C:\\Dokumente und Einstellungen\\Benutzer\\Startmen\xFC\\Programme\\Autostart";
+    Pfade();
+    fp.files.MakeDirs(kOrdner);
     AlarmFenster& a = prg.Alarm();
+    a.Label2[2].Caption = kOrdner;
     for (int i = 0; i < 1000; ++i) {
         const std::string name = "Eintrag" + std::to_string(i) + ".lnk";
         fp.files.Put(kOrdner + "\\" + name, "x");
@@ -69,7 +60,6 @@ TEST_F(GrosseListe, ThousandKnownNames_InAnyCase_TheFirstUnknownInFolderOrderIsR
     a.autostartOrdner.TesteAutostartOrdner();
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_EQ(prg.Form3().Zeile2(), kOrdner + "\\Erster.lnk") << "sorted without case, before \"zweiter\"";
-
     EXPECT_TRUE(NameBekannt(BekannteNamen(a.List3.Items), "EINTRAG7.LNK"));
     EXPECT_TRUE(NameBekannt(BekannteNamen({}), "Desktop.INI")) << "always known";
     EXPECT_FALSE(NameBekannt(BekannteNamen(a.List3.Items), "Eintrag1000.lnk"));

@@ -2,21 +2,17 @@
 // file read by fields around the "€" of code page 1252; the platform module's texts; and
 // the answers of the warning: accept, delete and the menu behind "Mehr Infos".
 #include "platform/dfue.h"
-#include "panel/alarm.h"
-#include "programm_test_basis.h"
-#include "warning/form3.h"
+#include "warn_lesen.h"
 
 namespace kes::test {
 namespace {
 
-class Dfue : public ProgrammTest {
+class Dfue : public WaechterTest {
 protected:
     void SetUp() override {
-        Pfade();
+        WaechterTest::SetUp();
         alarm().Box1[2].setValue(1);
-        alarm().Timer1.SetEnabled(true);
     }
-    AlarmFenster& alarm() { return prg.Alarm(); }
     void Eintrag(const std::string& name, const std::string& nummer, std::uint32_t land = 49,
                  const std::string& vorwahl = "") {
         fp.dialup.einträge.push_back({name, DfuEintrag{land, vorwahl, nummer}});
@@ -25,7 +21,6 @@ protected:
         alarm().ListView2.Add(name).SetSubItem(1, nummer);
     }
     void Testen() { alarm().dfü.TesteDFÜ(); }
-    std::string Log() { return fp.files.Content(ordner + "Kestrella.log"); }
 };
 
 TEST_F(Dfue, Module_TextsOfAnEntry) {
@@ -33,37 +28,27 @@ TEST_F(Dfue, Module_TextsOfAnEntry) {
     Eintrag("Ohne", "123", 0);
     std::string land, vorwahl, nummer;
     ASSERT_TRUE(DFUEigenschaften(fp.plattform, "Mit", land, vorwahl, nummer));
-    EXPECT_EQ(land, "49");
-    EXPECT_EQ(vorwahl, "089");
-    EXPECT_EQ(nummer, "0190123");
+    EXPECT_EQ((Texte{land, vorwahl, nummer}), (Texte{"49", "089", "0190123"}));
     ASSERT_TRUE(DFUEigenschaften(fp.plattform, "Ohne", land, vorwahl, nummer));
-    EXPECT_EQ(land, "") << "country code 0 gives no text";
-    EXPECT_EQ(vorwahl, "");
-    EXPECT_EQ(DFUEintraege(fp.plattform), (std::vector<std::string>{"Mit", "Ohne"}));
+    EXPECT_EQ((Texte{land, vorwahl}), (Texte{"", ""})) << "country code 0 gives no text";
+    EXPECT_EQ(DFUEintraege(fp.plattform), (Texte{"Mit", "Ohne"}));
     fp.dialup.aufzählFehler = 632;
     EXPECT_FALSE(DFUEintraege(fp.plattform).has_value());
 }
 
 TEST_F(Dfue, Load_SplitsAtTheFirstEuroByte_CommaEndsAnEntry_EmptyEntryEndsTheReading) {
-    fp.files.Put(ordner + "daten\\0190.txt",
-                 "Heim\x80"
-                 "0190123\r\n\"Zitiert\x80"
-                 "456\"\r\nKomma, Teil\x80"
-                 "789\r\nDoppelt\x80"
-                 "1\x80"
-                 "2\r\n\r\nDanach\x80"
-                 "0\r\n");
+    const std::string e = "\x80";  // the euro sign of code page 1252
+    fp.files.Put(ordner + "daten\\0190.txt", "Heim" + e + "0190123\r\n\"Zitiert" + e + "456\"\r\nKomma, Teil" + e +
+                                                 "789\r\nDoppelt" + e + "1" + e + "2\r\n\r\nDanach" + e + "0\r\n");
     alarm().dfü.LadeDFÜ();
-    std::vector<std::string> namen, nummern;
+    Texte namen, nummern;
     for (const auto& z : alarm().ListView2.Items) {
         namen.push_back(z.Text);
         nummern.push_back(z.SubItem(1));
     }
     // "Komma" has no "€": all of it is a number, and the name of the entry before it stays.
-    EXPECT_EQ(namen, (std::vector<std::string>{"Heim", "Zitiert", "Zitiert", "Teil", "Doppelt"}));
-    EXPECT_EQ(nummern, (std::vector<std::string>{"0190123", "456", "Komma", "789",
-                                                 "1\x80"
-                                                 "2"}));
+    EXPECT_EQ(namen, (Texte{"Heim", "Zitiert", "Zitiert", "Teil", "Doppelt"}));
+    EXPECT_EQ(nummern, (Texte{"0190123", "456", "Komma", "789", "1" + e + "2"}));
 }
 
 TEST_F(Dfue, NewNumber_WarnsWithNameAndNumber) {
@@ -73,34 +58,20 @@ TEST_F(Dfue, NewNumber_WarnsWithNameAndNumber) {
     ASSERT_TRUE(prg.Form3Geladen());
     Form3Fenster& f = prg.Form3();
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::DFÜ);
-    EXPECT_EQ(f.Label1[0].Caption, "Es wurde eine neue DFÜ-Verbindung erstellt.");
-    EXPECT_EQ(f.Text1[0].Text, "Billig");
-    EXPECT_EQ(f.Text1[1].Text, "0190abc") << "an empty baseline compares nothing, so the case stays";
-    EXPECT_EQ(f.Label1[1].Caption, "Billig");
-    EXPECT_EQ(f.Label1[2].Caption, "Nummer: 0190abc");
+    EXPECT_EQ(Kopf(f), (Texte{"Es wurde eine neue DFÜ-Verbindung erstellt.", "Billig", "Nummer: 0190abc"}));
+    EXPECT_EQ(Felder(f, 2), (Texte{"Billig", "0190abc"})) << "an empty baseline compares nothing, so the case stays";
     EXPECT_FALSE(f.ListView2.Visible);
-    for (int i = 1; i <= 4; ++i) EXPECT_FALSE(f.Picture3[i].Visible) << i;
+    EXPECT_FALSE(f.Picture3[1].Visible || f.Picture3[2].Visible || f.Picture3[3].Visible || f.Picture3[4].Visible);
     EXPECT_TRUE(f.Image[1].Visible && f.Image[3].Visible && f.Image[9].Visible);
-    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"ALARM"});
+    EXPECT_EQ(fp.sound.gespielt, Texte{"ALARM"});
 }
 
-TEST_F(Dfue, KnownNumber_AnyNameAnyCase_AndEmptyNumber_StaySilent) {
+TEST_F(Dfue, KnownNumber_AnyNameAnyCase_EmptyNumber_Deferred_AndFailedEnumeration_StaySilent) {
     Kennen("Alt", "0190abc");
     Eintrag("Neuer Name", "0190ABC");
     Eintrag("ISDN Test", "");
     Testen();
     EXPECT_FALSE(prg.Form3Geladen());
-}
-
-TEST_F(Dfue, EntryWithAnotherNumber_Warns_NumberInUpperCase) {
-    Kennen("Heim", "0201");
-    Eintrag("Heim", "0190abc");
-    Testen();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Text1[1].Text, "0190ABC");
-}
-
-TEST_F(Dfue, DeferredEntry_AndFailedEnumeration_StaySilent) {
     Eintrag("Billig", "0190");
     alarm().List8.Items.push_back("Billig");
     Testen();
@@ -110,6 +81,14 @@ TEST_F(Dfue, DeferredEntry_AndFailedEnumeration_StaySilent) {
     Testen();
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_TRUE(fp.dialogs.meldungen.empty()) << "a failed enumeration ends without a word";
+    // Another number under a known name warns, with the number in upper case.
+    fp.dialup.aufzählFehler = 0;
+    fp.dialup.einträge.clear();
+    alarm().ListView2.Items.clear();
+    Kennen("Heim", "0201");
+    Eintrag("Heim", "0190abc");
+    Testen();
+    EXPECT_EQ(Gewarnt(prg, 1), "0190ABC");
 }
 
 TEST_F(Dfue, NoDialupInterface_MessageAtEveryTick) {
@@ -128,16 +107,12 @@ TEST_F(Dfue, Accept_WritesNameEuroByteNumber_AndTheEntryIsKnown) {
     Testen();
     prg.Form3().Image_Click(1);
     EXPECT_FALSE(prg.Form3Geladen());
-    EXPECT_EQ(fp.files.Content(ordner + "daten\\0190.txt"),
-              "Alt\x80"
-              "1\r\nBillig\x80"
-              "0190ABC\r\n");
+    EXPECT_EQ(fp.files.Content(ordner + "daten\\0190.txt"), "Alt\x80" + std::string("1\r\nBillig\x80") + "0190ABC\r\n");
     EXPECT_NE(Log().find("DFÜ-Verbindung wurde erstellt. \r\nDFÜ: Billig   Nummer: 0190ABC\r\n< Übernommen OK >"),
               std::string::npos);
     alarm().dfü.LadeDFÜ();
     Testen();
     EXPECT_FALSE(prg.Form3Geladen());
-
     // The entry vanishes from the system: the compare runs one way only.
     fp.dialup.einträge.clear();
     Eintrag("Anders", "1");
@@ -153,7 +128,6 @@ TEST_F(Dfue, Delete_RemovesTheEntry_OrSaysWhyNot) {
     prg.Form3().Image_Click(3);
     EXPECT_TRUE(fp.dialup.einträge.empty());
     EXPECT_NE(Log().find("< Gelöscht OK >"), std::string::npos);
-
     Eintrag("Zäh", "0900");
     fp.dialup.löschFehler = 5;
     Testen();
@@ -171,14 +145,11 @@ TEST_F(Dfue, MehrInfos_MenuWithEditDialogAndFolder_WindowStaysOpen) {
     f.Image_Click(9);
     EXPECT_EQ(f.Popup.Menü, "dfü");
     EXPECT_EQ(f.Popup.Standard, 1);
-    EXPECT_EQ(f.dfü1[0].Caption, "Information");
-    EXPECT_EQ(f.dfü1[1].Caption, "DFÜ Ordner öffnen");
-
     f.hWnd = 0x4711;  // as the view gives it
     f.dfü1_Click(0);
     ASSERT_EQ(fp.dialup.bearbeitet.size(), 1u);
-    EXPECT_EQ(fp.dialup.bearbeitet[0].first, 0x4711u) << "the editor opens over the warning";
-    EXPECT_EQ(fp.dialup.bearbeitet[0].second, "Billig");
+    EXPECT_EQ(fp.dialup.bearbeitet[0], (std::pair<std::uintptr_t, std::string>{0x4711, "Billig"}))
+        << "the editor opens over the warning";
     EXPECT_FALSE(f.Topmost);
     f.dfü1_Click(1);
     ASSERT_EQ(fp.shell.kommandos.size(), 1u);

@@ -1,15 +1,12 @@
-// The service watcher: which services count (automatic, with an ImagePath, unknown by
-// name, maker not trusted, path not deferred), the fields of its warning, the crossed keys
+// The service watcher: which services count, the fields of its warning, the crossed keys
 // of dienste.ini, and the accept menu's two entries.
-#include "panel/alarm.h"
-#include "programm_test_basis.h"
-#include "warning/form3.h"
+#include "warn_lesen.h"
 
 namespace kes::test {
 namespace {
 
 const std::string kSvc = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\";
-using V = std::vector<std::string>;
+using V = Texte;
 
 class DiensteTest : public WarnungsTest {
 protected:
@@ -29,12 +26,10 @@ protected:
         fp.details.SetVersion(pfad, v);
     }
     void Teste() { alarm().dienste.TesteDienste(); }
-    std::string T(int i) { return prg.Form3().Text1[i].Text; }
-    void Schließen() {
-        prg.Form3Entladen();
-        prg.Aufräumen();
-    }
     std::string Ini() { return ordner + "daten\\dienste.ini"; }
+    std::string IniWert(const char* abschnitt, const char* name) {
+        return fp.profiles.GetString(abschnitt, name, "", Ini());
+    }
 };
 
 TEST_F(DiensteTest, NewAutomaticService_WarnsWithItsFieldsRowsAndRegistryRow) {
@@ -48,14 +43,10 @@ TEST_F(DiensteTest, NewAutomaticService_WarnsWithItsFieldsRowsAndRegistryRow) {
     EXPECT_EQ(fp.sound.gespielt.size(), 1u);
     Form3Fenster& f = prg.Form3();
     const std::string pfad = "C:\\WINDOWS\\system32\\neu.exe -k";
-    EXPECT_EQ((V{T(0), T(1), T(2), T(3), T(4)}), (V{"Neu", "Neuer Dienst", "LocalSystem", pfad, "2"}));
+    EXPECT_EQ(Felder(f, 5), (V{"Neu", "Neuer Dienst", "LocalSystem", pfad, "2"}));
     EXPECT_EQ(f.Label1[0].Caption, "Neuer Dienst wurde gefunden.(Automatischer Start)");
-    ASSERT_EQ(f.ListView2.Items.size(), 3u);
-    EXPECT_EQ(f.ListView2.Items[0].Text, "neu.exe -k");
-    EXPECT_EQ(f.ListView2.Items[1].Text, pfad);
-    EXPECT_EQ(f.ListView2.Items[2].Text, "Neuer Dienst ---->> Tut etwas.");
-    const ListItem& r = f.ListView4.Items.at(0);
-    EXPECT_EQ((V{r.Text, r.SubItem(1), r.SubItem(2), r.SubItem(3), r.SubItem(4)}),
+    EXPECT_EQ(TexteVon(f.ListView2), (V{"neu.exe -k", pfad, "Neuer Dienst ---->> Tut etwas."}));
+    EXPECT_EQ(Spalten(f.ListView4.Items.at(0), 4),
               (V{"Dienst", "HKEY_LOCAL_MACHINE", "System\\CurrentControlSet\\Services\\Neu", "Neu", pfad}));
     EXPECT_FALSE(f.Picture3[4].Visible);
     EXPECT_TRUE(f.Image[9].Visible);
@@ -69,11 +60,9 @@ TEST_F(DiensteTest, OnlyAutomaticStartWithImagePathCounts_AndAChangeToAutomaticI
     Teste();
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::Dienste) << "set at every call, found or not";
-
     fp.registry.SetDword(kSvc + "Manuell", "Start", 2);
     Teste();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(T(0), "Manuell");
+    EXPECT_EQ(Gewarnt(prg), "Manuell");
 }
 
 TEST_F(DiensteTest, KnownByNameWithCase_MakerWithoutCase) {
@@ -81,18 +70,17 @@ TEST_F(DiensteTest, KnownByNameWithCase_MakerWithoutCase) {
     alarm().ListView11.Add("bekannt");
     Teste();
     EXPECT_TRUE(prg.Form3Geladen()) << "another case is a new service";
-    Schließen();
+    Zu(prg);
     alarm().ListView11.Add("Bekannt");
     Dienst("Vertraut", 2, "C:\\Vertraut\\v.exe");
     Firma("c:\\vertraut\\v.exe", "Microsoft Corporation");
     alarm().List10.Items = {"MICROSOFT corporation"};
     Teste();
     EXPECT_FALSE(prg.Form3Geladen());
-
     Dienst("OhneVersion", 2, "C:\\fehlt.exe");
     Teste();
     EXPECT_TRUE(prg.Form3Geladen());
-    Schließen();
+    Zu(prg);
     alarm().List10.Items.push_back("unbekannt");
     Teste();
     EXPECT_FALSE(prg.Form3Geladen()) << "\"Unbekannt\" trusts every file without a version block";
@@ -104,8 +92,7 @@ TEST_F(DiensteTest, DeferredPath_SilencesEveryServiceOfItsHostButNotTheNext) {
     Dienst("B", 2, "C:\\b.exe");
     alarm().List8.Items.push_back("c:\\windows\\system32\\svchost.exe -k netsvcs");
     Teste();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(T(0), "B");
+    EXPECT_EQ(Gewarnt(prg), "B");
     prg.Form3().Image_Click(6);
     prg.Aufräumen();
     EXPECT_EQ(alarm().List8.Items.back(), "c:\\b.exe") << "deferred by the path";
@@ -159,8 +146,7 @@ TEST_F(DiensteTest, MenuService_WritesTheFirstFreeSectionCrossedAndIsKnownAfterw
     EXPECT_EQ(f.dienst1[0].Caption, "Hersteller: \"Unbekannt\" immer zulassen");
     f.dienst1_Click(1);
     EXPECT_EQ(
-        (V{fp.profiles.GetString("2", "Dienst", "", Ini()), fp.profiles.GetString("2", "ObjectName", "", Ini()),
-           fp.profiles.GetString("2", "DisplayName", "", Ini()), fp.profiles.GetString("2", "ImagePath", "", Ini())}),
+        (V{IniWert("2", "Dienst"), IniWert("2", "ObjectName"), IniWert("2", "DisplayName"), IniWert("2", "ImagePath")}),
         (V{"Neu", "Anzeige", "Konto", "c:\\n.exe"}));
     EXPECT_EQ(alarm().ListView11.Items.size(), 2u);
     EXPECT_NE(Log().find("Neuer Dienst wurde erstellt.\r\nName: Neu\r\nDatei: c:\\n.exe\r\n< Übernommen OK >"),
@@ -179,8 +165,7 @@ TEST_F(DiensteTest, MenuService_WithAll200Taken_WritesOverSection200) {
     Form3Fenster& f = Warnung(Kategorie::Dienste);
     f.Text1[0].Text = "Neu";
     f.dienst1_Click(1);
-    EXPECT_EQ(fp.profiles.GetString("200", "Dienst", "", Ini()), "Neu");
-    EXPECT_EQ(fp.profiles.GetString("201", "Dienst", "", Ini()), "");
+    EXPECT_EQ((V{IniWert("200", "Dienst"), IniWert("201", "Dienst")}), (V{"Neu", ""}));
 }
 
 TEST_F(DiensteTest, MenuMaker_RewritesTheMakerFileWithAllEntries) {

@@ -1,14 +1,11 @@
-// The scheduled tasks watcher: what counts as new, what its warning shows, where it looks
-// and where not, the first baseline taken without a word, the baseline's lines read back
-// as written, and a delete that takes the one task file.
+// The scheduled tasks watcher: what counts as new and what its warning shows, the first
+// baseline taken without a word, the baseline read back as written, the delete.
 #include <functional>
 
 #include "assistant/form2.h"
 #include "core/einstellungen.h"
-#include "panel/alarm.h"
 #include "platform/journal.h"
-#include "programm_test_basis.h"
-#include "warning/form3.h"
+#include "warn_lesen.h"
 
 namespace kes::test {
 namespace {
@@ -39,63 +36,63 @@ std::string Job(const std::string& programm, const std::string& parameter) {
     return d;
 }
 
-struct Regel {
-    const char* fall;
-    Schritt vorher;    // the tasks as the baseline is taken
-    Schritt danach;    // what changes after it
-    std::string name;  // the warning's "Name:" row; empty: no warning
-    std::string pfad = "";
-};
-
-const Regel kRegeln[] = {
-    {"new task", [](auto& f) { f.MakeDirs(kNeu); }, [](auto& f) { f.Put(kNeu + "\\Neu", Xml("C:\\x.exe", "/a")); },
-     "Name: " + kNeu + "\\Neu", "Pfad: C:\\x.exe /a"},
-    // Made one by one: the fake's MakeDirs names its folders in lower case.
-    {"task in a folder below",
-     [](auto& f) {
-         f.MakeDirs(kNeu);
-         f.MakeDirectory(kNeu + "\\Microsoft");
-         f.MakeDirectory(kNeu + "\\Microsoft\\Windows");
-     },
-     [](auto& f) {
-         f.MakeDirectory(kNeu + "\\Microsoft\\Windows\\Defrag");
-         f.Put(kNeu + "\\Microsoft\\Windows\\Defrag\\Tief", Xml("C:\\x.exe"));
-     },
-     "Name: " + kNeu + "\\Microsoft\\Windows\\Defrag\\Tief", "Pfad: C:\\x.exe"},
-    {"changed command", [](auto& f) { f.Put(kNeu + "\\T", Xml("C:\\x.exe", "/a")); },
-     [](auto& f) { f.Put(kNeu + "\\T", Xml("C:\\x.exe", "/a /boese")); }, "Name: " + kNeu + "\\T",
-     "Pfad: C:\\x.exe /a /boese"},
-    {"unchanged task", [](auto& f) { f.Put(kNeu + "\\T", Xml("C:\\x.exe", "/a")); }, [](auto&) {}, ""},
-    {"a touch that leaves the command", [](auto& f) { f.Put(kNeu + "\\T", Xml("C:\\x.exe", "/a")); },
-     [](auto& f) { f.Put(kNeu + "\\T", Xml("C:\\x.exe", "/a") + std::string(2, '\0')); }, ""},
-    {"task gone", [](auto& f) { f.Put(kNeu + "\\T", Xml("C:\\x.exe")); }, [](auto& f) { f.Delete(kNeu + "\\T"); }, ""},
-    {"new .job", [](auto& f) { f.MakeDirs(kAlt); }, [](auto& f) { f.Put(kAlt + "\\Neu.JOB", Job("C:\\x.exe", "/s")); },
-     "Name: " + kAlt + "\\Neu.JOB", "Pfad: C:\\x.exe /s"},
-    {"another file in the old folder", [](auto& f) { f.MakeDirs(kAlt); },
-     [](auto& f) { f.Put(kAlt + "\\SA.DAT", Job("C:\\x.exe", "/s")); }, ""},
-    {"a folder below the old folder", [](auto& f) { f.MakeDirs(kAlt); },
-     [](auto& f) { f.Put(kAlt + "\\Unter\\x.job", Job("C:\\x.exe", "/s")); }, ""},
-    {"locked task", [](auto&) {},
-     [](auto& f) {
-         f.Put(kNeu + "\\Zu", Xml("C:\\x.exe"));
-         f.Lock(kNeu + "\\Zu");
-     },
-     "Name: " + kNeu + "\\Zu", "Pfad: "},
-    {"a task file far too big", [](auto&) {},
-     [](auto& f) {
-         f.Put(kNeu + "\\Gross", Xml("C:\\x.exe"));
-         f.PretendLength(kNeu + "\\Gross", 2 << 20);
-     },
-     "Name: " + kNeu + "\\Gross", "Pfad: "},
-    {"garbage", [](auto&) {}, [](auto& f) { f.Put(kNeu + "\\Kaputt", "\x01\x02<Exec"); }, "Name: " + kNeu + "\\Kaputt",
-     "Pfad: "},
-    {"Tasks folders made after the first pass", [](auto&) {}, [](auto& f) { f.Put(kNeu + "\\Neu", Xml("C:\\x.exe")); },
-     "Name: " + kNeu + "\\Neu", "Pfad: C:\\x.exe"},
-    {"no Tasks folders at all", [](auto&) {}, [](auto&) {}, ""},
-};
+Schritt Lege(const std::string& pfad, const std::string& inhalt) {
+    return [=](fake::FakeFiles& f) { f.Put(pfad, inhalt); };
+}
+Schritt Ordner(const std::string& pfad) {
+    return [=](fake::FakeFiles& f) { f.MakeDirs(pfad); };
+}
+const Schritt kNichts = [](fake::FakeFiles&) {};
 
 TEST(GeplanteAufgaben, WhatWarnsAndWhatTheWarningShows) {
-    for (const Regel& r : kRegeln) {
+    const std::string kT = kNeu + "\\T", kTief = kNeu + "\\Microsoft\\Windows";
+    const struct {
+        const char* fall;
+        Schritt vorher, danach;  // the tasks as the baseline is taken, and what changes after it
+        std::string name;        // the warning's "Name:" row; empty: no warning
+        std::string pfad = "";
+    } regeln[] = {
+        {"new task", Ordner(kNeu), Lege(kNeu + "\\Neu", Xml("C:\\x.exe", "/a")), kNeu + "\\Neu", "C:\\x.exe /a"},
+        // Made one by one: the fake's MakeDirs names its folders in lower case.
+        {"task in a folder below",
+         [&](auto& f) {
+             f.MakeDirs(kNeu);
+             f.MakeDirectory(kNeu + "\\Microsoft");
+             f.MakeDirectory(kTief);
+         },
+         [&](auto& f) {
+             f.MakeDirectory(kTief + "\\Defrag");
+             f.Put(kTief + "\\Defrag\\Tief", Xml("C:\\x.exe"));
+         },
+         kTief + "\\Defrag\\Tief", "C:\\x.exe"},
+        {"changed command", Lege(kT, Xml("C:\\x.exe", "/a")), Lege(kT, Xml("C:\\x.exe", "/a /boese")), kT,
+         "C:\\x.exe /a /boese"},
+        {"unchanged task", Lege(kT, Xml("C:\\x.exe", "/a")), kNichts, ""},
+        {"a touch that leaves the command", Lege(kT, Xml("C:\\x.exe", "/a")),
+         Lege(kT, Xml("C:\\x.exe", "/a") + std::string(2, '\0')), ""},
+        {"task gone", Lege(kT, Xml("C:\\x.exe")), [&](auto& f) { f.Delete(kT); }, ""},
+        {"new .job", Ordner(kAlt), Lege(kAlt + "\\Neu.JOB", Job("C:\\x.exe", "/s")), kAlt + "\\Neu.JOB",
+         "C:\\x.exe /s"},
+        {"another file in the old folder", Ordner(kAlt), Lege(kAlt + "\\SA.DAT", Job("C:\\x.exe", "/s")), ""},
+        {"a folder below the old folder", Ordner(kAlt), Lege(kAlt + "\\Unter\\x.job", Job("C:\\x.exe", "/s")), ""},
+        {"locked task", kNichts,
+         [&](auto& f) {
+             f.Put(kNeu + "\\Zu", Xml("C:\\x.exe"));
+             f.Lock(kNeu + "\\Zu");
+         },
+         kNeu + "\\Zu", ""},
+        {"a task file far too big", kNichts,
+         [&](auto& f) {
+             f.Put(kNeu + "\\Gross", Xml("C:\\x.exe"));
+             f.PretendLength(kNeu + "\\Gross", 2 << 20);
+         },
+         kNeu + "\\Gross", ""},
+        {"garbage", kNichts, Lege(kNeu + "\\Kaputt", "\x01\x02<Exec"), kNeu + "\\Kaputt", ""},
+        {"Tasks folders made after the first pass", kNichts, Lege(kNeu + "\\Neu", Xml("C:\\x.exe")), kNeu + "\\Neu",
+         "C:\\x.exe"},
+        {"no Tasks folders at all", kNichts, kNichts, ""},
+    };
+    for (const auto& r : regeln) {
         SCOPED_TRACE(r.fall);
         Lauf l;
         r.vorher(l.fp.files);
@@ -106,11 +103,9 @@ TEST(GeplanteAufgaben, WhatWarnsAndWhatTheWarningShows) {
         EXPECT_EQ(l.fp.files.OpenFinds(), 0);
         ASSERT_EQ(l.prg.Form3Geladen(), !r.name.empty());
         if (r.name.empty()) continue;
-        const Form3Fenster& f = l.prg.Form3();
         EXPECT_EQ(l.prg.Kategorieschlüssel, Kategorie::GeplanteAufgaben);
-        EXPECT_EQ(f.Label1[0].Caption, "Eine geplante Aufgabe ist neu oder ihr Befehl wurde geändert.");
-        EXPECT_EQ(f.Label1[1].Caption, r.name);
-        EXPECT_EQ(f.Label1[2].Caption, r.pfad);
+        EXPECT_EQ(Kopf(l.prg.Form3()), (Texte{"Eine geplante Aufgabe ist neu oder ihr Befehl wurde geändert.",
+                                              "Name: " + r.name, "Pfad: " + r.pfad}));
     }
 }
 
@@ -118,13 +113,11 @@ TEST(GeplanteAufgaben, FileGoneWhileTheWalkPumps_IsPassedOver) {
     Lauf l;
     l.a().geplanteAufgaben.Teste();
     for (const char* n : {"\\A", "\\B"}) l.fp.files.Put(kNeu + n, Xml("C:\\x.exe"));
-    // The first pump comes between the folders, the second after the listing, before A is
-    // read.
+    // The first pump comes between the folders, the second after the listing, before A is read.
     l.fp.timers.beimPumpen.push_back(
         [&] { l.fp.timers.beimPumpen.push_back([&] { ASSERT_EQ(l.fp.files.Delete(kNeu + "\\A"), 0); }); });
     l.a().geplanteAufgaben.Teste();
-    ASSERT_TRUE(l.prg.Form3Geladen());
-    EXPECT_EQ(l.prg.Form3().Text1[0].Text, kNeu + "\\B");
+    EXPECT_EQ(Gewarnt(l.prg), kNeu + "\\B");
     EXPECT_EQ(l.fp.files.OpenFinds(), 0);
 }
 
@@ -142,8 +135,7 @@ TEST(GeplanteAufgaben, DeferredTaskWhoseCommandChanges_StaysDeferred_AnotherStil
     EXPECT_FALSE(l.prg.Form3Geladen());
     l.fp.files.Put(kNeu + "\\U", Xml("C:\\c.exe"));
     w.Teste();
-    ASSERT_TRUE(l.prg.Form3Geladen());
-    EXPECT_EQ(l.prg.Form3().Text1[0].Text, kNeu + "\\U");
+    EXPECT_EQ(Gewarnt(l.prg), kNeu + "\\U");
 }
 
 TEST(GeplanteAufgaben, BoxSwitchedOnWithoutBaseline_TakesThePresentState_ThenWarns) {
@@ -169,36 +161,29 @@ TEST(GeplanteAufgaben, TheAssistantTakesTheTasks_TheBaselineReadsBackAsWritten_A
     l.fp.files.Put(kNeu + "\\Zeilen", Xml("C:\\x.exe", "/a&#13;&#10;/b"));
     l.fp.files.Put(kNeu + "\\Leer", Xml(""));
     l.fp.files.Put(kAlt + "\\Alt #1.job", Job("C:\\Windows\\ä.exe", "|"));
-    // "Alle Werte des Systems übernehmen" of the first-run assistant.
     Properties_Load(l.prg);
-    l.prg.Form2().Command2_Click(0);
+    l.prg.Form2().Command2_Click(0);  // "Alle Werte des Systems übernehmen"
     GeplanteAufgaben& w = l.a().geplanteAufgaben;
     w.Laden();
-    std::vector<std::string> zeilen;
-    for (const ListItem& z : w.liste.Items) zeilen.push_back(z.Text);
-    EXPECT_EQ(zeilen,
-              (std::vector<std::string>{kAlt + "\\Alt #1.job|C:\\Windows\\ä.exe |",
-                                        kNeu + "\\Größe & Co; 100% [1]|\"C:\\Pro gramme\\ä.exe\" /c a | b & \"c\"",
-                                        kNeu + "\\Leer|", kNeu + "\\Zeilen|C:\\x.exe /a  /b"}));
+    const Texte zeilen = TexteVon(w.liste);
+    EXPECT_EQ(zeilen, (Texte{kAlt + "\\Alt #1.job|C:\\Windows\\ä.exe |",
+                             kNeu + "\\Größe & Co; 100% [1]|\"C:\\Pro gramme\\ä.exe\" /c a | b & \"c\"",
+                             kNeu + "\\Leer|", kNeu + "\\Zeilen|C:\\x.exe /a  /b"}));
     w.Teste();
     EXPECT_FALSE(l.prg.Form3Geladen()) << "every task known from the file";
     w.basis.Speichern();
     w.Laden();
-    std::vector<std::string> wieder;
-    for (const ListItem& z : w.liste.Items) wieder.push_back(z.Text);
-    EXPECT_EQ(wieder, zeilen) << "written again, read again";
+    EXPECT_EQ(TexteVon(w.liste), zeilen) << "written again, read again";
 }
 
 TEST(GeplanteAufgaben, DeleteTakesTheTaskFileAlone_AfterItsBackup) {
     Lauf l;
     l.prg.AnzeigeLöschen = true;  // no question window
-    const std::string inhalt = Xml("C:\\boese.exe");
     l.fp.files.Put(kNeu + "\\Bleibt", Xml("C:\\gut.exe"));
     l.a().geplanteAufgaben.Teste();
-    l.fp.files.Put(kNeu + "\\Neu", inhalt);
+    l.fp.files.Put(kNeu + "\\Neu", Xml("C:\\boese.exe"));
     l.a().geplanteAufgaben.Teste();
-    ASSERT_TRUE(l.prg.Form3Geladen());
-    ASSERT_EQ(l.prg.Form3().Text1[0].Text, kNeu + "\\Neu");
+    ASSERT_EQ(Gewarnt(l.prg), kNeu + "\\Neu");
     l.prg.Form3().Image_Click(3);
     EXPECT_FALSE(l.prg.Form3Geladen());
     EXPECT_FALSE(l.fp.files.Exists(kNeu + "\\Neu"));

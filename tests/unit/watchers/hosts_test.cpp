@@ -1,35 +1,43 @@
 // The hosts watcher (size only) and the online watcher (messenger service per change).
-#include "panel/alarm.h"
-#include "programm_test_basis.h"
-#include "warning/form3.h"
+#include <functional>
+
+#include "warn_lesen.h"
 
 namespace kes::test {
 namespace {
 
-class Hosts : public ProgrammTest {
-protected:
-    void SetUp() override {
-        Pfade();
-        prg.Alarm().Timer1.SetEnabled(true);
-    }
-};
+using Hosts = WaechterTest;
 
-TEST_F(Hosts, NoBaselineAndEmptyOrMissingFile_RaisesNothing) {
-    prg.Alarm().hosts.TesteHosts();
-    EXPECT_FALSE(prg.Form3Geladen());
-    fp.files.Put(hostsPfad, "");
-    prg.Alarm().hosts.TesteHosts();
-    EXPECT_FALSE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::HostsDatei) << "the key is set on every run";
-}
-
-TEST_F(Hosts, SameSizeOtherContent_GoesUnseen) {
-    fp.files.Put(hostsPfad, "127.0.0.1 localhost\r\n");
-    prg.Hostsgrösse = 21;
-    fp.files.Put(hostsPfad, "127.0.0.1 localhosX\r\n");
-    prg.Alarm().hosts.TesteHosts();
-    EXPECT_FALSE(prg.Beschäftigt);
-    EXPECT_FALSE(prg.Form3Geladen());
+// The size line of the warning by the saved size and the file; empty: no warning. The
+// category key is set on every run, and a warning comes only muted here.
+TEST(HostsGroessen, TheSizeLine) {
+    const std::string pfad = "C:\\WINDOWS\\system32\\drivers\\etc\\hosts";
+    const auto fall = [&](const char* name, std::int32_t grösse, const std::string& zeile,
+                          const std::function<void(fake::FakeFiles&)>& datei) {
+        SCOPED_TRACE(name);
+        Lauf l;
+        l.a().Timer1.SetEnabled(true);
+        l.prg.Hostsgrösse = grösse;
+        datei(l.fp.files);
+        l.a().hosts.TesteHosts();
+        EXPECT_EQ(l.prg.Kategorieschlüssel, Kategorie::HostsDatei);
+        EXPECT_EQ(l.prg.Beschäftigt, !zeile.empty());
+        EXPECT_EQ(l.prg.Form3Geladen() ? l.prg.Form3().Label1[2].Caption : "<keine>",
+                  zeile.empty() ? "<keine>" : zeile);
+        EXPECT_TRUE(l.fp.sound.gespielt.empty());
+    };
+    fall("no baseline, no file", 0, "", [](auto&) {});
+    fall("no baseline, an empty file", 0, "", [&](auto& f) { f.Put(pfad, ""); });
+    fall("same size, other content", 21, "", [&](auto& f) { f.Put(pfad, "127.0.0.1 localhosX\r\n"); });
+    fall("kilobytes without the byte count", 1536, " [Neue Grösse 2,00 KB       Alte Grösse war: 1,50 KB ]",
+         [&](auto& f) { f.Put(pfad, std::string(2048, 'x')); });
+    fall("a missing file against a baseline", 2048, " [Neue Grösse 0 Bytes       Alte Grösse war: 2,00 KB ]",
+         [](auto&) {});
+    fall("a locked file counts as zero bytes", 5, " [Neue Grösse 0 Bytes       Alte Grösse war: 5 Bytes ]",
+         [&](auto& f) {
+             f.Put(pfad, "12345");
+             f.Lock(pfad);
+         });
 }
 
 // A length beyond 32 bits reads as the saved size holds it, so that an accepted size
@@ -49,29 +57,19 @@ TEST_F(Hosts, FileOfMoreThanFourGigabytes_AcceptedOnceThenSilent) {
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
-TEST_F(Hosts, SizesFromOneKilobyte_InKilobytesWithoutTheByteCount) {
-    prg.Hostsgrösse = 1536;
-    fp.files.Put(hostsPfad, std::string(2048, 'x'));
-    prg.Alarm().hosts.TesteHosts();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Label1[2].Caption, " [Neue Grösse 2,00 KB       Alte Grösse war: 1,50 KB ]");
-}
-
 TEST_F(Hosts, ChangedSize_RaisesTheWarningAndStopsTheCycle) {
     prg.Hostsgrösse = 734;
     prg.Soundflag = 1;
     fp.files.Put(hostsPfad, "x");
     prg.Alarm().hosts.TesteHosts();
-
     EXPECT_TRUE(prg.Beschäftigt);
     EXPECT_FALSE(prg.Alarm().Timer1.Enabled());
     EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
-    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"ALARM"});
+    EXPECT_EQ(fp.sound.gespielt, Texte{"ALARM"});
     ASSERT_TRUE(prg.Form3Geladen());
     Form3Fenster& f = prg.Form3();
-    EXPECT_EQ(f.Label1[0].Caption, "Ihre Hosts Datei wurde geändert.");
-    EXPECT_EQ(f.Label1[1].Caption, hostsPfad);
-    EXPECT_EQ(f.Label1[2].Caption, " [Neue Grösse 1 Byte       Alte Grösse war: 734 Bytes ]");
+    EXPECT_EQ(Kopf(f), (Texte{"Ihre Hosts Datei wurde geändert.", hostsPfad,
+                              " [Neue Grösse 1 Byte       Alte Grösse war: 734 Bytes ]"}));
     EXPECT_EQ(f.Text1[0].Text, hostsPfad);
     for (int i = 1; i <= 4; ++i) EXPECT_FALSE(f.Picture3[i].Visible);
     EXPECT_TRUE(f.Picture3[0].Visible);
@@ -87,7 +85,6 @@ TEST_F(Hosts, StepFailingHalfway_IsPassedOverAndTheWindowStillShows) {
     fp.files.Put(hostsPfad, "x");
     fp.system.formatFehlt = true;
     prg.Alarm().hosts.TesteHosts();
-
     ASSERT_TRUE(prg.Form3Geladen());
     const Form3Fenster& f = prg.Form3();
     EXPECT_TRUE(f.Visible) << "a warning that never shows would stop the watch for the rest of the run";
@@ -98,28 +95,11 @@ TEST_F(Hosts, StepFailingHalfway_IsPassedOverAndTheWindowStillShows) {
     EXPECT_FALSE(prg.Beschäftigt) << "closing it restarts the cycle";
 }
 
-TEST_F(Hosts, MissingFileAgainstABaseline_ShowsZeroBytesAndNoSoundWhenMuted) {
-    prg.Hostsgrösse = 2048;
-    prg.Alarm().hosts.TesteHosts();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Label1[2].Caption, " [Neue Grösse 0 Bytes       Alte Grösse war: 2,00 KB ]");
-    EXPECT_TRUE(fp.sound.gespielt.empty());
-}
-
-TEST_F(Hosts, LockedFile_CountsAsZeroBytesAndWarns) {
-    fp.files.Put(hostsPfad, "12345");
-    prg.Hostsgrösse = 5;
-    fp.files.Lock(hostsPfad);
-    prg.Alarm().hosts.TesteHosts();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Label1[2].Caption, " [Neue Grösse 0 Bytes       Alte Grösse war: 5 Bytes ]");
-}
-
 class Online : public ProgrammTest {
 protected:
     void SetUp() override { Pfade(); }
-    std::vector<std::string> Kommandos() const {
-        std::vector<std::string> k;
+    Texte Kommandos() const {
+        Texte k;
         for (const auto& a : fp.shell.kommandos) k.push_back(a.kommando);
         return k;
     }
@@ -134,12 +114,12 @@ TEST_F(Online, EachChangeOfStateRunsItsCommandOnce) {
     a.hosts.TesteOnline();
     fp.dialup.verbindungen = 2;
     a.hosts.TesteOnline();
-    EXPECT_EQ(Kommandos(), std::vector<std::string>{"Net stop Nachrichtendienst"});
+    EXPECT_EQ(Kommandos(), Texte{"Net stop Nachrichtendienst"});
     EXPECT_EQ(fp.shell.kommandos[0].show, kSwShowNormal);
     fp.dialup.verbindungen = 0;
     a.hosts.TesteOnline();
     a.hosts.TesteOnline();
-    EXPECT_EQ(Kommandos(), (std::vector<std::string>{"Net stop Nachrichtendienst", "Net start Nachrichtendienst"}));
+    EXPECT_EQ(Kommandos(), (Texte{"Net stop Nachrichtendienst", "Net start Nachrichtendienst"}));
 }
 
 }  // namespace

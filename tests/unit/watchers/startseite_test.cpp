@@ -1,10 +1,8 @@
 // The browser start page watcher: the nineteen rows and their saved texts, the exact
 // compare, the warning for the first changed row, and the automatic restore with its log
 // entries and balloons.
-#include "panel/alarm.h"
 #include "platform/hive_ocx.h"
-#include "programm_test_basis.h"
-#include "warning/form3.h"
+#include "warn_lesen.h"
 
 namespace kes::test {
 namespace {
@@ -41,8 +39,8 @@ protected:
         fp.registry.QueryValueEx(k.Get(), name.c_str(), &typ, reinterpret_cast<std::uint8_t*>(daten.data()), &grösse);
         return daten.substr(0, grösse);
     }
-    std::vector<std::string> Sprechblasen() {
-        std::vector<std::string> t;
+    Texte Sprechblasen() {
+        Texte t;
         for (const auto& a : fp.tray.aufrufe)
             if (!a.record.szInfoTitle.empty() && a.message == kNimAdd) t.push_back(a.record.szInfoTitle);
         return t;
@@ -52,13 +50,12 @@ protected:
 
 TEST_F(Startseiten, Rows_NineteenInTheOrderOfTheSavedPages) {
     const ListView& l = W().ListView3;
-    EXPECT_EQ(l.Columns, (std::vector<std::string>{"HKEY", "Subkey", "ValueKey", "Wert"}));
+    EXPECT_EQ(l.Columns, (Texte{"HKEY", "Subkey", "ValueKey", "Wert"}));
     ASSERT_EQ(l.Items.size(), 19u);
-    EXPECT_EQ(l.Items[0].Text, "HKEY_CURRENT_USER");
-    EXPECT_EQ(l.Items[0].SubItem(2), "Start Page");
-    EXPECT_EQ(l.Items[0].SubItem(3), "http://start.example/");
-    EXPECT_EQ(l.Items[4].Text, "HKEY_LOCAL_MACHINE");
-    EXPECT_EQ(l.Items[4].SubItem(3), "http://suche.example/");
+    EXPECT_EQ(Spalten(l.Items[0], 3),
+              (Texte{"HKEY_CURRENT_USER", kMainCu.substr(18), "Start Page", prg.StartSeiten[1]}));
+    EXPECT_EQ(Spalten(l.Items[4], 3),
+              (Texte{"HKEY_LOCAL_MACHINE", kMainLm.substr(19), "Search Page", prg.StartSeiten[5]}));
     EXPECT_EQ(l.Items[15].SubItem(1), "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\SafeSites");
     EXPECT_FALSE(l.Items[15].SubItem(2).empty()) << "row 16 is named after the maker's search host";
     EXPECT_EQ(l.Items[17].SubItem(2), "") << "row 18 is the key's default value";
@@ -66,13 +63,11 @@ TEST_F(Startseiten, Rows_NineteenInTheOrderOfTheSavedPages) {
     for (const auto& z : l.Items) EXPECT_EQ(z.SmallIcon, 26);
 }
 
-TEST_F(Startseiten, UnchangedValues_AndEmptySavedTextWithTheValueAbsent_RaiseNothing) {
+TEST_F(Startseiten, UnchangedValues_EmptySavedTextWithTheValueAbsent_AndTheDefaultValue_RaiseNothing) {
     Testen();
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(prg.Beschäftigt);
-}
-
-TEST_F(Startseiten, DefaultValue_ReachedByTheEmptyNameAsByTheAssistantsNul) {
+    // The default value, reached by the empty name as by the assistant's NUL.
     const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\URL\\DefaultPrefix";
     fp.registry.SetString(key, "", "http://");
     prg.StartSeiten[18] = HiveOCX(fp.registry).ReadValue(2, key.substr(19), std::string(1, '\0'));
@@ -82,11 +77,17 @@ TEST_F(Startseiten, DefaultValue_ReachedByTheEmptyNameAsByTheAssistantsNul) {
     EXPECT_FALSE(prg.Form3Geladen()) << "the text the assistant saved is the one the row reads";
 }
 
-TEST_F(Startseiten, CaseCounts) {
+TEST_F(Startseiten, CaseCounts_ADeferredRowHidesTheRowsAfterIt) {
     fp.registry.SetString(kMainCu, "Start Page", "HTTP://START.EXAMPLE/");
     Testen();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Text1[5].Text, "1");
+    EXPECT_EQ(Gewarnt(prg, 5), "1");
+    Zu(prg);
+    fp.registry.SetString(kMainCu, "Start Page", prg.StartSeiten[1]);
+    fp.registry.SetString(kMainCu, "Local Page", "http://boese.example/");
+    fp.registry.SetString(kMainLm, "Search Page", "http://andere.example/");
+    prg.Alarm().List8.Items = {kMainCu + "\\Local Page"};
+    Testen();
+    EXPECT_FALSE(prg.Form3Geladen());
 }
 
 TEST_F(Startseiten, TwoChangedRows_TheFirstWarns_TheSecondAfterTheAnswer) {
@@ -94,38 +95,24 @@ TEST_F(Startseiten, TwoChangedRows_TheFirstWarns_TheSecondAfterTheAnswer) {
     fp.registry.SetString(kMainCu, "Local Page", "http://boese.example/");
     fp.registry.SetString(kMainLm, "Search Page", "http://andere.example/");
     Testen();
-
     ASSERT_TRUE(prg.Form3Geladen());
     EXPECT_TRUE(prg.Beschäftigt);
     EXPECT_FALSE(prg.Alarm().Timer1.Enabled());
-    EXPECT_EQ(fp.sound.gespielt, std::vector<std::string>{"ALARM"});
+    EXPECT_EQ(fp.sound.gespielt, Texte{"ALARM"});
     EXPECT_EQ(prg.Kategorieschlüssel, Kategorie::StartPage);
     Form3Fenster& f = prg.Form3();
-    EXPECT_EQ(f.Label1[0].Caption, "Registrierungsschlüssel des IExplorers wurde geändert.");
-    EXPECT_EQ(f.Label1[1].Caption, kMainCu + "\\Local Page");
-    EXPECT_EQ(f.Label1[2].Caption, "Neuer Wert : http://boese.example/        Original war: res://local");
-    const std::vector<std::string> felder{"HKEY_CURRENT_USER", "Software\\Microsoft\\Internet Explorer\\Main",
-                                          "Local Page",        "http://boese.example/",
-                                          "res://local",       "3"};
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(f.Text1[i].Text, felder[i]) << "Text1(" << i << ")";
+    EXPECT_EQ(Kopf(f), (Texte{"Registrierungsschlüssel des IExplorers wurde geändert.", kMainCu + "\\Local Page",
+                              "Neuer Wert : http://boese.example/        Original war: res://local"}));
+    EXPECT_EQ(Felder(f, 6), (Texte{"HKEY_CURRENT_USER", "Software\\Microsoft\\Internet Explorer\\Main", "Local Page",
+                                   "http://boese.example/", "res://local", "3"}));
     for (int pane : {1, 2, 3, 4}) EXPECT_FALSE(f.Picture3[pane].Visible) << pane;
     EXPECT_TRUE(f.Image[8].Visible);
     EXPECT_EQ(f.Label3[5].Caption, "Original");
     EXPECT_EQ(Lesen(kMainCu, "Local Page"), "http://boese.example/") << "nothing is put back without box 9";
-
     f.Image_Click(8);
     prg.Aufräumen();
     Testen();
-    ASSERT_TRUE(prg.Form3Geladen());
-    EXPECT_EQ(prg.Form3().Text1[5].Text, "5");
-}
-
-TEST_F(Startseiten, DeferredRow_HidesTheRowsAfterIt) {
-    fp.registry.SetString(kMainCu, "Local Page", "http://boese.example/");
-    fp.registry.SetString(kMainLm, "Search Page", "http://andere.example/");
-    prg.Alarm().List8.Items = {kMainCu + "\\Local Page"};
-    Testen();
-    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(Gewarnt(prg, 5), "5");
 }
 
 TEST_F(Startseiten, AutomaticRestore_PutsBothRowsBackInOnePass_WithLogsAndBalloons) {
@@ -135,32 +122,23 @@ TEST_F(Startseiten, AutomaticRestore_PutsBothRowsBackInOnePass_WithLogsAndBalloo
     fp.registry.SetString(kMainCu, "Local Page", "http://boese.example/");
     fp.registry.SetString(kMainLm, "Search Page", "http://andere.example/");
     Testen();
-
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(prg.Beschäftigt);
     EXPECT_TRUE(prg.Alarm().Timer1.Enabled()) << "an automatic restore does not stop the cycle";
     EXPECT_EQ(Lesen(kMainCu, "Local Page"), "res://local");
     EXPECT_EQ(Lesen(kMainLm, "Search Page"), "http://suche.example/");
-    EXPECT_EQ(fp.sound.gespielt, (std::vector<std::string>{"AUTO", "AUTO"}));
-    EXPECT_EQ(Sprechblasen(),
-              (std::vector<std::string>{"IExplorer Local Page geändert!", "IExplorer Search Page geändert!"}));
+    EXPECT_EQ(fp.sound.gespielt, (Texte{"AUTO", "AUTO"}));
+    EXPECT_EQ(Sprechblasen(), (Texte{"IExplorer Local Page geändert!", "IExplorer Search Page geändert!"}));
     const TrayRecord& r = fp.tray.aufrufe.back().record;
     EXPECT_EQ(r.szInfo, "URL: http://andere.example/ wurde auf Original gesetzt: http://suche.example/");
     EXPECT_EQ(r.szTip, "IExplorer Startpage wurde geändert");
-    EXPECT_EQ(Log(), "\r\n" + prg.Logkopf +
-                         "IExplorer Local Page wurde geändert.\r\n"
-                         "Registry: " +
-                         kMainCu +
-                         "\\Local Page\r\n"
-                         "Wert: http://boese.example/\r\n"
-                         "< Zurückgesetzt auf res://local >\r\n" +
-                         prg.Logkopf +
-                         "IExplorer Search Page wurde geändert.\r\n"
-                         "Registry: " +
-                         kMainLm +
-                         "\\Search Page\r\n"
-                         "Wert: http://andere.example/\r\n"
-                         "< Zurückgesetzt auf http://suche.example/ >\r\n");
+    const auto eintrag = [&](const std::string& name, const std::string& key, const std::string& wert,
+                             const std::string& original) {
+        return prg.Logkopf + "IExplorer " + name + " wurde geändert.\r\nRegistry: " + key + "\\" + name +
+               "\r\nWert: " + wert + "\r\n< Zurückgesetzt auf " + original + " >\r\n";
+    };
+    EXPECT_EQ(Log(), "\r\n" + eintrag("Local Page", kMainCu, "http://boese.example/", "res://local") +
+                         eintrag("Search Page", kMainLm, "http://andere.example/", "http://suche.example/"));
     Testen();
     EXPECT_EQ(fp.sound.gespielt.size(), 2u) << "the next pass finds both equal";
 }

@@ -3,42 +3,67 @@
 #include "core/einstellungen.h"
 #include "core/start.h"
 #include "core/starten.h"
-#include "panel/alarm.h"
 #include "programm_test_basis.h"
-#include "warning/form3.h"
 
 namespace kes::test {
 namespace {
 
-class Zyklus : public ProgrammTest {
-protected:
-    void SetUp() override {
+const std::string kHosts = "C:\\WINDOWS\\system32\\drivers\\etc\\hosts";
+const std::string kDat = "C:\\Programme\\Kestrella\\kestrella.dat";
+
+struct ZyklusLauf {
+    fake::FakePlattform fp;
+    Programm prg{fp.plattform};
+    ZyklusLauf() {
         PropertyBag bag;
         bag.WriteProperty("hostsgrösse", std::int32_t{3});
-        Einstellungen(bag);
-        fp.files.Put(hostsPfad, "abc");
-        ASSERT_TRUE(Main(prg));
-        ASSERT_TRUE(fp.timers.Running(kTimerAlarm1));
+        fp.files.Put(kDat, bag.Contents());
+        fp.files.Put(kHosts, "abc");
+        EXPECT_TRUE(Main(prg));
+        EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
     }
     AlarmFenster& alarm() { return prg.Alarm(); }
     void Box(int i, std::int16_t v) { alarm().Box1[i].setValue(v); }
-    void HostsÄndern() { fp.files.Put(hostsPfad, "abcd"); }
+    void HostsÄndern() { fp.files.Put(kHosts, "abcd"); }
 };
+struct Zyklus : ::testing::Test, ZyklusLauf {};
 
-TEST_F(Zyklus, AllBoxesOff_TicksOnlyPump) {
-    HostsÄndern();
-    fp.dialup.verbindungen = 1;
-    fp.timers.Advance(5000);
-    EXPECT_EQ(fp.timers.pumpen, 2);
-    EXPECT_FALSE(prg.Form3Geladen());
-    EXPECT_TRUE(fp.shell.kommandos.empty());
-}
-
-TEST_F(Zyklus, GreyBox_RunsNoWatcher) {
-    HostsÄndern();
-    Box(15, 2);
-    fp.timers.Advance(5000);
-    EXPECT_FALSE(prg.Form3Geladen());
+// One tick after each setup: the pumps run, whether a warning came, the commands started.
+TEST_F(Zyklus, WhatOneTickRuns) {
+    enum Pumpe { Nichts, BoxAn, Beschäftigt };  // what the first pump does
+    const struct {
+        const char* fall;
+        std::vector<std::pair<int, std::int16_t>> boxen;
+        bool hosts;
+        int verbindungen;
+        Pumpe pumpe;
+        bool beschäftigt;
+        int pumpen;
+        bool warnung;
+        std::size_t kommandos;
+    } fälle[] = {
+        {"all boxes off: the tick only pumps", {}, true, 1, Nichts, false, 2, false, 0},
+        {"a grey box runs no watcher", {{15, 2}}, true, 0, Nichts, false, 2, false, 0},
+        {"a box switched on in the first pump counts in the same tick", {}, true, 0, BoxAn, false, 2, true, 0},
+        // The last pump row has no box and still runs.
+        {"the busy flag set in the pump stops the rows after it", {{14, 1}}, false, 1, Beschäftigt, false, 2, false, 0},
+        {"busy at the start: the tick does nothing", {{14, 1}}, false, 1, Nichts, true, 0, false, 0},
+        {"the online row runs before the hosts row raises", {{14, 1}, {15, 1}}, true, 1, Nichts, false, 2, true, 1},
+    };
+    for (const auto& fall : fälle) {
+        SCOPED_TRACE(fall.fall);
+        ZyklusLauf z;
+        for (const auto& [box, wert] : fall.boxen) z.Box(box, wert);
+        if (fall.hosts) z.HostsÄndern();
+        z.fp.dialup.verbindungen = fall.verbindungen;
+        if (fall.pumpe == BoxAn) z.fp.timers.beimPumpen.push_back([&z] { z.Box(15, 1); });
+        if (fall.pumpe == Beschäftigt) z.fp.timers.beimPumpen.push_back([&z] { z.prg.Beschäftigt = true; });
+        z.prg.Beschäftigt = fall.beschäftigt;
+        z.fp.timers.Advance(5000);
+        EXPECT_EQ(z.fp.timers.pumpen, fall.pumpen);
+        EXPECT_EQ(z.prg.Form3Geladen(), fall.warnung);
+        EXPECT_EQ(z.fp.shell.kommandos.size(), fall.kommandos);
+    }
 }
 
 TEST_F(Zyklus, SofortOff_TickComesEveryStageSecondsAndFindsTheChange) {
@@ -54,22 +79,6 @@ TEST_F(Zyklus, SofortOff_TickComesEveryStageSecondsAndFindsTheChange) {
     EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
 }
 
-TEST_F(Zyklus, BoxSwitchedOnDuringTheFirstPump_TakesEffectInTheSameTick) {
-    HostsÄndern();
-    fp.timers.beimPumpen.push_back([&] { Box(15, 1); });
-    fp.timers.Advance(5000);
-    EXPECT_TRUE(prg.Form3Geladen());
-}
-
-TEST_F(Zyklus, BusyFlagSetDuringThePump_StopsTheRowsAfterIt) {
-    Box(14, 1);
-    fp.dialup.verbindungen = 1;
-    fp.timers.beimPumpen.push_back([&] { prg.Beschäftigt = true; });
-    fp.timers.Advance(5000);
-    EXPECT_TRUE(fp.shell.kommandos.empty());
-    EXPECT_EQ(fp.timers.pumpen, 2) << "the last pump row has no box and still runs";
-}
-
 TEST_F(Zyklus, EndConfirmedDuringThePump_RunsNoFurtherWatcher) {
     Box(15, 1);
     HostsÄndern();
@@ -79,25 +88,6 @@ TEST_F(Zyklus, EndConfirmedDuringThePump_RunsNoFurtherWatcher) {
     EXPECT_TRUE(prg.Beenden);
     EXPECT_FALSE(prg.Form3Geladen()) << "no warning after the user chose to end";
     EXPECT_TRUE(fp.sound.gespielt.empty());
-}
-
-TEST_F(Zyklus, BusyAtTheStart_TickDoesNothing) {
-    Box(14, 1);
-    fp.dialup.verbindungen = 1;
-    prg.Beschäftigt = true;
-    fp.timers.Advance(5000);
-    EXPECT_EQ(fp.timers.pumpen, 0);
-    EXPECT_TRUE(fp.shell.kommandos.empty());
-}
-
-TEST_F(Zyklus, OnlineRowRunsBeforeTheHostsRowRaises) {
-    Box(14, 1);
-    Box(15, 1);
-    HostsÄndern();
-    fp.dialup.verbindungen = 1;
-    fp.timers.Advance(5000);
-    EXPECT_EQ(fp.shell.kommandos.size(), 1u);
-    EXPECT_TRUE(prg.Form3Geladen());
 }
 
 TEST_F(Zyklus, UserHivesComeBeforeTheUserKeyAndBothBeforeTheHostsRow) {
@@ -152,7 +142,9 @@ TEST_F(Zyklus, Stage_SetsTheIntervalInSixteenBitsAndSavesAtOnce) {
         alarm().AufAb1.SetText(f.text);
         EXPECT_EQ(prg.Intervallstufe, f.stufe) << f.text;
         EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), f.intervall) << f.text;
-        EXPECT_EQ(std::get<std::int16_t>(GespeicherteEinstellungen().ReadProperty("Aufab1", std::int16_t{5})), f.stufe)
+        EXPECT_EQ(std::get<std::int16_t>(
+                      PropertyBag::AusInhalt(fp.files.Content(kDat)).ReadProperty("Aufab1", std::int16_t{5})),
+                  f.stufe)
             << f.text;
     }
     EXPECT_TRUE(alarm().Timer1.Enabled()) << "stage 0 leaves the timer on and silent";
