@@ -160,29 +160,8 @@ protected:
 
 const Szenario& AntwortTest::Von(K k) {
     using T = AntwortTest;
-    static const auto datei = [](int box, const std::string& pfad, const std::string& inhalt, Tun laden) {
-        return Szenario{box, [=](T& t) { t.fp.files.Put(pfad, inhalt); }, std::move(laden),
-                        [=](T& t) { return t.fp.files.Exists(pfad); }};
-    };
-    static const auto klasse = [](int box, const std::string& key, const std::string& name, const std::string& daten,
-                                  const std::string& clsid, const std::string& dll, Tun laden) {
-        return Szenario{box,
-                        [=](T& t) {
-                            t.fp.registry.SetString(key, name, daten);
-                            t.Klasse(clsid, dll);
-                        },
-                        std::move(laden), [=](T& t) { return t.Schlüssel(0, "CLSID\\" + clsid + "\\InprocServer32"); }};
-    };
-    // The first pass takes the machine as its baseline; the entry comes after it.
-    static const auto ort = [](int box, RegistryOrte AlarmDaten::*w, Tun eintrag, Frage da) {
-        return Szenario{box,
-                        [=](T& t) {
-                            (t.a().*w).Teste();
-                            eintrag(t);
-                        },
-                        [=](T& t) { (t.a().*w).Laden(); }, std::move(da)};
-    };
-    // A string value, after the class it names when there is one.
+    // Builders of the steps: a string value (after the class it names, if any), a DWORD, a
+    // file, two steps in turn; and the questions whether a value, a key or a file is there.
     static const auto setze = [](const std::string& key, const std::string& name, const std::string& daten,
                                  const std::string& server = "") -> Tun {
         return [=](T& t) {
@@ -190,133 +169,134 @@ const Szenario& AntwortTest::Von(K k) {
             t.fp.registry.SetString(key, name, daten);
         };
     };
+    static const auto dword = [](const std::string& key, const std::string& name, std::uint32_t zahl) -> Tun {
+        return [=](T& t) { t.fp.registry.SetDword(key, name, zahl); };
+    };
+    static const auto lege = [](const std::string& pfad, const std::string& inhalt) -> Tun {
+        return [=](T& t) { t.fp.files.Put(pfad, inhalt); };
+    };
+    static const auto und = [](Tun a, Tun b) -> Tun {
+        return [=](T& t) {
+            a(t);
+            b(t);
+        };
+    };
     static const auto wert = [](const std::string& key, const std::string& name) -> Frage {
         return [=](T& t) { return t.Wert(key, name); };
     };
     static const auto schlüssel = [](int hive, const std::string& key) -> Frage {
-        return [=](T& t) { return t.Schlüssel(hive, key); };
+        return [=](T& t) {
+            return t.Schlüssel(hive, (hive == 2 && key.starts_with(kHklm)) ? key.substr(kHklm.size()) : key);
+        };
+    };
+    static const auto gibt = [](const std::string& pfad) -> Frage {
+        return [=](T& t) { return t.fp.files.Exists(pfad); };
+    };
+    static const auto datei = [](int box, const std::string& pfad, const std::string& inhalt, Tun laden) {
+        return Szenario{box, lege(pfad, inhalt), laden, gibt(pfad)};
+    };
+    // A class named in a list: the class's server is there while its key is.
+    static const auto klasse = [](int box, Tun eintrag, const std::string& clsid, const std::string& dll, Tun laden) {
+        return Szenario{box, und(eintrag, [=](T& t) { t.Klasse(clsid, dll); }), laden,
+                        schlüssel(0, "CLSID\\" + clsid + "\\InprocServer32")};
+    };
+    // The first pass takes the machine as its baseline; the entry comes after it.
+    static const auto ort = [](int box, RegistryOrte AlarmDaten::*w, Tun eintrag, Frage da) {
+        return Szenario{box, und([=](T& t) { (t.a().*w).Teste(); }, eintrag), [=](T& t) { (t.a().*w).Laden(); }, da};
     };
     static const auto nurWert = [](int box, RegistryOrte AlarmDaten::*w, const std::string& key,
                                    const std::string& name, const std::string& daten) {
         return ort(box, w, setze(key, name, daten), wert(key, name));
     };
-    static const auto bootTeile = [](T& t) {
-        return MehrfachLesen(t.fp.registry, kHkeyLocalMachine, kSessionManager, "BootExecute")
-            .value_or(std::vector<std::string>{});
-    };
+    static const Tun kFavoritenLaden = [](T& t) { t.a().favoriten.LadeFavoriten(); };
+    static const Tun kAutostartLaden = [](T& t) { t.a().autostartOrdner.LadeAutostart(); };
+    static const Tun kToolbarLaden = [](T& t) { t.a().vertrauenswürdigeSeiten.LadeToolbar(); };
     using AD = AlarmDaten;
-    const std::string kBoese = "C:\\boese.exe";
+    const std::string kBoese = "C:\\boese.exe", kUrl = "[InternetShortcut]", kNeu = kSvc + "Neu";
+    const std::string kBoot = kHklm + kSessionManager, kOcx = "C:\\WINDOWS\\Downloaded Program Files\\neu.ocx";
+    // clang-format off
     static const std::map<K, Szenario> kSzenarien = {
         {K::Winsock, ort(39, &AD::winsock, setze(kNamensraum, "LibraryPath", "C:\\boese.dll"),
-                         schlüssel(2, kNamensraum.substr(kHklm.size())))},
+                         schlüssel(2, kNamensraum))},
         {K::ShellErweiterungen, ort(40, &AD::shellErweiterungen, setze(kOverlay, "", "{B0}", "{B0}"),
-                                    schlüssel(2, kOverlay.substr(kHklm.size())))},
+                                    schlüssel(2, kOverlay))},
         {K::IEToolbar, ort(41, &AD::ieToolbar, setze(kToolbar, "{B1}", "", "{B1}"), wert(kToolbar, "{B1}"))},
         // Put back, released or repaired, the entry is gone: "Original" leaves no changed value.
         {K::Browsereinstellungen, nurWert(43, &AD::browsereinstellungen, kMainCu, "Window Title", "Gekapert")},
-        {K::WeitereSperren, ort(44, &AD::weitereSperren,
-                                [](T& t) { t.fp.registry.SetDword(kPoliciesExplorer, "NoRun", 1); },
+        {K::WeitereSperren, ort(44, &AD::weitereSperren, dword(kPoliciesExplorer, "NoRun", 1),
                                 wert(kPoliciesExplorer, "NoRun"))},
         {K::Dateitypen, ort(45, &AD::dateitypen, setze("HKEY_CLASSES_ROOT\\.exe", "", "boesefile"),
                             [](T& t) { return HiveOCX(t.fp.registry).ReadValue(0, ".exe", "") == "boesefile"; })},
         // A new service on demand: its key goes with it.
         {K::Dienstpfade, ort(46, &AD::dienstpfade,
-                             [](T& t) {
-                                 t.fp.registry.SetString(kSvc + "Boese", "ImagePath", "C:\\boese.exe");
-                                 t.fp.registry.SetDword(kSvc + "Boese", "Start", 3);
-                             },
-                             schlüssel(2, (kSvc + "Boese").substr(kHklm.size())))},
+                             und(setze(kSvc + "Boese", "ImagePath", kBoese), dword(kSvc + "Boese", "Start", 3)),
+                             schlüssel(2, kSvc + "Boese"))},
         {K::Winlogon, nurWert(33, &AD::winlogon, kWinlogon, "Taskman", kBoese)},
         {K::AppInitDLLs, nurWert(34, &AD::appInit, kAppInit, "AppInit_DLLs", "C:\\boese.dll")},
         {K::ImageFileExecution, nurWert(35, &AD::imageFileExecution, kIfeo + "\\notepad.exe", "Debugger", kBoese)},
         {K::PoliciesRun, nurWert(36, &AD::policiesRun, kPoliciesRun, "Boese", kBoese)},
         {K::ActiveSetup, nurWert(37, &AD::activeSetup, kActiveSetup, "StubPath", kBoese)},
-        // One part more in a multi-string: the delete takes that part and keeps the other.
-        {K::BootSicherheit,
-         {38,
-          [](T& t) {
-              const std::string key = kHklm + kSessionManager;
-              t.fp.registry.SetRaw(key, "BootExecute", kRegMultiSz, std::string("autocheck autochk *\0\0", 21));
-              t.a().bootSicherheit.Teste();
-              t.fp.registry.SetRaw(key, "BootExecute", kRegMultiSz, std::string("autocheck autochk *\0boese\0\0", 27));
-          },
-          [](T& t) { t.a().bootSicherheit.Laden(); },
-          [=](T& t) {
-              // A delete that took the other part too has not removed just the one.
-              const auto teile = bootTeile(t);
-              return teile.size() != 1 || teile.front() != "autocheck autochk *";
-          }}},
+        // One part more in a multi-string: the delete takes that part and keeps the other. A
+        // delete that took the other part too has not removed just the one.
+        {K::BootSicherheit, {38,
+            [=](T& t) {
+                t.fp.registry.SetRaw(kBoot, "BootExecute", kRegMultiSz, std::string("autocheck autochk *\0\0", 21));
+                t.a().bootSicherheit.Teste();
+                t.fp.registry.SetRaw(kBoot, "BootExecute", kRegMultiSz,
+                                     std::string("autocheck autochk *\0boese\0\0", 27));
+            },
+            [](T& t) { t.a().bootSicherheit.Laden(); },
+            [](T& t) {
+                const auto teile = MehrfachLesen(t.fp.registry, kHkeyLocalMachine, kSessionManager, "BootExecute")
+                                       .value_or(std::vector<std::string>{});
+                return teile.size() != 1 || teile.front() != "autocheck autochk *";
+            }}},
         // The first pass takes the tasks as they stand; the task comes after it.
-        {K::GeplanteAufgaben,
-         {42,
-          [](T& t) {
-              t.a().geplanteAufgaben.Teste();
-              t.fp.files.Put(kAufgabe, "<Task><Actions><Exec><Command>C:\\boese.exe</Command></Exec></Actions></Task>");
-          },
-          [](T& t) { t.a().geplanteAufgaben.Laden(); }, [](T& t) { return t.fp.files.Exists(kAufgabe); }}},
-        {K::Prozesse,
-         {4, [](T& t) { t.Prozess("neu.exe", 4711, "C:\\Neu\\neu.exe"); },
-          [](T& t) {
-              t.a().prozesse.LadeProzesse();
-              t.a().prozesse.LadeProzessFirmen();
-          },
-          [](T& t) { return t.fp.processes.beendet.empty(); }}},
+        {K::GeplanteAufgaben, {42, und([](T& t) { t.a().geplanteAufgaben.Teste(); },
+                                       lege(kAufgabe, "<Task><Actions><Exec><Command>C:\\boese.exe</Command>"
+                                                      "</Exec></Actions></Task>")),
+                               [](T& t) { t.a().geplanteAufgaben.Laden(); }, gibt(kAufgabe)}},
+        {K::Prozesse, {4, [](T& t) { t.Prozess("neu.exe", 4711, "C:\\Neu\\neu.exe"); },
+                       [](T& t) { t.a().prozesse.LadeProzesse(); t.a().prozesse.LadeProzessFirmen(); },
+                       [](T& t) { return t.fp.processes.beendet.empty(); }}},
         {K::HostsDatei, {15, [](T& t) { t.fp.files.Put(t.hostsPfad, "abcd"); }, nullptr,
                          [](T& t) { return t.fp.files.Content(t.hostsPfad) == "abcd"; }}},
-        {K::Favorit1, datei(5, kFavoriten + "\\Neu.url", "[InternetShortcut]", [](T& t) { t.a().favoriten.LadeFavoriten(); })},
-        {K::Favorit2, datei(5, kFavoriten + "\\Links\\Neu.url", "[InternetShortcut]",
-                            [](T& t) { t.a().favoriten.LadeFavoriten(); })},
-        {K::StartPage, {8,
-                        [](T& t) {
-                            t.prg.StartSeiten[1] = "http://start.example/";
-                            t.fp.registry.SetString(kMainCu, "Start Page", "http://fremd.example/");
-                        },
-                        nullptr, nullptr}},
+        {K::Favorit1, datei(5, kFavoriten + "\\Neu.url", kUrl, kFavoritenLaden)},
+        {K::Favorit2, datei(5, kFavoriten + "\\Links\\Neu.url", kUrl, kFavoritenLaden)},
+        {K::StartPage, {8, und([](T& t) { t.prg.StartSeiten[1] = "http://start.example/"; },
+                               setze(kMainCu, "Start Page", "http://fremd.example/")), nullptr, nullptr}},
         {K::DFÜ, {10, [](T& t) { t.fp.dialup.einträge.push_back({"Anbieter", DfuEintrag{49, "", "0190123"}}); },
                   [](T& t) { t.a().dfü.LadeDFÜ(); }, [](T& t) { return !t.fp.dialup.einträge.empty(); }}},
-        {K::Ordnermeister, datei(11, kAutostart + "\\Tool.lnk", "L", [](T& t) { t.a().autostartOrdner.LadeAutostart(); })},
-        {K::OrdnerAllUser,
-         datei(11, kAlleAutostart + "\\Tool.lnk", "L", [](T& t) { t.a().autostartOrdner.LadeAutostart(); })},
-        {K::AutostartRegistry, {13,
-                                [](T& t) {
-                                    t.fp.files.Put("C:\\Tool\\tool.exe", "MZ");
-                                    t.fp.registry.SetString(kRun, "Tool", "C:\\Tool\\tool.exe /min");
-                                },
+        {K::Ordnermeister, datei(11, kAutostart + "\\Tool.lnk", "L", kAutostartLaden)},
+        {K::OrdnerAllUser, datei(11, kAlleAutostart + "\\Tool.lnk", "L", kAutostartLaden)},
+        {K::AutostartRegistry, {13, und(lege("C:\\Tool\\tool.exe", "MZ"),
+                                        setze(kRun, "Tool", "C:\\Tool\\tool.exe /min")),
                                 [](T& t) { t.a().autostartRegistry.LadeAutostartregistry(); }, wert(kRun, "Tool")}},
-        {K::WindowsDatei,
-         datei(19, "C:\\WINDOWS\\neu.exe", "MZ", [](T& t) { t.a().windowsDateien.LadeWindowsausnahme(); })},
-        {K::BHO, klasse(21, kHklm + kBho + "\\{B1}", "", "Helfer", "{B1}", "C:\\Neu\\bho.dll",
+        {K::WindowsDatei, datei(19, "C:\\WINDOWS\\neu.exe", "MZ",
+                                [](T& t) { t.a().windowsDateien.LadeWindowsausnahme(); })},
+        {K::BHO, klasse(21, setze(kHklm + kBho + "\\{B1}", "", "Helfer"), "{B1}", "C:\\Neu\\bho.dll",
                         [](T& t) { t.a().klassenlisten.LadeBHO(); })},
-        {K::ShellService, klasse(23, kHklm + kSsodl, "Brenner", "{S1}", "{S1}", "C:\\Neu\\sso.dll",
+        {K::ShellService, klasse(23, setze(kHklm + kSsodl, "Brenner", "{S1}"), "{S1}", "C:\\Neu\\sso.dll",
                                  [](T& t) { t.a().klassenlisten.LadeShellService(); })},
-        {K::TaskScheduler, klasse(24, kHklm + kSts, "{T1}", "Planer", "{T1}", "C:\\Neu\\sts.dll",
+        {K::TaskScheduler, klasse(24, setze(kHklm + kSts, "{T1}", "Planer"), "{T1}", "C:\\Neu\\sts.dll",
                                   [](T& t) { t.a().klassenlisten.LadeSharedTaskScheduler(); })},
-        {K::URLSearchHooks, klasse(27, kHooks, "{U1}", "", "{U1}", "C:\\Neu\\hook.dll",
+        {K::URLSearchHooks, klasse(27, setze(kHooks, "{U1}", ""), "{U1}", "C:\\Neu\\hook.dll",
                                    [](T& t) { t.a().klassenlisten.LadeURLSearchHook(); })},
-        {K::ActiveX, datei(22, "C:\\WINDOWS\\Downloaded Program Files\\neu.ocx", "MZ",
-                           [](T& t) { t.a().activeX.LadeActiveX(); })},
-        {K::Dienste, {28,
-                      [](T& t) {
-                          t.fp.registry.SetDword(kSvc + "Neu", "Start", 2);
-                          t.fp.registry.SetString(kSvc + "Neu", "ImagePath", "C:\\Neu\\dienst.exe");
-                      },
-                      [](T& t) {
-                          t.a().dienste.LadeDienste();
-                          t.a().dienste.LadeDiensteHersteller();
-                      },
-                      schlüssel(2, "System\\CurrentControlSet\\Services\\Neu")}},
-        {K::RegeditDeaktiviert, {25, [](T& t) { t.fp.registry.SetDword(kPolicies, "DisableRegistryTools", 1); },
-                                 nullptr, wert(kPolicies, "DisableRegistryTools")}},
-        {K::TaskmanagerDeaktiviert, {26, [](T& t) { t.fp.registry.SetDword(kPolicies, "DisableTaskMgr", 1); },
-                                     nullptr, wert(kPolicies, "DisableTaskMgr")}},
+        {K::ActiveX, datei(22, kOcx, "MZ", [](T& t) { t.a().activeX.LadeActiveX(); })},
+        {K::Dienste, {28, und(dword(kNeu, "Start", 2), setze(kNeu, "ImagePath", "C:\\Neu\\dienst.exe")),
+                      [](T& t) { t.a().dienste.LadeDienste(); t.a().dienste.LadeDiensteHersteller(); },
+                      schlüssel(2, kNeu)}},
+        {K::RegeditDeaktiviert, {25, dword(kPolicies, "DisableRegistryTools", 1), nullptr,
+                                 wert(kPolicies, "DisableRegistryTools")}},
+        {K::TaskmanagerDeaktiviert, {26, dword(kPolicies, "DisableTaskMgr", 1), nullptr,
+                                     wert(kPolicies, "DisableTaskMgr")}},
         {K::HtaFile, {30, [](T& t) { t.Befehl("exefile", "fremd.exe %1"); }, nullptr, nullptr}},
-        {K::ToolBar, {29, [](T& t) { t.fp.registry.SetDword(kHklm + kDomains + "fremd.example", "http", 2); },
-                      [](T& t) { t.a().vertrauenswürdigeSeiten.LadeToolbar(); },
+        {K::ToolBar, {29, dword(kHklm + kDomains + "fremd.example", "http", 2), kToolbarLaden,
                       schlüssel(2, kDomains + "fremd.example")}},
-        {K::ToolBar1,
-         {29, [](T& t) { t.fp.registry.SetDword("HKEY_CURRENT_USER\\" + kDomains + "fremd.example", "http", 2); },
-          [](T& t) { t.a().vertrauenswürdigeSeiten.LadeToolbar(); }, schlüssel(1, kDomains + "fremd.example")}},
+        {K::ToolBar1, {29, dword("HKEY_CURRENT_USER\\" + kDomains + "fremd.example", "http", 2), kToolbarLaden,
+                       schlüssel(1, kDomains + "fremd.example")}},
     };
+    // clang-format on
     return kSzenarien.at(k);
 }
 
