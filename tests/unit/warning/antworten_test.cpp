@@ -95,15 +95,12 @@ class AntwortTest : public ProgrammTest, public ::testing::WithParamInterface<Fa
 public:
     AlarmDaten& a() { return prg.Alarm(); }
     void Prozess(const std::string& name, std::uint32_t pid, const std::string& pfad) {
-        fp.processes.prozesse.push_back({});
-        fp.processes.prozesse.back().name = name;
-        fp.processes.prozesse.back().pid = pid;
-        fp.processes.prozesse.back().pfad = pfad;
+        fake::FakeProzess& p = fp.processes.prozesse.emplace_back();
+        p.name = name;
+        p.pid = pid;
+        p.pfad = pfad;
         fp.files.Put(pfad, "MZ");
-        fake::FakeVersion v;
-        v.übersetzungen.push_back({});
-        v.übersetzungen[0].texte["CompanyName"] = "Fremdfirma";
-        fp.details.SetVersion(pfad, v);
+        fp.details.SetVersion(pfad, {.übersetzungen = {{.texte = {{"CompanyName", "Fremdfirma"}}}}});
     }
     void Klasse(const std::string& clsid, const std::string& server) {
         fp.registry.SetString(kKlassen + clsid + "\\InprocServer32", "", server);

@@ -48,15 +48,11 @@ TEST_F(Detailfenster, MissingFile_UnbekanntInAGreyRowAndNoTimes) {
 TEST_F(Detailfenster, HiddenSystemFile_LightsVerstecktSystemAndTemp_AndOnlyVerstecktBlinks) {
     std::string pfad = "C:\\WINDOWS\\system32\\geheim.dll";
     fp.files.Put(pfad, std::string(2048, 'x'), kAttrHidden | kAttrSystem | kAttrArchive);
-    fake::FakeVersion v;
-    v.dateiversion = {5, 1, 2600, 0};
-    v.dateityp = 2;
-    v.übersetzungen = {{0x0407,
-                        0x04E4,
-                        {{"CompanyName", "Microsoft Corporation"},
-                         {"ProductName", "Betriebssystem Microsoft® Windows®"},
-                         {"FileVersion", "5.1.2600.0"}}}};
-    fp.details.SetVersion(pfad, v);
+    fp.details.SetVersion(pfad, {.dateiversion = {5, 1, 2600, 0},
+                                 .dateityp = 2,
+                                 .übersetzungen = {{.texte = {{"CompanyName", "Microsoft Corporation"},
+                                                              {"ProductName", "Betriebssystem Microsoft® Windows®"},
+                                                              {"FileVersion", "5.1.2600.0"}}}}});
 
     holedaten(prg.p, prg.Form3(), pfad);
     const ListView& l = f().ListView1;
@@ -132,9 +128,7 @@ TEST_F(Detailfenster, FolderThatExplorerWouldReadAsArguments_IsNotOpened) {
 TEST_F(Detailfenster, ListView3_ShowsTheModulesPathsAndDescription) {
     const std::string pfad = "C:\\WINDOWS\\system32\\Hilfsbibliothek.dll";
     fp.files.Put(pfad, "MZ");
-    fake::FakeVersion v;
-    v.übersetzungen = {{0x0407, 0x04E4, {{"FileDescription", "Hilfe für alles"}}}};
-    fp.details.SetVersion(pfad, v);
+    fp.details.SetVersion(pfad, {.übersetzungen = {{.texte = {{"FileDescription", "Hilfe für alles"}}}}});
     Form3Fenster& w = f();
     w.ListView3.Add("Hilfsbibliothek.dll").SetSubItem(1, pfad);
     w.ListView3_ItemClick(1);

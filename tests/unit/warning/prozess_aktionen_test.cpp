@@ -21,8 +21,7 @@ protected:
         return f;
     }
     fake::FakeProzess& Läuft(std::uint32_t pid) {
-        fp.processes.prozesse.push_back({});
-        fake::FakeProzess& p = fp.processes.prozesse.back();
+        fake::FakeProzess& p = fp.processes.prozesse.emplace_back();
         p.name = "neu.exe";
         p.pid = pid;
         p.pfad = kPfad;
