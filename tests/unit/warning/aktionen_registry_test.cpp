@@ -1,12 +1,12 @@
 // "Original" of a changed shell open command and "Freigeben" of a policy lock.
-#include "programm_test_basis.h"
+#include "warnung_test.h"
 
 namespace kes::test {
 namespace {
 
 const std::string kSystem = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System";
 
-class RegistryAktionen : public WarnungsTest {
+class RegistryAktionen : public AntwortFenster {
 protected:
     std::string Standardwert(RegHandle root, const std::string& key) {
         RegKey k;
@@ -17,12 +17,7 @@ protected:
         return r == kErrorSuccess ? std::string(puffer) : "<kein Wert>";
     }
     Form3Fenster& HtaWarnung(const std::string& hive, const std::string& key, const std::string& erwartet) {
-        Form3Fenster& f = Warnung(Kategorie::HtaFile);
-        f.Text1[0].Text = hive;
-        f.Text1[1].Text = key;
-        f.Text1[2].Text = erwartet;
-        f.Text1[3].Text = hive + "\\" + key;
-        return f;
+        return Mit(Kategorie::HtaFile, {hive, key, erwartet, hive + "\\" + key});
     }
 };
 
@@ -35,11 +30,11 @@ TEST_F(RegistryAktionen, Original_WritesTheExpectedCommandByHiveAndLogsSavedStar
     EXPECT_EQ(Standardwert(kHkeyClassesRoot, "exefile\\shell\\open\\command"), "\"%1\" %*");
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(prg.Beschäftigt);
-    EXPECT_NE(Log().find("IExplorer \"%1\" %* wurde geändert.\r\n"
-                         "Registry: HKEY_CLASSES_ROOT\\exefile\\shell\\open\\command\\\"%1\" %*\r\n"
-                         "Wert: HKEY_CLASSES_ROOT\\exefile\\shell\\open\\command\r\n"
-                         "< Zurückgesetzt OK > auf http://start.example/"),
-              std::string::npos)
+    EXPECT_TRUE(
+        Geloggt("IExplorer \"%1\" %* wurde geändert.\r\n"
+                "Registry: HKEY_CLASSES_ROOT\\exefile\\shell\\open\\command\\\"%1\" %*\r\n"
+                "Wert: HKEY_CLASSES_ROOT\\exefile\\shell\\open\\command\r\n"
+                "< Zurückgesetzt OK > auf http://start.example/"))
         << Log();
 
     HtaWarnung("HKEY_LOCAL_MACHINE", "Software\\CLASSES\\piffile\\shell\\open\\command", "\"%1\" %*").Image_Click(8);
@@ -47,13 +42,11 @@ TEST_F(RegistryAktionen, Original_WritesTheExpectedCommandByHiveAndLogsSavedStar
         << "a class that was missing is created";
 }
 
-TEST_F(RegistryAktionen, Original_WithAnotherHiveName_WritesNothingButStillCloses) {
+TEST_F(RegistryAktionen, Original_AnotherHiveNameWritesNothing_ALockedLogStopsNothing_BothClose) {
     HtaWarnung("HKEY_CURRENT_USER", "exefile\\shell\\open\\command", "x").Image_Click(8);
     EXPECT_FALSE(fp.registry.HasKey("HKEY_CURRENT_USER\\exefile"));
     EXPECT_FALSE(prg.Form3Geladen());
-}
 
-TEST_F(RegistryAktionen, Original_WithALockedLog_StillWritesAndCloses) {
     fp.files.Put(ordner + "Kestrella.log", "");
     fp.files.Lock(ordner + "Kestrella.log");
     HtaWarnung("HKEY_CLASSES_ROOT", "comfile\\shell\\open\\command", "\"%1\" %*").Image_Click(8);
@@ -70,10 +63,10 @@ TEST_F(RegistryAktionen, Freigeben_RemovesOnlyItsOwnLockAndLogs) {
     EXPECT_FALSE(fp.registry.HasValue(kSystem, "DisableTaskMgr"));
     EXPECT_TRUE(fp.registry.HasValue(kSystem, "DisableRegistryTools"));
     EXPECT_FALSE(prg.Form3Geladen());
-    EXPECT_NE(Log().find("Zugang auf den Taskmanager wurde Deaktiviert.\r\n"
-                         "Name: HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System\\"
-                         "\r\n< Freigegeben OK >"),
-              std::string::npos)
+    EXPECT_TRUE(
+        Geloggt("Zugang auf den Taskmanager wurde Deaktiviert.\r\n"
+                "Name: HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\System\\"
+                "\r\n< Freigegeben OK >"))
         << Log();
 }
 

@@ -29,22 +29,24 @@ protected:
 };
 
 TEST_F(Warnfenster, EachCategoryShowsItsRowOfButtons) {
-    EXPECT_EQ(Knöpfe(Kategorie::Dienste), (V{"Übernehmen", "Löschen", "Später", "Image7", "Service-Dienste"}));
-    for (Kategorie k :
-         {Kategorie::TaskScheduler, Kategorie::URLSearchHooks, Kategorie::ShellService, Kategorie::ActiveX,
-          Kategorie::BHO, Kategorie::AutostartOrdner, Kategorie::Favorit1, Kategorie::Favoriten, Kategorie::ToolBar})
-        EXPECT_EQ(Knöpfe(k), (V{"Übernehmen", "Löschen", "Später", "Image7"})) << KategorieName(k);
-    EXPECT_EQ(Knöpfe(Kategorie::Prozesse), (V{"Übernehmen", "Kill Prozess", "Später", "Image7"}));
-    EXPECT_EQ(Knöpfe(Kategorie::StartPage), (V{"Übernehmen", "Später", "Image7", "Original"}));
-    EXPECT_EQ(Knöpfe(Kategorie::Favorit2), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
-    EXPECT_EQ(Knöpfe(Kategorie::DFÜ), (V{"Übernehmen", "Löschen", "Später", "Image7", "Mehr Infos"}));
-    EXPECT_EQ(Knöpfe(Kategorie::HostsDatei), (V{"Übernehmen", "Später", "Image7", "Original", "Öffnen"}));
-    EXPECT_EQ(Knöpfe(Kategorie::AutostartRegistry), (V{"Übernehmen", "Registry löschen", "Später", "Image7"}));
-    EXPECT_EQ(Knöpfe(Kategorie::HtaFile), (V{"Später", "Image7", "Original"}));
-    EXPECT_EQ(Knöpfe(Kategorie::ToolBar1), (V{"Übernehmen", "Löschen", "Später", "Image7"}));
-    for (Kategorie k : {Kategorie::WindowsDatei, Kategorie::RegeditDeaktiviert, Kategorie::TaskmanagerDeaktiviert,
-                        Kategorie::Ordnermeister, Kategorie::Keine})
-        EXPECT_EQ(Knöpfe(k), (V{"Später", "Image7"})) << KategorieName(k);
+    using K = Kategorie;
+    const V kVier = {"Übernehmen", "Löschen", "Später", "Image7"};
+    const std::pair<V, std::vector<K>> kReihen[] = {
+        {{"Übernehmen", "Löschen", "Später", "Image7", "Service-Dienste"}, {K::Dienste}},
+        {kVier,
+         {K::TaskScheduler, K::URLSearchHooks, K::ShellService, K::ActiveX, K::BHO, K::AutostartOrdner, K::Favorit1,
+          K::Favorit2, K::Favoriten, K::ToolBar, K::ToolBar1}},
+        {{"Übernehmen", "Kill Prozess", "Später", "Image7"}, {K::Prozesse}},
+        {{"Übernehmen", "Später", "Image7", "Original"}, {K::StartPage}},
+        {{"Übernehmen", "Löschen", "Später", "Image7", "Mehr Infos"}, {K::DFÜ}},
+        {{"Übernehmen", "Später", "Image7", "Original", "Öffnen"}, {K::HostsDatei}},
+        {{"Übernehmen", "Registry löschen", "Später", "Image7"}, {K::AutostartRegistry}},
+        {{"Später", "Image7", "Original"}, {K::HtaFile}},
+        {{"Später", "Image7"},
+         {K::WindowsDatei, K::RegeditDeaktiviert, K::TaskmanagerDeaktiviert, K::Ordnermeister, K::Keine}},
+    };
+    for (const auto& [knöpfe, kategorien] : kReihen)
+        for (K k : kategorien) EXPECT_EQ(Knöpfe(k), knöpfe) << KategorieName(k);
 }
 
 TEST_F(Warnfenster, ShrinksToTheVisiblePanes_ActivatedOnTopWithTheFocusOnThePicture) {
@@ -85,27 +87,7 @@ TEST_F(Warnfenster, Raus_SavesTheSettingsAndRestarts) {
     EXPECT_EQ(std::get<std::int32_t>(GespeicherteEinstellungen().ReadProperty("hostsgrösse", std::int32_t{0})), 4);
 }
 
-TEST_F(Warnfenster, BlinkTimerTogglesTheHiddenBox) {
-    Form3Fenster& f = prg.Form3();
-    f.Timer1.SetEnabled(true);
-    fp.timers.Advance(500);
-    EXPECT_FALSE(f.Check1[3].Visible);
-    fp.timers.Advance(500);
-    EXPECT_TRUE(f.Check1[3].Visible);
-}
-
-}  // namespace
-}  // namespace kes::test
-
-namespace kes::test {
-namespace {
-
-class HostsAnnehmen : public ProgrammTest {
-protected:
-    void SetUp() override { Pfade(); }
-};
-
-TEST_F(HostsAnnehmen, HostsFile_TakesTheNewSizeSavesItAndWritesNoLog) {
+TEST_F(Warnfenster, AcceptOfTheHostsFile_TakesTheNewSizeSavesItAndWritesNoLog) {
     prg.Alarm().Box1[2].setValue(1);
     fp.files.Put(hostsPfad, "127.0.0.1 localhost\r\n");
     prg.Hostsgrösse = 3;

@@ -15,6 +15,7 @@ class Detailfenster : public ProgrammTest {
 protected:
     void SetUp() override { Pfade(); }
     Form3Fenster& f() { return prg.Form3(); }
+    using V = std::vector<std::string>;
     std::vector<int> LeuchtendeBoxen() {
         std::vector<int> an;
         for (int i = 0; i < 8; ++i) {
@@ -47,29 +48,23 @@ TEST_F(Detailfenster, MissingFile_UnbekanntInAGreyRowAndNoTimes) {
 TEST_F(Detailfenster, HiddenSystemFile_LightsVerstecktSystemAndTemp_AndOnlyVerstecktBlinks) {
     std::string pfad = "C:\\WINDOWS\\system32\\geheim.dll";
     fp.files.Put(pfad, std::string(2048, 'x'), kAttrHidden | kAttrSystem | kAttrArchive);
-    fake::FakeVersion v;
-    v.dateiversion = {5, 1, 2600, 0};
-    v.dateityp = 2;
-    v.übersetzungen = {{0x0407,
-                        0x04E4,
-                        {{"CompanyName", "Microsoft Corporation"},
-                         {"ProductName", "Betriebssystem Microsoft® Windows®"},
-                         {"FileVersion", "5.1.2600.0"}}}};
-    fp.details.SetVersion(pfad, v);
+    fp.details.SetVersion(pfad, {.dateiversion = {5, 1, 2600, 0},
+                                 .dateityp = 2,
+                                 .übersetzungen = {{.texte = {{"CompanyName", "Microsoft Corporation"},
+                                                              {"ProductName", "Betriebssystem Microsoft® Windows®"},
+                                                              {"FileVersion", "5.1.2600.0"}}}}});
 
     holedaten(prg.p, prg.Form3(), pfad);
     const ListView& l = f().ListView1;
-    EXPECT_EQ(l.Items[0].SubItem(1), "Microsoft Corporation");
-    EXPECT_EQ(l.Items[1].SubItem(1), "Betriebssystem Microsoft® Windows®");
-    EXPECT_EQ(l.Items[4].SubItem(1), "5.1.2600.0");
-    EXPECT_EQ(l.Items[5].SubItem(1), "Unbekannt");
+    const V werte = {l.Items[0].SubItem(1), l.Items[1].SubItem(1), l.Items[4].SubItem(1), l.Items[5].SubItem(1)};
+    EXPECT_EQ(werte, (V{"Microsoft Corporation", "Betriebssystem Microsoft® Windows®", "5.1.2600.0", "Unbekannt"}));
     EXPECT_EQ(l.Items[6].SubItem(3), "Dynamic Link Library (DLL)");
     EXPECT_EQ(l.Items[7].SubItem(3), "2,00 KB (2.048 Bytes)");
     const std::regex zeit(R"(\d\d\.\d\d\.\d{4}  \d\d:\d\d:\d\d)");
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(std::regex_match(l.Items[i].SubItem(3), zeit)) << l.Items[i].SubItem(3);
-    EXPECT_EQ(l.Items[0].ForeColors[0], 0xFF0000) << "a known maker: no grey row";
-    EXPECT_EQ(l.Items[0].ForeColors[1], 255);
-    EXPECT_EQ(l.Items[0].ForeColors[2], 0xFF0000);
+    EXPECT_EQ(std::vector<long>(l.Items[0].ForeColors.begin(), l.Items[0].ForeColors.begin() + 3),
+              (std::vector<long>{0xFF0000, 255, 0xFF0000}))
+        << "a known maker: no grey row";
 
     EXPECT_EQ(LeuchtendeBoxen(), (std::vector<int>{0, 3, 6, 7}));
     EXPECT_TRUE(f().Timer1.Enabled());
@@ -133,9 +128,7 @@ TEST_F(Detailfenster, FolderThatExplorerWouldReadAsArguments_IsNotOpened) {
 TEST_F(Detailfenster, ListView3_ShowsTheModulesPathsAndDescription) {
     const std::string pfad = "C:\\WINDOWS\\system32\\Hilfsbibliothek.dll";
     fp.files.Put(pfad, "MZ");
-    fake::FakeVersion v;
-    v.übersetzungen = {{0x0407, 0x04E4, {{"FileDescription", "Hilfe für alles"}}}};
-    fp.details.SetVersion(pfad, v);
+    fp.details.SetVersion(pfad, {.übersetzungen = {{.texte = {{"FileDescription", "Hilfe für alles"}}}}});
     Form3Fenster& w = f();
     w.ListView3.Add("Hilfsbibliothek.dll").SetSubItem(1, pfad);
     w.ListView3_ItemClick(1);

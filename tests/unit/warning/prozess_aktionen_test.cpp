@@ -1,7 +1,7 @@
 // The answers to a process warning (the accept menu's three entries, "Kill Prozess") and
 // "Original" of a start page warning.
 #include "platform/hive_ocx.h"
-#include "programm_test_basis.h"
+#include "warnung_test.h"
 
 namespace kes::test {
 namespace {
@@ -9,28 +9,24 @@ namespace {
 const std::string kPfad = "C:\\TEMP\\NEU.EXE";
 const std::string kLogTitel = "Neuer Prozess im Speicher gefunden.\r\nProzess: " + kPfad + "\r\n";
 
-class Prozesswarnung : public WarnungsTest {
+class Prozesswarnung : public AntwortFenster {
 protected:
     // The warning as the process watcher leaves it: name and path, the details with the
     // maker and the process ID with its leading blank.
     Form3Fenster& Offen(const std::string& hersteller = "Neue Firma", const std::string& id = " 4711") {
-        Form3Fenster& f = Warnung(Kategorie::Prozesse);
-        f.ListView2.Add("neu.exe");
-        f.ListView2.Add(kPfad);
+        Form3Fenster& f = MitDatei(Kategorie::Prozesse, "neu.exe", kPfad);
         for (int i = 0; i < 12; ++i) f.ListView1.Add("");
         f.ListView1.Items[0].SetSubItem(1, hersteller);
         f.ListView1.Items[4].SetSubItem(3, id);
         return f;
     }
     fake::FakeProzess& Läuft(std::uint32_t pid) {
-        fake::FakeProzess p;
+        fake::FakeProzess& p = fp.processes.prozesse.emplace_back();
         p.name = "neu.exe";
         p.pid = pid;
         p.pfad = kPfad;
-        fp.processes.prozesse.push_back(p);
-        return fp.processes.prozesse.back();
+        return p;
     }
-    std::string Datei(const std::string& name) { return fp.files.Content(ordner + "daten\\" + name); }
 };
 
 TEST_F(Prozesswarnung, Accept_OpensTheMenuWithTheMakerAsDefault_OrWithoutAnUnknownMaker) {
@@ -58,7 +54,7 @@ TEST_F(Prozesswarnung, AlwaysAllowTheProcess_AddsTheRowAndRewritesTheBaselineLin
     EXPECT_EQ(Datei("prozesse.txt"), "alt.exe#C:\\ALT.EXE\r\nneu.exe#" + kPfad + "\r\n");
     ASSERT_EQ(prg.Alarm().ListView6.Items.size(), 2u);
     EXPECT_EQ(prg.Alarm().ListView6.Items[1].SubItem(1), kPfad);
-    EXPECT_NE(Log().find(kLogTitel + "< ÜBERNAHME OK >"), std::string::npos) << Log();
+    EXPECT_TRUE(Geloggt(kLogTitel + "< ÜBERNAHME OK >")) << Log();
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(prg.Beschäftigt);
 
@@ -74,7 +70,7 @@ TEST_F(Prozesswarnung, AlwaysAllowTheMaker_AddsItAndRewritesFirmaTxt) {
 
     EXPECT_EQ(Datei("Firma.txt"), "Microsoft Corporation\r\nNeue Firma\r\n");
     EXPECT_EQ(prg.Alarm().List1.Items.back(), "Neue Firma");
-    EXPECT_NE(Log().find(kLogTitel + "< ÜBERNAHME OK >"), std::string::npos);
+    EXPECT_TRUE(Geloggt(kLogTitel + "< ÜBERNAHME OK >"));
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
@@ -84,15 +80,14 @@ TEST_F(Prozesswarnung, OnlyOnce_AllowsTheNameForThisRunWithoutAFile) {
     EXPECT_EQ(prg.Alarm().List2.Items, std::vector<std::string>{"neu.exe"});
     EXPECT_FALSE(fp.files.Exists(ordner + "daten\\prozesse.txt"));
     EXPECT_FALSE(fp.files.Exists(ordner + "daten\\Firma.txt"));
-    EXPECT_NE(Log().find(kLogTitel + "< ÜBERNAHME OK >"), std::string::npos);
+    EXPECT_TRUE(Geloggt(kLogTitel + "< ÜBERNAHME OK >"));
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
 TEST_F(Prozesswarnung, AllowWhenTheFileCannotBeWritten_ReportsAndKeepsTheWarning) {
     fp.files.MakeDirs(ordner + "daten\\prozesse.txt");  // a folder in the file's place
     Offen().killprozess1_Click(0);
-    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Übernehmen) Fehler: 75");
+    EXPECT_EQ(Meldungen(), std::vector<std::string>{"(Form3, Übernehmen) Fehler: 75"});
     EXPECT_TRUE(prg.Form3Geladen());
 }
 
@@ -102,7 +97,7 @@ TEST_F(Prozesswarnung, Kill_EndsTheProcessByTheIdOfTheDetails_AndLogs) {
 
     EXPECT_EQ(fp.processes.beendet, std::vector<std::uint32_t>{4711});
     EXPECT_TRUE(fp.dialogs.meldungen.empty());
-    EXPECT_NE(Log().find(kLogTitel + "< Prozess beendet OK >"), std::string::npos) << Log();
+    EXPECT_TRUE(Geloggt(kLogTitel + "< Prozess beendet OK >")) << Log();
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_TRUE(prg.Alarm().ListView6.Items.empty()) << "the baseline is not touched";
 }
@@ -115,42 +110,33 @@ TEST_F(Prozesswarnung, KillRefused_OffersTheTaskManager_LogsNein_AndCloses) {
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     EXPECT_NE(fp.dialogs.meldungen[0].text.find("Task-Manager (Prozeese)"), std::string::npos);
     EXPECT_EQ(fp.dialogs.meldungen[0].flags, 4100);
-    ASSERT_EQ(fp.shell.kommandos.size(), 1u);
-    EXPECT_EQ(fp.shell.kommandos[0].kommando, "taskmgr.exe cpl,,2");
-    EXPECT_NE(Log().find(kLogTitel + "< Prozess beendet NEIN >"), std::string::npos);
+    EXPECT_EQ(Befehle(), std::vector<std::string>{"taskmgr.exe cpl,,2"});
+    EXPECT_TRUE(Geloggt(kLogTitel + "< Prozess beendet NEIN >"));
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
-class StartseiteOriginal : public WarnungsTest {
+class StartseiteOriginal : public AntwortFenster {
 protected:
     const std::string key = "Software\\Microsoft\\Internet Explorer\\Main";
     Form3Fenster& Offen(const std::string& index) {
-        Form3Fenster& f = Warnung(Kategorie::StartPage);
-        const std::string felder[6] = {"HKEY_CURRENT_USER", key, "Start Page", "http://boese.example/", "", index};
-        for (int i = 0; i < 6; ++i) f.Text1[i].Text = felder[i];
-        return f;
+        fp.registry.SetString("HKEY_CURRENT_USER\\" + key, "Start Page", "http://boese.example/");
+        return Mit(Kategorie::StartPage, {"HKEY_CURRENT_USER", key, "Start Page", "http://boese.example/", "", index});
     }
 };
 
 TEST_F(StartseiteOriginal, PutsTheSavedTextBack_AndLogs) {
     prg.StartSeiten[1] = "http://start.example/";
-    fp.registry.SetString("HKEY_CURRENT_USER\\" + key, "Start Page", "http://boese.example/");
     Offen("1").Image_Click(8);
 
     EXPECT_EQ(HiveOCX(fp.registry).ReadValue(1, key, "Start Page"), "http://start.example/");
-    EXPECT_NE(Log().find("IExplorer Start Page wurde geändert.\r\n"
-                         "Registry: HKEY_CURRENT_USER\\" +
-                         key +
-                         "\\Start Page\r\n"
-                         "Wert: http://boese.example/\r\n"
-                         "< Zurückgesetzt OK > auf http://start.example/"),
-              std::string::npos)
+    EXPECT_TRUE(
+        Geloggt("IExplorer Start Page wurde geändert.\r\nRegistry: HKEY_CURRENT_USER\\" + key +
+                "\\Start Page\r\nWert: http://boese.example/\r\n< Zurückgesetzt OK > auf http://start.example/"))
         << Log();
     EXPECT_FALSE(prg.Form3Geladen());
 }
 
 TEST_F(StartseiteOriginal, EmptySavedText_WritesOneNulCharacter) {
-    fp.registry.SetString("HKEY_CURRENT_USER\\" + key, "Start Page", "http://boese.example/");
     Offen("1").Image_Click(8);
 
     RegKey k;
@@ -161,11 +147,9 @@ TEST_F(StartseiteOriginal, EmptySavedText_WritesOneNulCharacter) {
 }
 
 TEST_F(StartseiteOriginal, IndexBeyondTheSavedPages_EndsInTheErrorExit) {
-    fp.registry.SetString("HKEY_CURRENT_USER\\" + key, "Start Page", "http://boese.example/");
     Offen("32").Image_Click(8);
 
-    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Form3, Original) Fehler: 9");
+    EXPECT_EQ(Meldungen(), std::vector<std::string>{"(Form3, Original) Fehler: 9"});
     EXPECT_EQ(HiveOCX(fp.registry).ReadValue(1, key, "Start Page"), "http://boese.example/");
     EXPECT_EQ(Log(), "");
     EXPECT_TRUE(prg.Form3Geladen());

@@ -3,8 +3,8 @@
 // no neighbour; a name that would end the argument, name the parent or a key below it is
 // refused with a message, and nothing changes.
 #include "panel/alarm.h"
-#include "programm_test_basis.h"
 #include "warning/form3.h"
+#include "warnung_test.h"
 
 namespace kes::test {
 namespace {
@@ -14,10 +14,10 @@ const std::string kDomains =
     "HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\ZoneMap\\Domains\\";
 const std::string kHooks = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\URLSearchHooks";
 
-class RegDeleteNamen : public WarnungsTest {
+class RegDeleteNamen : public AntwortFenster {
 protected:
     void SetUp() override {
-        WarnungsTest::SetUp();
+        AntwortFenster::SetUp();
         prg.AnzeigeLöschen = true;
     }
     void Dienst(const std::string& name) {
@@ -27,30 +27,31 @@ protected:
     // Deletes through the warning of the category, with Text1(0) as the name.
     void Löschen(Kategorie k, const std::string& name) {
         fp.dialogs.antworten = {kIdYes};  // the services' question
-        Form3Fenster& f = Warnung(k);
-        f.Text1[0].Text = name;
-        f.Image_Click(3);
+        Mit(k, {name}).Image_Click(3);
     }
-    std::string LetzterBefehl() { return fp.shell.kommandos.empty() ? "" : fp.shell.kommandos.back().kommando; }
+    std::string LetzterBefehl() { return Befehle().empty() ? "" : Befehle().back(); }
 };
 
-TEST_F(RegDeleteNamen, ServiceWithBlanks_IsQuotedAndItsNeighbourStays) {
+TEST_F(RegDeleteNamen, OddServiceNames_DeleteTheirOwnKeyAndNoNeighbour) {
     Dienst("a");
-    Dienst("a b");
-    Löschen(Kategorie::Dienste, "a b");
-    EXPECT_EQ(LetzterBefehl(), "REG DELETE \"HKLM\\SYSTEM\\CurrentControlSet\\Services\\a b\" /f");
-    EXPECT_FALSE(fp.registry.HasKey(kDienste + "a b"));
-    EXPECT_TRUE(fp.registry.HasValue(kDienste + "a", "ImagePath"));
-    EXPECT_FALSE(prg.Form3Geladen());
-}
-
-TEST_F(RegDeleteNamen, ServiceNamedLikeASwitch_DeletesItselfNotTheValuesOfAnother) {
-    Dienst("a");
-    Dienst("a /va");
-    Löschen(Kategorie::Dienste, "a /va");
-    EXPECT_FALSE(fp.registry.HasKey(kDienste + "a /va"));
-    EXPECT_TRUE(fp.registry.HasValue(kDienste + "a", "ImagePath")) << "unquoted, /va would empty the key a";
-    EXPECT_TRUE(fp.registry.HasValue(kDienste + "a", "Start"));
+    const std::pair<std::string, std::string> kFälle[] = {
+        {"a b", "REG DELETE \"HKLM\\SYSTEM\\CurrentControlSet\\Services\\a b\" /f"},
+        {"a /va", ""},  // unquoted, /va would empty the key a
+        // No shell reads the line: neither % nor & nor | mean anything.
+        {"%SystemRoot%&calc|x", "REG DELETE HKLM\\SYSTEM\\CurrentControlSet\\Services\\%SystemRoot%&calc|x /f"},
+        {"/f", ""},
+    };
+    for (const auto& [name, befehl] : kFälle) {
+        Dienst(name);
+        Löschen(Kategorie::Dienste, name);
+        if (!befehl.empty()) {
+            EXPECT_EQ(LetzterBefehl(), befehl);
+        }
+        EXPECT_FALSE(fp.registry.HasKey(kDienste + name)) << name;
+        EXPECT_TRUE(fp.registry.HasValue(kDienste + "a", "ImagePath")) << name;
+        EXPECT_TRUE(fp.registry.HasValue(kDienste + "a", "Start")) << name;
+        EXPECT_FALSE(prg.Form3Geladen()) << name;
+    }
 }
 
 TEST_F(RegDeleteNamen, NamesThatWouldReachAnotherKey_AreRefusedAndNothingChanges) {
@@ -88,10 +89,7 @@ TEST_F(RegDeleteNamen, NamesThatWouldReachAnotherKey_AreRefusedAndNothingChanges
 
 TEST_F(RegDeleteNamen, ShellServiceWithoutItsClass_DoesNotDeleteAllClasses) {
     fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID\\{A}\\InprocServer32", "", "C:\\a.dll");
-    Form3Fenster& f = Warnung(Kategorie::ShellService);
-    f.Text1[0].Text = "Dienst";
-    f.Text1[1].Text = "";
-    f.Image_Click(3);
+    Mit(Kategorie::ShellService, {"Dienst", ""}).Image_Click(3);
     EXPECT_TRUE(fp.shell.kommandos.empty());
     EXPECT_TRUE(fp.registry.HasKey("HKEY_CLASSES_ROOT\\CLSID\\{A}"));
 }
@@ -105,17 +103,6 @@ TEST_F(RegDeleteNamen, DomainWithBlanks_IsQuotedAndGoesAloneWithItsSubkeys) {
               "Settings\\ZoneMap\\Domains\\a b.example\" /f");
     EXPECT_FALSE(fp.registry.HasKey(kDomains + "a b.example"));
     EXPECT_TRUE(fp.registry.HasKey(kDomains + "a"));
-}
-
-TEST_F(RegDeleteNamen, OddButHarmlessNames_KeepTheTextAsItStands) {
-    Dienst("%SystemRoot%&calc|x");
-    Dienst("/f");
-    Löschen(Kategorie::Dienste, "%SystemRoot%&calc|x");
-    EXPECT_EQ(LetzterBefehl(), "REG DELETE HKLM\\SYSTEM\\CurrentControlSet\\Services\\%SystemRoot%&calc|x /f")
-        << "no shell reads the line: neither % nor & nor | mean anything";
-    EXPECT_FALSE(fp.registry.HasKey(kDienste + "%SystemRoot%&calc|x"));
-    Löschen(Kategorie::Dienste, "/f");
-    EXPECT_FALSE(fp.registry.HasKey(kDienste + "/f"));
 }
 
 }  // namespace

@@ -1,36 +1,27 @@
 // "Später" by category, and the hosts file's "Original" menu and "Öffnen".
-#include "programm_test_basis.h"
+#include "warnung_test.h"
 
 namespace kes::test {
 namespace {
 
-class WeitereAktionen : public WarnungsTest {};
+class WeitereAktionen : public AntwortFenster {};
 
 TEST_F(WeitereAktionen, Spaeter_AddsTheTextOfItsCategoryAndCloses) {
     Form3Fenster& r = Warnung(Kategorie::AutostartRegistry);
     ListItem& z = r.ListView4.Add("Autostart");
-    z.SetSubItem(1, "HKEY_CURRENT_USER");
-    z.SetSubItem(2, "Software\\Run");
-    z.SetSubItem(3, "Tool");
-    z.SetSubItem(4, "t.exe");
+    for (const auto& [i, text] : {std::pair{1, "HKEY_CURRENT_USER"}, {2, "Software\\Run"}, {3, "Tool"}, {4, "t.exe"}})
+        z.SetSubItem(i, text);
     r.Image_Click(6);
     EXPECT_FALSE(prg.Form3Geladen());
     EXPECT_FALSE(prg.Beschäftigt);
 
-    Form3Fenster& t = Warnung(Kategorie::TaskScheduler);
-    t.Text1[1].Text = "{T}";
-    t.Image_Click(6);
+    Mit(Kategorie::TaskScheduler, {"", "{T}"}).Image_Click(6);
     Form3Fenster& h = Warnung(Kategorie::HostsDatei);
     h.Label1[1].Caption = hostsPfad;
     h.Image_Click(6);
-    Form3Fenster& b = Warnung(Kategorie::ToolBar1);
-    b.Text1[0].Text = "nicht.example";
-    b.Image_Click(6);
+    Mit(Kategorie::ToolBar1, {"nicht.example"}).Image_Click(6);
     // The keys the watchers ask by: a process by its name, a favourite by its file.
-    Form3Fenster& p = Warnung(Kategorie::Prozesse);
-    p.ListView2.Add("neu.exe");
-    p.ListView2.Add("C:\\NEU\\NEU.EXE");
-    p.Image_Click(6);
+    MitDatei(Kategorie::Prozesse, "neu.exe", "C:\\NEU\\NEU.EXE").Image_Click(6);
     Form3Fenster& f = Warnung(Kategorie::Favoriten);
     f.Label1[1].Caption = "C:\\Fav\\";
     f.Label1[2].Caption = "x.url";
@@ -40,16 +31,6 @@ TEST_F(WeitereAktionen, Spaeter_AddsTheTextOfItsCategoryAndCloses) {
         << "ToolBar1 defers nothing";
     EXPECT_TRUE(prg.Alarm().Später("HKEY_CURRENT_USER\\Software\\Run\\Tool"));
     EXPECT_FALSE(prg.Alarm().Später("hkey_current_user\\Software\\Run\\Tool")) << "the deferred list heeds case";
-}
-
-TEST_F(WeitereAktionen, DeferredHostsChange_ComesBackAllTheSame) {
-    fp.files.Put(hostsPfad, "127.0.0.1 x\r\n");
-    prg.Alarm().hosts.TesteHosts();
-    ASSERT_TRUE(prg.Form3Geladen());
-    prg.Form3().Image_Click(6);
-    prg.Aufräumen();
-    prg.Alarm().hosts.TesteHosts();
-    EXPECT_TRUE(prg.Form3Geladen()) << "the hosts watcher does not ask the deferred list";
 }
 
 TEST_F(WeitereAktionen, HostsOriginal_OpensItsMenuAndWritesTheChosenFile) {
@@ -80,22 +61,19 @@ TEST_F(WeitereAktionen, HalvenikHostsWithoutTheProgramsOwnFile_KeepsSizeAndHosts
 }
 
 TEST_F(WeitereAktionen, OpenButton_StartsItsToolAndKeepsTheWarning) {
-    struct Fall {
-        Kategorie kategorie;
-        std::string kommando;
-        bool obenBleiben;
-    };
-    for (const Fall& f : {Fall{Kategorie::HostsDatei, "notepad.exe " + hostsPfad, true},
-                          Fall{Kategorie::Dienste, "mmc.exe C:\\WINDOWS\\system32\\services.msc", false}}) {
+    const std::tuple<Kategorie, std::string, bool> kFälle[] = {
+        {Kategorie::HostsDatei, "notepad.exe " + hostsPfad, true},
+        // The console must not open behind the warning.
+        {Kategorie::Dienste, "mmc.exe C:\\WINDOWS\\system32\\services.msc", false}};
+    for (const auto& [kategorie, kommando, obenBleiben] : kFälle) {
         prg.Form3Entladen();
         fp.shell.kommandos.clear();
-        Form3Fenster& w = Warnung(f.kategorie);
+        Form3Fenster& w = Warnung(kategorie);
         w.Show();
         w.Image_Click(9);
-        ASSERT_EQ(fp.shell.kommandos.size(), 1u) << KategorieName(f.kategorie);
-        EXPECT_EQ(fp.shell.kommandos[0].kommando, f.kommando);
+        ASSERT_EQ(Befehle(), std::vector<std::string>{kommando}) << KategorieName(kategorie);
         EXPECT_EQ(fp.shell.kommandos[0].show, 1) << "normal focus";
-        EXPECT_EQ(w.Topmost, f.obenBleiben) << "the console must not open behind the warning";
+        EXPECT_EQ(w.Topmost, obenBleiben);
         EXPECT_TRUE(prg.Form3Geladen());
     }
 }
