@@ -7,21 +7,12 @@
 namespace kes {
 namespace {
 
-// UTF-16 little-endian bytes, with the byte order mark when asked.
-std::string Le(const std::u16string& s, bool bom = true) {
-    std::string aus = bom ? "\xFF\xFE" : "";
+// UTF-16 bytes, little-endian unless asked, with the byte order mark when asked.
+std::string Le(const std::u16string& s, bool bom = true, bool be = false) {
+    std::string aus = !bom ? "" : be ? "\xFE\xFF" : "\xFF\xFE";
     for (char16_t c : s) {
-        aus += static_cast<char>(c & 0xFF);
-        aus += static_cast<char>(c >> 8);
-    }
-    return aus;
-}
-
-std::string Be(const std::u16string& s) {
-    std::string aus = "\xFE\xFF";
-    for (char16_t c : s) {
-        aus += static_cast<char>(c >> 8);
-        aus += static_cast<char>(c & 0xFF);
+        aus += static_cast<char>(be ? c >> 8 : c & 0xFF);
+        aus += static_cast<char>(be ? c & 0xFF : c >> 8);
     }
     return aus;
 }
@@ -39,18 +30,18 @@ std::string Utf8(const std::string& aktionen, const std::string& kopf = "<?xml v
     return kopf + "\r\n<Task><Actions>" + aktionen + "</Actions></Task>\r\n";
 }
 
-struct XmlFall {
+struct Fall {
     const char* fall;
     std::string inhalt;
     std::string befehl;
 };
 
-const XmlFall kXml[] = {
+const Fall kXml[] = {
     {"UTF-16 with its mark",
      Le(Aufgabe(u"<Exec><Command>C:\\x.exe</Command><Arguments>/a /b</Arguments>"
                 u"<WorkingDirectory>C:\\w</WorkingDirectory></Exec>")),
      "C:\\x.exe /a /b"},
-    {"UTF-16 big-endian", Be(Aufgabe(u"<Exec><Command>C:\\x.exe</Command></Exec>")), "C:\\x.exe"},
+    {"UTF-16 big-endian", Le(Aufgabe(u"<Exec><Command>C:\\x.exe</Command></Exec>"), true, true), "C:\\x.exe"},
     {"UTF-16 without a mark", Le(Aufgabe(u"<Exec><Command>C:\\x.exe</Command></Exec>"), false), "C:\\x.exe"},
     {"UTF-16, characters the code page lacks and one it has",
      Le(Aufgabe(u"<Exec><Command>C:\\\u263A\U0001F600\u00F6\u20AC.exe</Command></Exec>")), "C:\\??\xF6\x80.exe"},
@@ -100,7 +91,7 @@ const XmlFall kXml[] = {
 };
 
 TEST(Aufgabendatei, XmlTask_CommandAndArgumentsOfTheFirstExec) {
-    for (const XmlFall& f : kXml) EXPECT_EQ(AufgabenbefehlXml(f.inhalt), f.befehl) << f.fall;
+    for (const Fall& f : kXml) EXPECT_EQ(AufgabenbefehlXml(f.inhalt), f.befehl) << f.fall;
 }
 
 // The fixed section (0x44 bytes), the running instances (2), then the application name and
@@ -117,13 +108,7 @@ std::string Job(const std::u16string& programm, const std::u16string& parameter)
     return d + std::string(20, '\x22');  // the rest of the file: user, comment, triggers
 }
 
-struct JobFall {
-    const char* fall;
-    std::string inhalt;
-    std::string befehl;
-};
-
-const JobFall kJobs[] = {
+const Fall kJobs[] = {
     {"name and parameters", Job(u"C:\\WINDOWS\\x.exe", u"/s /q"), "C:\\WINDOWS\\x.exe /s /q"},
     {"no parameters", Job(u"C:\\x.exe", u""), "C:\\x.exe"},
     {"characters of and outside the code page", Job(u"C:\\Gr\u00F6\u00DFe\\\u263A.exe", u"\u20AC"),
@@ -140,7 +125,7 @@ const JobFall kJobs[] = {
 };
 
 TEST(Aufgabendatei, JobTask_ApplicationNameAndParameters) {
-    for (const JobFall& f : kJobs) EXPECT_EQ(AufgabenbefehlJob(f.inhalt), f.befehl) << f.fall;
+    for (const Fall& f : kJobs) EXPECT_EQ(AufgabenbefehlJob(f.inhalt), f.befehl) << f.fall;
 }
 
 }  // namespace
