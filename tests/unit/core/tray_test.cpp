@@ -67,7 +67,7 @@ TEST_F(Tray, Sprechblase_KeepsTheCallersTipWithFixedFlagAndTimeout) {
     EXPECT_EQ(fp.tray.Last().szInfo, "Favorit gelöscht");
 }
 
-TEST_F(Tray, MouseMessagesAndMenu_OpenTheMenu_SwitchOffAndShowThePanel_OrToggleMonitoring) {
+TEST_F(Tray, MouseMessagesAndMenu_OpenTheMenu_SwitchOffAndShowThePanel_ToggleMonitoring_OpenTheLog) {
     start().Form_MouseMove(kLinksLos);
     EXPECT_TRUE(start().MenüÖffnen);
     start().MenüÖffnen = false;
@@ -98,6 +98,15 @@ TEST_F(Tray, MouseMessagesAndMenu_OpenTheMenu_SwitchOffAndShowThePanel_OrToggleM
     start().fox1_Click(2);
     EXPECT_FALSE(prg.Beschäftigt);
     EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
+
+    // The log entry opens notepad, without quotes, only when there is a log.
+    fp.shell.kommandos.clear();
+    start().fox1_Click(3);
+    EXPECT_TRUE(fp.shell.kommandos.empty());
+    fp.files.Put(ordner + "Kestrella.log", "x");
+    start().fox1_Click(3);
+    ASSERT_EQ(fp.shell.kommandos.size(), 1u);
+    EXPECT_EQ(fp.shell.kommandos[0].kommando, "notepad.exe C:\\Programme\\Kestrella\\Kestrella.log");
 }
 
 TEST_F(Tray, AutostartTwice_LeavesTheRunValueAsItWasAndTheBoxEqualToTheMenu_AForeignValueStays) {
@@ -113,15 +122,6 @@ TEST_F(Tray, AutostartTwice_LeavesTheRunValueAsItWasAndTheBoxEqualToTheMenu_AFor
     start().fox1_Click(5);
     EXPECT_EQ(RunWert(), "D:\\alt\\Kestrella.exe /s");
     EXPECT_EQ(prg.Alarm().Box1[0].value(), 1);
-}
-
-TEST_F(Tray, LogMenu_OpensNotepadWithoutQuotesOnlyWhenThereIsALog) {
-    start().fox1_Click(3);
-    EXPECT_TRUE(fp.shell.kommandos.empty());
-    fp.files.Put(ordner + "Kestrella.log", "x");
-    start().fox1_Click(3);
-    ASSERT_EQ(fp.shell.kommandos.size(), 1u);
-    EXPECT_EQ(fp.shell.kommandos[0].kommando, "notepad.exe C:\\Programme\\Kestrella\\Kestrella.log");
 }
 
 class Beenden : public Tray {};

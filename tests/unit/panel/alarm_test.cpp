@@ -90,15 +90,12 @@ TEST_F(Panel, Boxes_AutostartSoundAndOthersSave_FolderBoxesLoadAnEmptyBaseline_G
 }
 
 TEST_F(Panel, Sidebar_DownResetsTenEntries_UpPaintsTheChosenOne_ResetEntryKeepsItsColour) {
+    auto farben = [&](int i) { return std::make_pair(a().Label1[i].BackColor, a().Label1[i].ForeColor); };
     a().Label1[10].BackColor = 42;
     Wählen(1);
-    EXPECT_EQ(a().Label1[1].BackColor, kLeisteGewählt);
-    EXPECT_EQ(a().Label1[1].ForeColor, kLeisteGewähltText);
+    EXPECT_EQ(farben(1), std::make_pair(kLeisteGewählt, kLeisteGewähltText));
     a().Label1_MouseDown(4);
-    for (int i = 0; i <= 9; ++i) {
-        EXPECT_EQ(a().Label1[i].BackColor, kLeisteRuhe) << i;
-        EXPECT_EQ(a().Label1[i].ForeColor, kSystemFensterText) << i;
-    }
+    for (int i = 0; i <= 9; ++i) EXPECT_EQ(farben(i), std::make_pair(kLeisteRuhe, kSystemFensterText)) << i;
     EXPECT_EQ(a().Label1[10].BackColor, 42) << "mouse down does not touch Zurücksetzen";
 }
 
@@ -152,10 +149,8 @@ TEST_F(Panel, Watch_SwitchesMonitoringOnAndHides) {
     a().Show();
     prg.Beschäftigt = true;
     Wählen(7);
-    EXPECT_FALSE(a().Visible);
-    EXPECT_FALSE(prg.Beschäftigt);
-    EXPECT_TRUE(a().Timer1.Enabled());
-    EXPECT_EQ(fp.tray.Last().szTip, "Kestrella ist aktiv");
+    EXPECT_EQ(std::make_tuple(a().Visible, prg.Beschäftigt, a().Timer1.Enabled(), fp.tray.Last().szTip),
+              std::make_tuple(false, false, true, "Kestrella ist aktiv"));
 }
 
 TEST_F(Panel, Reset_PaintsItsEntryRedBeforeTheQuestion_NoKeepsTheProgram) {
@@ -167,9 +162,7 @@ TEST_F(Panel, Reset_PaintsItsEntryRedBeforeTheQuestion_NoKeepsTheProgram) {
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Achtung!!");
     EXPECT_EQ(farbeBeiFrage, kLeisteGewählt);
-    EXPECT_TRUE(prg.Zurücksetzen);
-    EXPECT_FALSE(prg.Beenden);
-    EXPECT_TRUE(a().Visible);
+    EXPECT_EQ(std::make_tuple(prg.Zurücksetzen, prg.Beenden, a().Visible), std::make_tuple(true, false, true));
 }
 
 TEST_F(Panel, StartPageEdit_EmptyListOpensNoMenu_ARowIsWrittenToRowAndSlotK_AndSaved) {
@@ -181,8 +174,8 @@ TEST_F(Panel, StartPageEdit_EmptyListOpensNoMenu_ARowIsWrittenToRowAndSlotK_AndS
     a().Command1.Enabled = true;
     a().ListView3Auswahl = 2;
     a().ListView3_MouseUp();
-    EXPECT_FALSE(a().Command1.Enabled);
-    EXPECT_EQ(a().Text1.Text, "alt3");
+    auto feld = [&] { return std::make_pair(a().Command1.Enabled, a().Text1.Text); };
+    EXPECT_EQ(feld(), std::make_pair(false, std::string("alt3")));
     EXPECT_EQ(a().PageÄndern1[0].Caption, "\"alt3\" --> Eintrag ändern");
     EXPECT_EQ(a().Menü.Name, "PageÄndern");
     a().PageÄndern1_Click(0);
@@ -190,10 +183,9 @@ TEST_F(Panel, StartPageEdit_EmptyListOpensNoMenu_ARowIsWrittenToRowAndSlotK_AndS
     EXPECT_TRUE(a().Text1Fokus);
     a().Text1.Text = "http://neu";
     a().Command1_Click();
-    EXPECT_EQ(a().ListView3.Items[2].SubItem(3), "http://neu");
-    EXPECT_EQ(prg.StartSeiten[3], "http://neu");
-    EXPECT_FALSE(a().Command1.Enabled);
-    EXPECT_EQ(a().Text1.Text, "");
+    EXPECT_EQ(std::make_pair(a().ListView3.Items[2].SubItem(3), prg.StartSeiten[3]),
+              std::make_pair(std::string("http://neu"), std::string("http://neu")));
+    EXPECT_EQ(feld(), std::make_pair(false, std::string()));
     EXPECT_EQ(GespeicherteEinstellungen().ReadProperty("InternetStartPage3", std::string()),
               BagWert(std::string("http://neu")));
 }

@@ -6,7 +6,7 @@
 namespace kes::test {
 namespace {
 
-TEST(Leiste, LoadTakesOneAsYes_AnyOtherValueAsNo_HoverLightsOneEntry_LeavingReleasesAndDimsAll) {
+TEST(Leiste, LoadHoverAndRelease) {
     Leiste l;
     l.Laden("A", 1, 1, "B", 0, 1, "C", 1, 2, "D", -1, 0, "E", 1, 1);
     EXPECT_EQ(l.Einträge[0].Caption, "A");
@@ -26,16 +26,14 @@ TEST(Leiste, LoadTakesOneAsYes_AnyOtherValueAsNo_HoverLightsOneEntry_LeavingRele
     h.MausBewegung(3, false);
     EXPECT_FALSE(h.Gefangen);
     for (const auto& e : h.Einträge) EXPECT_EQ(e.Anzeige, Leiste::Bild::Normal);
-}
 
-TEST(Leiste, ReleaseNamesTheEntrysLeftEdgeAndItsFootLess40Twips) {
-    Leiste l;
-    l.Resize(5000, 600);
+    // A release names the entry's left edge and its foot less 40 twips.
+    h.Resize(5000, 600);
     int index = -1, knopf = 0, x = 0, y = 0;
-    l.Klick = [&](int& i, int& k, int& px, int& py) { index = i, knopf = k, x = px, y = py; };
-    l.MausLos(2, 1);
+    h.Klick = [&](int& i, int& k, int& px, int& py) { index = i, knopf = k, x = px, y = py; };
+    h.MausLos(2, 1);
     EXPECT_EQ(std::vector<int>({index, knopf, x, y}), std::vector<int>({2, 1, 2000, 560}));
-    EXPECT_EQ(l.Einträge[2].Anzeige, Leiste::Bild::Gedrückt);
+    EXPECT_EQ(h.Einträge[2].Anzeige, Leiste::Bild::Gedrückt);
 }
 
 }  // namespace

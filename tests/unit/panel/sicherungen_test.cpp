@@ -96,7 +96,25 @@ TEST_F(SicherungenSeite, EveryPanelListsFileAndLoaderBelongToIt) {
         }
 }
 
-TEST_F(SicherungenSeite, AnEntryDeletedFromAListComesBackIntoListAndFile) {
+// A choice that changes no file leaves no backup; an entry deleted from a list comes back
+// into list and file.
+TEST_F(SicherungenSeite, OnlyAChangedListFileIsBackedUp_AndComesBackIntoListAndFile) {
+    fp.files.Put(ordner + "daten\\0190.txt", std::string("Netz\x80") + "0190123\r\n");
+    a().dfü.LadeDFÜ();
+    ASSERT_FALSE(a().ListView2.Items.empty());
+    a().ListView2.Items[0].Selected = true;
+    a().Ausnahmen.MausLos(Ausnahmeliste::ListView2);
+    a().Ausnahmen.MenüKlick(Ausnahmeliste::ListView2, 0);  // "Info zur DFÜ-Verbindung"
+    a().SicherungenLaden();
+    EXPECT_TRUE(a().Sicherungen.Items.empty());
+    FindData d;
+    int dateien = 0;
+    for (FileFind f = fp.files.FindFirst(ordner + "daten\\Sicherung\\*.*", &d); f;) {
+        dateien += !(d.attributes & kAttrDirectory);
+        if (!fp.files.FindNext(f.Get(), &d)) break;
+    }
+    EXPECT_EQ(dateien, 0);
+
     const std::string datei = ordner + "daten\\AutostartREG.txt";
     fp.files.Put(datei, "HKEY_CURRENT_USER\\Run\\A\r\nHKEY_CURRENT_USER\\Run\\B\r\n");
     a().autostartRegistry.LadeAutostartregistry();
@@ -115,24 +133,6 @@ TEST_F(SicherungenSeite, AnEntryDeletedFromAListComesBackIntoListAndFile) {
     a().sicherung1_Click(0);
     EXPECT_EQ(fp.files.Content(datei), vorher);
     EXPECT_EQ(a().ListView1.Items.size(), 2u) << "the list reads its file again";
-}
-
-TEST_F(SicherungenSeite, AChoiceThatChangesNoFileLeavesNoBackup) {
-    fp.files.Put(ordner + "daten\\0190.txt", std::string("Netz\x80") + "0190123\r\n");
-    a().dfü.LadeDFÜ();
-    ASSERT_FALSE(a().ListView2.Items.empty());
-    a().ListView2.Items[0].Selected = true;
-    a().Ausnahmen.MausLos(Ausnahmeliste::ListView2);
-    a().Ausnahmen.MenüKlick(Ausnahmeliste::ListView2, 0);  // "Info zur DFÜ-Verbindung"
-    a().SicherungenLaden();
-    EXPECT_TRUE(a().Sicherungen.Items.empty());
-    FindData d;
-    int dateien = 0;
-    for (FileFind f = fp.files.FindFirst(ordner + "daten\\Sicherung\\*.*", &d); f;) {
-        dateien += !(d.attributes & kAttrDirectory);
-        if (!fp.files.FindNext(f.Get(), &d)) break;
-    }
-    EXPECT_EQ(dateien, 0);
 }
 
 }  // namespace

@@ -89,7 +89,7 @@ protected:
     fake::FakeTimers uhr;
 };
 
-TEST_F(Pfeile, QuickClickChangesNothing_HeldArrowStepsEvery100msTellingTwicePerStep) {
+TEST_F(Pfeile, QuickClickChangesNothing_HeldArrowStepsEvery100msTellingTwicePerStep_NoTimerWithoutNumbers) {
     a.PfeilDrücken(0);
     EXPECT_TRUE(a.Gedrückt(0));
     uhr.Advance(99);
@@ -105,10 +105,8 @@ TEST_F(Pfeile, QuickClickChangesNothing_HeldArrowStepsEvery100msTellingTwicePerS
     EXPECT_EQ(a.Text(), "3");
     EXPECT_EQ(gemeldet, (Zahlen{4, 4, 3, 3}));
     EXPECT_FALSE(uhr.Running(5));
-}
 
-TEST_F(Pfeile, WithoutNumbersTheTimerNeverStarts) {
-    a.Zahlen = false;
+    a.Zahlen = false;  // without numbers the timer never starts
     a.PfeilDrücken(0);
     EXPECT_FALSE(uhr.Running(4));
     a.PfeilLoslassen(0);

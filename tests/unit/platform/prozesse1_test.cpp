@@ -61,7 +61,7 @@ TEST_F(ProzessTabelle, Snapshot_FillsTheTableInSnapshotOrder_ASecondFillCutsItTo
     EXPECT_EQ(tabelle.ProzessAnzahl, 0);
 }
 
-TEST_F(ProzessTabelle, Modules_FirstIsPassedOver_AndTheCountIsOneBelowTheStored) {
+TEST_F(ProzessTabelle, Modules_FirstIsPassedOver_TheCountIsOneBelowTheStored_OneProcessAlwaysWalked) {
     auto& p = Prozess("explorer.exe", 1500, "C:\\WINDOWS\\Explorer.EXE");
     p.module = {{"ntdll.dll", "C:\\WINDOWS\\system32\\ntdll.dll"},
                 {"kernel32.dll", "C:\\WINDOWS\\system32\\kernel32.dll"},
@@ -74,6 +74,13 @@ TEST_F(ProzessTabelle, Modules_FirstIsPassedOver_AndTheCountIsOneBelowTheStored)
     EXPECT_EQ(tabelle.ModulZähler, 3) << "four modules seen, less one";
     EXPECT_EQ(fp.processes.öffnungen, 1) << "one handle for the program's path and every module's";
     EXPECT_EQ(fp.processes.OffeneHandles(), 0);
+
+    // The modules of one process are always walked: it shows what it has loaded since.
+    p.module.push_back({"spaet.dll", "C:\\spaet.dll"});
+    Namen namen, pfade;
+    std::int32_t anzahl = 0;
+    tabelle.ModuleHolen(1500, namen, pfade, anzahl);
+    EXPECT_EQ(namen, (Namen{"ntdll.dll", "kernel32.dll", "shell32.dll", "spaet.dll"}));
 }
 
 // A second fill takes the modules and path of a process from the first while the id
@@ -116,17 +123,6 @@ INSTANTIATE_TEST_SUITE_P(
                       ""}),
     [](const ::testing::TestParamInfo<ZweiteFüllung>& i) { return std::string(i.param.fall); });
 
-TEST_F(ProzessTabelle, ModulesOfOneProcess_AlwaysWalked) {
-    FakeProzess& p = Prozess("a.exe", 10, "C:\\a.exe");
-    p.module = {{"ntdll.dll", "C:\\ntdll.dll"}};
-    tabelle.ProzesseHolen();
-    fp.processes.prozesse[0].module.push_back({"spaet.dll", "C:\\spaet.dll"});
-    Namen namen, pfade;
-    std::int32_t anzahl = 0;
-    tabelle.ModuleHolen(10, namen, pfade, anzahl);
-    EXPECT_EQ(namen, (Namen{"ntdll.dll", "spaet.dll"})) << "what the process has loaded since";
-}
-
 TEST_F(ProzessTabelle, ProcessThatRefusesToOpen_KeepsItsModulesWithoutPaths_FailedWalksCountMinusOne) {
     auto& p = Prozess("smss.exe", 40, "\\SystemRoot\\System32\\smss.exe");
     p.module = {{"ntdll.dll", "C:\\WINDOWS\\system32\\ntdll.dll"}, {"k.dll", "C:\\k.dll"}};
@@ -144,7 +140,7 @@ TEST_F(ProzessTabelle, ProcessThatRefusesToOpen_KeepsItsModulesWithoutPaths_Fail
     }
 }
 
-TEST_F(ProzessTabelle, ProzessPfad_NormalisesTheFormsTheSystemReports_ARefusingProcessFallsBackToTheSystemFolder) {
+TEST_F(ProzessTabelle, ProzessPfad_NormalisesTheReportedForms_ARefusingProcessFallsBackToTheSystemFolder_ShortPaths) {
     EXPECT_EQ(Pfad("\\SystemRoot\\System32\\smss.exe"), "C:\\WINDOWS\\system32\\SMSS.EXE");
     EXPECT_EQ(Pfad("\\??\\C:\\WINDOWS\\system32\\csrss.exe"), "C:\\WINDOWS\\SYSTEM32\\CSRSS.EXE");
     EXPECT_EQ(Pfad("  c:\\programme\\tool.exe  "), "C:\\PROGRAMME\\TOOL.EXE");
@@ -155,6 +151,12 @@ TEST_F(ProzessTabelle, ProzessPfad_NormalisesTheFormsTheSystemReports_ARefusingP
     EXPECT_EQ(tabelle.ProzessPfad(30, 0, "smss.exe"), "C:\\WINDOWS\\system32\\smss.exe");
     EXPECT_EQ(tabelle.ProzessPfad(31, 0, "fremd.exe"), "");
     EXPECT_EQ(fp.processes.OffeneHandles(), 0);
+
+    fp.files.Put("C:\\Programme\\Kestrella\\Kestrella.exe", "MZ");
+    EXPECT_EQ(KurzerPfad(fp.plattform, "C:\\Programme\\Kestrella\\Kestrella.exe"),
+              "C:\\PROGRA~1\\KESTRE~1\\KESTRE~1.EXE");
+    EXPECT_EQ(KurzerPfad(fp.plattform, "C:\\fehlt.exe"), "");
+    EXPECT_EQ(SystemVerzeichnis(fp.plattform), "C:\\WINDOWS\\system32");
 }
 
 TEST_F(ProzessTabelle, ProzessBeenden_EndedIsTrueWithoutQuestion_RefusedAsksAndOpensTheTaskManagerOnYes) {
@@ -178,14 +180,6 @@ TEST_F(ProzessTabelle, ProzessBeenden_EndedIsTrueWithoutQuestion_RefusedAsksAndO
 
     EXPECT_FALSE(ProzessBeenden(fp.plattform, 999)) << "a process that is gone";
     EXPECT_EQ(fp.shell.kommandos.size(), 1u) << "No opens nothing";
-}
-
-TEST_F(ProzessTabelle, KurzerPfadAndSystemVerzeichnis) {
-    fp.files.Put("C:\\Programme\\Kestrella\\Kestrella.exe", "MZ");
-    EXPECT_EQ(KurzerPfad(fp.plattform, "C:\\Programme\\Kestrella\\Kestrella.exe"),
-              "C:\\PROGRA~1\\KESTRE~1\\KESTRE~1.EXE");
-    EXPECT_EQ(KurzerPfad(fp.plattform, "C:\\fehlt.exe"), "");
-    EXPECT_EQ(SystemVerzeichnis(fp.plattform), "C:\\WINDOWS\\system32");
 }
 
 }  // namespace

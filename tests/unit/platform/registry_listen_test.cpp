@@ -49,7 +49,7 @@ protected:
     void SetUp() override { fp.timers.vorDerPumpe = nullptr; }
 };
 
-TEST_F(RegistryListenOffen, WalkLetsWindowMessagesRunThreeTimesARound) {
+TEST_F(RegistryListenOffen, WalkLetsWindowMessagesRunThreeTimesARound_AKeyDeletedMeanwhileEndsItInsteadOfSpinning) {
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\A\\Eins");
     RegKey h;
     reg.OpenKey(kHkeyCurrentUser, "Software\\A", h);
@@ -60,21 +60,19 @@ TEST_F(RegistryListenOffen, WalkLetsWindowMessagesRunThreeTimesARound) {
     EXPECT_EQ(fp.timers.pumpen - vorher, 6) << "two rounds";
     EXPECT_EQ(geklickt, 1) << "a pending click runs in the middle of the walk";
     EXPECT_TRUE(reg.CloseKey(h));
-}
 
-TEST_F(RegistryListenOffen, KeyDeletedDuringTheWalk_EndsTheWalkInsteadOfSpinning) {
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\Weg\\Eins");
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\Weg\\Zwei");
-    RegKey h;
-    reg.OpenKey(kHkeyCurrentUser, "Software\\Weg", h);
+    RegKey w;
+    reg.OpenKey(kHkeyCurrentUser, "Software\\Weg", w);
     // Another program removes the key between two rounds of the walk.
     fp.timers.beimPumpen.push_back([&] {
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Eins", kAnsichtNativ);
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Zwei", kAnsichtNativ);
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg", kAnsichtNativ);
     });
-    EXPECT_TRUE(reg.EnumSubkeys(h.Get(), Kategorie::Keine).empty());
-    EXPECT_TRUE(reg.EnumValues(h.Get()).empty());
+    EXPECT_TRUE(reg.EnumSubkeys(w.Get(), Kategorie::Keine).empty());
+    EXPECT_TRUE(reg.EnumValues(w.Get()).empty());
 }
 
 TEST_F(RegistryListen, MissingKey_GetSubkeysAndGetValueNamesEndInsteadOfSpinning_RootNamesAndHiveCodes) {
