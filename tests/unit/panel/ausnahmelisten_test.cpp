@@ -30,6 +30,7 @@ protected:
         k.ListIndex = index;
     }
     std::string Beschriftung(L l, int eintrag = 0) { return listen.Menü(l).Einträge[eintrag].Caption; }
+    Zeilen Beide(L l) { return {Beschriftung(l, 0), Beschriftung(l, 1)}; }
 };
 
 // The view binds each list it shows to its menu through the list itself: every menu of the
@@ -70,8 +71,8 @@ TEST_F(Ausnahmen, Captions_QuoteTheSelectionWithEachListsTail_OnTheDeletingEntry
 
     Zeile(a().ListView2, "Anbieter", "0190123").Selected = true;
     listen.MausLos(L::ListView2);
-    EXPECT_EQ(Beschriftung(L::ListView2, 0), "Info zur DFÜ-Verbindung");
-    EXPECT_EQ(Beschriftung(L::ListView2, 1), "\"Anbieter\" Nummer: 0190123\" --> Eintrag aus der Liste löschen");
+    EXPECT_EQ(Beide(L::ListView2),
+              (Zeilen{"Info zur DFÜ-Verbindung", "\"Anbieter\" Nummer: 0190123\" --> Eintrag aus der Liste löschen"}));
 
     Zeile(a().ListView1, "HKEY_CURRENT_USER\\Run\\A\\a.exe");
     Zeile(a().ListView1, "HKEY_CURRENT_USER\\Run\\B\\b.exe").Selected = true;
@@ -85,18 +86,16 @@ TEST_F(Ausnahmen, Captions_QuoteTheSelectionWithEachListsTail_OnTheDeletingEntry
 
     Kasten(a().List10, {"Firma"}, 0);
     listen.MausLos(L::List10);
-    EXPECT_EQ(Beschriftung(L::List10, 0), "Alle Einträge aus der liste entfernen");
-    EXPECT_EQ(Beschriftung(L::List10, 1), "\"Firma\" ---> Eintrag löschen");
+    EXPECT_EQ(Beide(L::List10), (Zeilen{"Alle Einträge aus der liste entfernen", "\"Firma\" ---> Eintrag löschen"}));
 
     // The other entry keeps its design caption.
     Zeile(a().ListView11, "Dienst").Selected = true;
     listen.MausLos(L::ListView11);
-    EXPECT_EQ(Beschriftung(L::ListView11, 0), "\"Dienst\" --> Eintrag aus der Liste löschen");
-    EXPECT_EQ(Beschriftung(L::ListView11, 1), "Alle Dienste aus der Liste entfernen");
+    EXPECT_EQ(Beide(L::ListView11),
+              (Zeilen{"\"Dienst\" --> Eintrag aus der Liste löschen", "Alle Dienste aus der Liste entfernen"}));
     Kasten(a().List8, {"schluessel"}, 0);
     listen.MausLos(L::List8);
-    EXPECT_EQ(Beschriftung(L::List8, 0), "\"schluessel\" ---> Eintrag löschen");
-    EXPECT_EQ(Beschriftung(L::List8, 1), "Alle aus der Liste löschen");
+    EXPECT_EQ(Beide(L::List8), (Zeilen{"\"schluessel\" ---> Eintrag löschen", "Alle aus der Liste löschen"}));
 }
 
 // The dial-up info opens the editor of the selected entry over the panel, list and file stay.
@@ -129,8 +128,8 @@ TEST_F(Ausnahmen, DialupInfo_OpensTheEditor_LineListsAreWrittenAnewFromTheList_P
     EXPECT_EQ(Datei("prozesse.txt"), "c.exe#C:\\c,d.exe\r\n");
     // The loader reads by fields: the comma splits the path, and the list shows it so.
     ASSERT_EQ(a().ListView6.Items.size(), 2u);
-    EXPECT_EQ(a().ListView6.Items[0].SubItem(1), "C:\\c");
-    EXPECT_EQ(a().ListView6.Items[1].SubItem(1), "d.exe");
+    const auto& zeilen = a().ListView6.Items;
+    EXPECT_EQ((Zeilen{zeilen[0].SubItem(1), zeilen[1].SubItem(1)}), (Zeilen{"C:\\c", "d.exe"}));
 
     a().ListView2.Items[1].Selected = true;
     listen.MenüKlick(L::ListView2, 1);
@@ -183,9 +182,10 @@ TEST_F(Ausnahmen, SectionLists_RemoveTheWholeSection_OtherNumbersStay_ServicesRe
     a().ListView8.Items[1].Selected = true;
     listen.MenüKlick(L::ListView8, 0);
     EXPECT_EQ(a().ListView8.Items.size(), 2u);
-    EXPECT_EQ(fp.profiles.GetString("2", "Clisd", "", ini), "") << "the section is gone";
-    EXPECT_EQ(fp.profiles.GetString("1", "Clisd", "", ini), "{A}");
-    EXPECT_EQ(fp.profiles.GetString("3", "Clisd", "", ini), "{C}") << "no renumbering";
+    // The second section is gone, the others keep their numbers.
+    Zeilen clisd;
+    for (const char* n : {"1", "2", "3"}) clisd.push_back(fp.profiles.GetString(n, "Clisd", "", ini));
+    EXPECT_EQ(clisd, (Zeilen{"{A}", "", "{C}"}));
 
     const std::string dienste = ordner + "daten\\dienste.ini";
     fp.files.Put(dienste, "[1]\r\nDienst=A\r\n[2]\r\nDienst=B\r\n");
