@@ -28,16 +28,15 @@ TEST_F(Start, WithoutSettingsFile_MainFillsPathsAndTheRunHeader_TheAssistantOpen
     fp.system.exe = "C:\\Kestrella.exe";
     ASSERT_TRUE(Main(prg));
     EXPECT_EQ(prg.Programmordner, "C:\\") << "a drive root gets no second backslash";
-    EXPECT_EQ(prg.Windowsordner, "C:\\WINDOWS");
-    EXPECT_EQ(prg.Systemordner, "C:\\WINDOWS\\system32");
+    EXPECT_EQ(std::make_pair(prg.Windowsordner, prg.Systemordner),
+              std::make_pair(std::string("C:\\WINDOWS"), std::string("C:\\WINDOWS\\system32")));
     EXPECT_EQ(prg.Logkopf, "\r\n========== 22.11.2026 ===== 14:05:09 ================\r\n");
     EXPECT_TRUE(prg.StartGeladen());
     EXPECT_EQ(fp.files.GetAttributes("C:\\daten"), kAttrDirectory) << "a lost data folder is made anew";
-    EXPECT_TRUE(prg.Form2Geladen());
-    EXPECT_TRUE(prg.Form2().Visible);
-    EXPECT_EQ(prg.Intervallstufe, 5);
-    EXPECT_FALSE(prg.AlarmGeladen());
-    EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
+    ASSERT_TRUE(prg.Form2Geladen());
+    EXPECT_EQ(std::make_tuple(prg.Form2().Visible, prg.Intervallstufe, prg.AlarmGeladen(),
+                              fp.timers.Running(kTimerAlarm1)),
+              std::make_tuple(true, 5, false, false));
 }
 
 // Beside another instance only a lower-case s anywhere starts, silently and after 3000 ms.
@@ -85,16 +84,11 @@ TEST_F(Start, LaterRun_LoadsAlarmAtTheFirstBoxBeforeAnyBoxHasItsValue) {
     ASSERT_TRUE(Main(prg));
     EXPECT_TRUE(geprüft);
     AlarmFenster& alarm = prg.Alarm();
-    EXPECT_EQ(alarm.Caption, "Kestrella V2.2.0 AddOn Halvenik");
-    EXPECT_EQ(alarm.Box1[15].value(), 1);
-    EXPECT_EQ(alarm.Box1[19].Caption, "C:\\WINDOWS");
-    EXPECT_EQ(alarm.Box1[20].Caption, "C:\\WINDOWS\\system32");
-    EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
-    EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), 5000);
-    EXPECT_FALSE(prg.Beschäftigt);
-    EXPECT_TRUE(prg.Start().fox1[2].Checked);
-    EXPECT_EQ(prg.Start().fox1[2].Caption, "Überwachung ist aktiv");
-    EXPECT_FALSE(prg.Form2Geladen());
+    EXPECT_EQ(std::make_tuple(alarm.Caption, alarm.Box1[15].value(), alarm.Box1[19].Caption, alarm.Box1[20].Caption),
+              std::make_tuple("Kestrella V2.2.0 AddOn Halvenik", 1, "C:\\WINDOWS", "C:\\WINDOWS\\system32"));
+    EXPECT_EQ(std::make_tuple(fp.timers.Running(kTimerAlarm1), fp.timers.IntervalOf(kTimerAlarm1), prg.Beschäftigt,
+                              prg.Start().fox1[2].Checked, prg.Start().fox1[2].Caption, prg.Form2Geladen()),
+              std::make_tuple(true, 5000, false, true, "Überwachung ist aktiv", false));
 }
 
 TEST_F(Start, NoBoxKeys_AllBoxesOffButTimerAndTrayOn_TheAutostartBoxMirrorsTheRunValue) {
@@ -112,19 +106,17 @@ TEST_F(Start, StoredValues_SurviveARestartWithGreyAndStageIntact) {
     Bag({{"box7", std::int16_t{2}}, {"box1", std::int16_t{1}}, {"Aufab1", std::int16_t{12}},
          {"AnzeigeLöschen", true}});
     ASSERT_TRUE(Main(prg));
-    EXPECT_EQ(prg.Alarm().Box1[7].value(), 2);
-    EXPECT_EQ(prg.Soundflag, 1);
-    EXPECT_TRUE(prg.AnzeigeLöschen);
-    EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), 12000);
+    EXPECT_EQ(std::make_tuple(prg.Alarm().Box1[7].value(), prg.Soundflag, prg.AnzeigeLöschen,
+                              fp.timers.IntervalOf(kTimerAlarm1)),
+              std::make_tuple(2, 1, true, 12000));
 
     // The start saved what it read; a second program reads the same.
     fake::FakePlattform zweite;
     zweite.files.Put(datPfad, fp.files.Content(datPfad));
     Programm p2(zweite.plattform);
     ASSERT_TRUE(Main(p2));
-    EXPECT_EQ(p2.Alarm().Box1[7].value(), 2);
-    EXPECT_EQ(p2.Intervallstufe, 12);
-    EXPECT_TRUE(p2.AnzeigeLöschen);
+    EXPECT_EQ(std::make_tuple(p2.Alarm().Box1[7].value(), p2.Intervallstufe, p2.AnzeigeLöschen),
+              std::make_tuple(2, 12, true));
 }
 
 // A settings file written before the further autostart places were watched has no key for
