@@ -79,9 +79,7 @@ TEST_F(Tray, MouseMessagesAndMenu_OpenTheMenu_SwitchOffAndShowThePanel_ToggleMon
 
     start().Aktiviert();
     start().Form_MouseMove(kRechtsDoppel);
-    EXPECT_TRUE(prg.Alarm().Visible);
-    EXPECT_TRUE(prg.Beschäftigt);
-    EXPECT_EQ(fp.tray.Last().icon, "AUS");
+    EXPECT_EQ(make_tuple(prg.Alarm().Visible, prg.Beschäftigt, fp.tray.Last().icon), make_tuple(true, true, "AUS"));
 
     // "Einstellungen" opens the panel on its first page.
     start().Aktiviert();
@@ -132,22 +130,18 @@ TEST_F(Beenden, NoToTheQuestion_OpensThePanelAndKeepsRunning_YesRemovesTheIconAn
     start().fox1_Click(6);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     Meldung(0, "Wollen sie die Überwachung beenden?", "Kestrella-Info!");
-    EXPECT_TRUE(prg.Alarm().Visible);
-    EXPECT_FALSE(prg.Beenden);
-    EXPECT_TRUE(fp.tray.Shown());
+    auto zustand = [&] { return make_tuple(prg.Alarm().Visible, prg.Beenden, fp.tray.Shown()); };
+    EXPECT_EQ(zustand(), make_tuple(true, false, true));
     fp.dialogs.antworten = {kIdYes};
     start().fox1_Click(6);
-    EXPECT_TRUE(prg.Beenden);
-    EXPECT_FALSE(fp.tray.Shown());
+    EXPECT_EQ(std::make_pair(prg.Beenden, fp.tray.Shown()), std::make_pair(true, false));
 }
 
 TEST_F(Beenden, SessionEndDuringAWarningOrTaskManagerClose_EndWithoutAQuestion) {
     prg.Kategorieschlüssel = Kategorie::HostsDatei;
     prg.Form3().Show();
     prg.AlarmEntladen(kEntladenSitzungsende);
-    EXPECT_TRUE(fp.dialogs.meldungen.empty());
-    EXPECT_TRUE(prg.Beenden);
-    EXPECT_FALSE(prg.Form3Geladen());
+    EXPECT_EQ(make_tuple(fp.dialogs.meldungen.empty(), prg.Beenden, prg.Form3Geladen()), make_tuple(true, true, false));
 
     prg.Beenden = false;
     start().Aktiviert();
@@ -182,10 +176,9 @@ TEST_F(Beenden, ResetAnsweredNo_StaysWanted_TheTraysBeendenAsksTheResetQuestion_
     prg.Alarm().Label1_MouseUp(10);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
     Meldung(0, frage, "Achtung!!");
-    EXPECT_FALSE(prg.Beenden);
-    EXPECT_TRUE(prg.Zurücksetzen) << "No leaves the reset wanted";
-    EXPECT_TRUE(prg.Alarm().Visible);
-    EXPECT_TRUE(fp.files.Exists(ordner + "kestrella.dat"));
+    // No leaves the reset wanted, the program running and its files.
+    EXPECT_EQ(make_tuple(prg.Beenden, prg.Zurücksetzen, prg.Alarm().Visible, fp.files.Exists(ordner + "kestrella.dat")),
+              make_tuple(false, true, true, true));
 
     start().fox1_Click(6);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 2u);

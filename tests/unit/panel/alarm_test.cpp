@@ -64,13 +64,14 @@ TEST_F(Panel, Boxes_AutostartSoundAndOthersSave_FolderBoxesLoadAnEmptyBaseline_G
     EXPECT_EQ(a().ListView7.Items.size(), 1u);
     EXPECT_FALSE(Gespeichert());
 
+    auto autostart = [&] {
+        return std::make_tuple(fp.registry.HasValue(kRun, "Halvenik-Kestrella"), prg.Start().fox1[5].Checked);
+    };
     a().Box1[0].KlickVomBenutzer();
-    EXPECT_TRUE(fp.registry.HasValue(kRun, "Halvenik-Kestrella"));
-    EXPECT_TRUE(prg.Start().fox1[5].Checked);
+    EXPECT_EQ(autostart(), std::make_tuple(true, true));
     EXPECT_TRUE(Gespeichert());
     a().Box1[0].KlickVomBenutzer();
-    EXPECT_FALSE(fp.registry.HasValue(kRun, "Halvenik-Kestrella"));
-    EXPECT_FALSE(prg.Start().fox1[5].Checked);
+    EXPECT_EQ(autostart(), std::make_tuple(false, false));
 
     fp.files.Delete(datPfad);
     a().Box1[1].KlickVomBenutzer();
@@ -228,8 +229,8 @@ TEST_F(Panel, Links_OpenTheSiteAndAMailWithVersion_SecurityZonesMinimised) {
     EXPECT_NE(fp.shell.geöffnet[1].find("Version 2.2.0 und"), std::string::npos);
     EXPECT_NE(fp.shell.geöffnet[1].find("mailto:" + std::string(kHerstellerMail)), std::string::npos);
     ASSERT_FALSE(fp.shell.kommandos.empty());
-    EXPECT_EQ(fp.shell.kommandos.back().kommando, "rundll32.exe shell32.dll,Control_RunDLL inetcpl.cpl,,1");
-    EXPECT_EQ(fp.shell.kommandos.back().show, 2);
+    EXPECT_EQ(std::make_pair(fp.shell.kommandos.back().kommando, fp.shell.kommandos.back().show),
+              std::make_pair(std::string("rundll32.exe shell32.dll,Control_RunDLL inetcpl.cpl,,1"), 2));
 }
 
 }  // namespace
