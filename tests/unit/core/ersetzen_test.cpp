@@ -13,24 +13,26 @@ namespace {
 
 class Ersetzen : public ProgrammTest {
 protected:
-    std::string Neu(const std::string& pfad) { return ErsatzName(pfad); }
+    void Bag(std::initializer_list<std::pair<const char*, std::int16_t>> werte) {
+        PropertyBag bag;
+        for (const auto& [name, wert] : werte) bag.WriteProperty(name, wert);
+        Einstellungen(bag);
+    }
 };
 
 TEST_F(Ersetzen, OnlyAScratchSettingsFileLeft_IsAFirstRun) {
     PropertyBag bag;
     bag.WriteProperty("Box15", std::int16_t{1});
-    fp.files.Put(Neu(ordner + "Kestrella.dat"), bag.Contents());
+    fp.files.Put(ErsatzName(ordner + "Kestrella.dat"), bag.Contents());
     ASSERT_TRUE(Main(prg));
     EXPECT_TRUE(prg.Form2Geladen()) << "the scratch file is no settings file";
 }
 
 TEST_F(Ersetzen, ScratchFilesBesideSettingsAndList_AreNotReadAndGoAtTheNextWrite) {
-    PropertyBag bag;
-    bag.WriteProperty("Box13", std::int16_t{1});
-    Einstellungen(bag);
-    fp.files.Put(Neu(datPfad), "KPB1 halb");
+    Bag({{"Box13", 1}});
+    fp.files.Put(ErsatzName(datPfad), "KPB1 halb");
     fp.files.Put(ordner + "daten\\AutostartREG.txt", "alt\r\n");
-    fp.files.Put(Neu(ordner + "daten\\AutostartREG.txt"), "alt\r\nhalb\r\n");
+    fp.files.Put(ErsatzName(ordner + "daten\\AutostartREG.txt"), "alt\r\nhalb\r\n");
     ASSERT_TRUE(Main(prg));
     EXPECT_FALSE(prg.Form2Geladen());
     EXPECT_TRUE(fp.dialogs.meldungen.empty());
@@ -38,28 +40,25 @@ TEST_F(Ersetzen, ScratchFilesBesideSettingsAndList_AreNotReadAndGoAtTheNextWrite
     ASSERT_EQ(prg.Alarm().ListView1.Items.size(), 1u);
     EXPECT_EQ(prg.Alarm().ListView1.Items[0].Text, "alt");
     // The start saved the settings anew, over the scratch file.
-    EXPECT_FALSE(fp.files.Exists(Neu(datPfad)));
+    EXPECT_FALSE(fp.files.Exists(ErsatzName(datPfad)));
     EXPECT_EQ(GespeicherteEinstellungen().ReadProperty("box13", BagWert(std::int16_t{0})), BagWert(std::int16_t{1}));
 
     ListeSchreiben(fp.plattform, ordner, "daten\\AutostartREG.txt", {"alt", "neu"});
     EXPECT_EQ(fp.files.Content(ordner + "daten\\AutostartREG.txt"), "alt\r\nneu\r\n");
-    EXPECT_FALSE(fp.files.Exists(Neu(ordner + "daten\\AutostartREG.txt")));
+    EXPECT_FALSE(fp.files.Exists(ErsatzName(ordner + "daten\\AutostartREG.txt")));
 }
 
 // A new file that cannot be completed stands for a crash while it is written.
 TEST_F(Ersetzen, NewFilesThatCannotBeCompleted_LeaveSettingsListAndLogAsTheyWere) {
-    PropertyBag bag;
-    bag.WriteProperty("Box2", std::int16_t{1});
-    bag.WriteProperty("Aufab1", std::int16_t{2});
-    Einstellungen(bag);
+    Bag({{"Box2", 1}, {"Aufab1", 2}});
     ASSERT_TRUE(Main(prg));
     const std::string dat = fp.files.Content(datPfad);
     const std::string liste = ordner + "daten\\AutostartREG.txt", log = ordner + "Kestrella.log";
     fp.files.Put(liste, "alt\r\n");
     fp.files.Put(log, "alter Eintrag\r\n");
     for (const std::string& pfad : {datPfad, liste, log}) {
-        fp.files.Put(Neu(pfad), "");
-        fp.files.Lock(Neu(pfad));
+        fp.files.Put(ErsatzName(pfad), "");
+        fp.files.Lock(ErsatzName(pfad));
     }
 
     prg.Intervallstufe = 7;

@@ -11,64 +11,66 @@
 namespace kes::test {
 namespace {
 
-class Start : public ProgrammTest {};
+using Werte = std::initializer_list<std::pair<const char*, BagWert>>;
 
-TEST_F(Start, Main_FillsPathsAndTheRunHeader) {
+std::string Inhalt(Werte werte) {
+    PropertyBag bag;
+    for (const auto& [name, wert] : werte) bag.WriteProperty(name, wert);
+    return bag.Contents();
+}
+
+class Start : public ProgrammTest {
+protected:
+    void Bag(Werte werte) { fp.files.Put(datPfad, Inhalt(werte)); }
+};
+
+TEST_F(Start, WithoutSettingsFile_MainFillsPathsAndTheRunHeader_TheAssistantOpensAndNothingElseRuns) {
     fp.system.exe = "C:\\Kestrella.exe";
     ASSERT_TRUE(Main(prg));
     EXPECT_EQ(prg.Programmordner, "C:\\") << "a drive root gets no second backslash";
-    EXPECT_EQ(prg.Windowsordner, "C:\\WINDOWS");
-    EXPECT_EQ(prg.Systemordner, "C:\\WINDOWS\\system32");
+    EXPECT_EQ(std::make_pair(prg.Windowsordner, prg.Systemordner),
+              std::make_pair(std::string("C:\\WINDOWS"), std::string("C:\\WINDOWS\\system32")));
     EXPECT_EQ(prg.Logkopf, "\r\n========== 22.11.2026 ===== 14:05:09 ================\r\n");
     EXPECT_TRUE(prg.StartGeladen());
     EXPECT_EQ(fp.files.GetAttributes("C:\\daten"), kAttrDirectory) << "a lost data folder is made anew";
+    ASSERT_TRUE(prg.Form2Geladen());
+    EXPECT_EQ(std::make_tuple(prg.Form2().Visible, prg.Intervallstufe, prg.AlarmGeladen(),
+                              fp.timers.Running(kTimerAlarm1)),
+              std::make_tuple(true, 5, false, false));
 }
 
-TEST_F(Start, WithoutSettingsFile_AssistantOpensAndNothingElseRuns) {
-    ASSERT_TRUE(Main(prg));
-    EXPECT_TRUE(prg.Form2Geladen());
-    EXPECT_TRUE(prg.Form2().Visible);
-    EXPECT_EQ(prg.Intervallstufe, 5);
-    EXPECT_FALSE(prg.AlarmGeladen());
-    EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
-}
-
-TEST_F(Start, SecondStartWithoutSwitch_ShowsTheMessageAndEnds) {
-    fp.system.vorherigeInstanz = true;
-    fp.system.kommandozeile = "/S";
-    EXPECT_FALSE(Main(prg));
-    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text, "Kestrella ist bereits aktiv!.");
-    EXPECT_EQ(fp.dialogs.meldungen[0].flags, kMbOk | kMbSystemModal);
-    EXPECT_TRUE(prg.Beenden);
-    EXPECT_FALSE(prg.Form2Geladen());
-}
-
-TEST_F(Start, AnyLowerCaseS_StartsSilentlyBesideAnotherInstanceAfter3000ms) {
-    fp.system.vorherigeInstanz = true;
-    for (const char* zeile : {"/s", "xsx"}) {
+// Beside another instance only a lower-case s anywhere starts, silently and after 3000 ms.
+TEST_F(Start, SecondStart_EndsWithAMessageUnlessALowerCaseSStartsItSilentlyAfter3000ms) {
+    for (const char* zeile : {"/S", "/s", "xsx"}) {
+        SCOPED_TRACE(zeile);
         fake::FakePlattform eigene;
         eigene.system.vorherigeInstanz = true;
         eigene.system.kommandozeile = zeile;
         Programm p(eigene.plattform);
-        ASSERT_TRUE(Main(p)) << zeile;
-        EXPECT_TRUE(eigene.dialogs.meldungen.empty()) << zeile;
+        if (std::string(zeile) == "/S") {
+            EXPECT_FALSE(Main(p));
+            ASSERT_EQ(eigene.dialogs.meldungen.size(), 1u);
+            EXPECT_EQ(eigene.dialogs.meldungen[0].text, "Kestrella ist bereits aktiv!.");
+            EXPECT_EQ(eigene.dialogs.meldungen[0].flags, kMbOk | kMbSystemModal);
+            EXPECT_TRUE(p.Beenden);
+            EXPECT_FALSE(p.Form2Geladen());
+            continue;
+        }
+        ASSERT_TRUE(Main(p));
+        EXPECT_TRUE(eigene.dialogs.meldungen.empty());
         eigene.timers.Advance(2999);
-        EXPECT_FALSE(p.Form2Geladen()) << zeile;
+        EXPECT_FALSE(p.Form2Geladen());
         eigene.timers.Advance(1);
-        EXPECT_TRUE(p.Form2Geladen()) << zeile;
+        EXPECT_TRUE(p.Form2Geladen());
         EXPECT_FALSE(eigene.timers.Running(kTimerStart2)) << "Timer2 fires once";
     }
 }
 
 TEST_F(Start, LaterRun_LoadsAlarmAtTheFirstBoxBeforeAnyBoxHasItsValue) {
-    PropertyBag bag;
-    bag.WriteProperty("hostsgrösse", std::int32_t{734});
-    bag.WriteProperty("InternetStartPage3", std::string("http://start.example/"));
-    bag.WriteProperty("Box15", std::int16_t{1});
-    bag.WriteProperty("Box19", std::int16_t{1});
-    Einstellungen(bag);
-
+    Bag({{"hostsgrösse", std::int32_t{734}},
+         {"InternetStartPage3", std::string("http://start.example/")},
+         {"Box15", std::int16_t{1}},
+         {"Box19", std::int16_t{1}}});
     bool geprüft = false;
     fp.registry.beimÖffnen = [&](const std::string& pfad) {
         if (pfad != "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run" || geprüft) return;
@@ -82,48 +84,39 @@ TEST_F(Start, LaterRun_LoadsAlarmAtTheFirstBoxBeforeAnyBoxHasItsValue) {
     ASSERT_TRUE(Main(prg));
     EXPECT_TRUE(geprüft);
     AlarmFenster& alarm = prg.Alarm();
-    EXPECT_EQ(alarm.Caption, "Kestrella V2.2.0 AddOn Halvenik");
-    EXPECT_EQ(alarm.Box1[15].value(), 1);
-    EXPECT_EQ(alarm.Box1[19].Caption, "C:\\WINDOWS");
-    EXPECT_EQ(alarm.Box1[20].Caption, "C:\\WINDOWS\\system32");
-    EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
-    EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), 5000);
-    EXPECT_FALSE(prg.Beschäftigt);
-    EXPECT_TRUE(prg.Start().fox1[2].Checked);
-    EXPECT_EQ(prg.Start().fox1[2].Caption, "Überwachung ist aktiv");
-    EXPECT_FALSE(prg.Form2Geladen());
+    EXPECT_EQ(std::make_tuple(alarm.Caption, alarm.Box1[15].value(), alarm.Box1[19].Caption, alarm.Box1[20].Caption),
+              std::make_tuple("Kestrella V2.2.0 AddOn Halvenik", 1, "C:\\WINDOWS", "C:\\WINDOWS\\system32"));
+    EXPECT_EQ(std::make_tuple(fp.timers.Running(kTimerAlarm1), fp.timers.IntervalOf(kTimerAlarm1), prg.Beschäftigt,
+                              prg.Start().fox1[2].Checked, prg.Start().fox1[2].Caption, prg.Form2Geladen()),
+              std::make_tuple(true, 5000, false, true, "Überwachung ist aktiv", false));
 }
 
-TEST_F(Start, AutostartBox_MirrorsTheRunValue) {
+TEST_F(Start, NoBoxKeys_AllBoxesOffButTimerAndTrayOn_TheAutostartBoxMirrorsTheRunValue) {
     fp.registry.SetString("HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella",
                           "C:\\Programme\\Kestrella\\Kestrella.exe /s");
     Einstellungen(PropertyBag());
     ASSERT_TRUE(Main(prg));
     EXPECT_EQ(prg.Alarm().Box1[0].value(), 1);
     EXPECT_TRUE(prg.Start().fox1[5].Checked);
+    for (int i = 1; i < kBoxAnzahl; ++i) EXPECT_EQ(prg.Alarm().Box1[i].value(), 0) << "box " << i;
+    EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
 }
 
 TEST_F(Start, StoredValues_SurviveARestartWithGreyAndStageIntact) {
-    PropertyBag bag;
-    bag.WriteProperty("box7", std::int16_t{2});
-    bag.WriteProperty("box1", std::int16_t{1});
-    bag.WriteProperty("Aufab1", std::int16_t{12});
-    bag.WriteProperty("AnzeigeLöschen", true);
-    Einstellungen(bag);
+    Bag({{"box7", std::int16_t{2}}, {"box1", std::int16_t{1}}, {"Aufab1", std::int16_t{12}},
+         {"AnzeigeLöschen", true}});
     ASSERT_TRUE(Main(prg));
-    EXPECT_EQ(prg.Alarm().Box1[7].value(), 2);
-    EXPECT_EQ(prg.Soundflag, 1);
-    EXPECT_TRUE(prg.AnzeigeLöschen);
-    EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), 12000);
+    EXPECT_EQ(std::make_tuple(prg.Alarm().Box1[7].value(), prg.Soundflag, prg.AnzeigeLöschen,
+                              fp.timers.IntervalOf(kTimerAlarm1)),
+              std::make_tuple(2, 1, true, 12000));
 
     // The start saved what it read; a second program reads the same.
     fake::FakePlattform zweite;
     zweite.files.Put(datPfad, fp.files.Content(datPfad));
     Programm p2(zweite.plattform);
     ASSERT_TRUE(Main(p2));
-    EXPECT_EQ(p2.Alarm().Box1[7].value(), 2);
-    EXPECT_EQ(p2.Intervallstufe, 12);
-    EXPECT_TRUE(p2.AnzeigeLöschen);
+    EXPECT_EQ(std::make_tuple(p2.Alarm().Box1[7].value(), p2.Intervallstufe, p2.AnzeigeLöschen),
+              std::make_tuple(2, 12, true));
 }
 
 // A settings file written before the further autostart places were watched has no key for
@@ -146,16 +139,16 @@ TEST_F(Start, EveryBoxOfTheTable_IsStoredInOrderAndReadBack) {
     }
     // Grey: stored like any value, but switches no watcher on.
     PropertyBag bag;
-    for (int i = 1; i <= höchste; ++i) bag.WriteProperty("Box" + std::to_string(i), std::int16_t{2});
+    std::vector<std::string> erwartet, boxen;
+    for (int i = 1; i <= höchste; ++i) {
+        erwartet.push_back("Box" + std::to_string(i));
+        bag.WriteProperty(erwartet.back(), std::int16_t{2});
+    }
     Einstellungen(bag);
     ASSERT_TRUE(Main(prg));
-
-    std::vector<std::string> boxen;
     const PropertyBag gespeichert = GespeicherteEinstellungen();  // held: the loop reads into it
     for (const PropertyBag::Eintrag& e : gespeichert.Einträge())
         if (e.name.starts_with("Box")) boxen.push_back(e.name);
-    std::vector<std::string> erwartet;
-    for (int i = 1; i <= höchste; ++i) erwartet.push_back("Box" + std::to_string(i));
     EXPECT_EQ(boxen, erwartet);
 
     fake::FakePlattform zweite;
@@ -167,70 +160,48 @@ TEST_F(Start, EveryBoxOfTheTable_IsStoredInOrderAndReadBack) {
 }
 
 TEST_F(Start, StageMissingOrZero_BecomesFive) {
-    PropertyBag bag;
-    bag.WriteProperty("Aufab1", std::int16_t{0});
-    Einstellungen(bag);
+    Bag({{"Aufab1", std::int16_t{0}}});
     ASSERT_TRUE(Main(prg));
     EXPECT_EQ(prg.Intervallstufe, 5);
     EXPECT_EQ(fp.timers.IntervalOf(kTimerAlarm1), 5000);
     EXPECT_EQ(GespeicherteEinstellungen().Finde("Aufab1"), nullptr) << "the default 5 is left out and read back as 5";
 }
 
-TEST_F(Start, NoBoxKeys_AllBoxesOffButTimerAndTrayOn) {
-    Einstellungen(PropertyBag());
-    ASSERT_TRUE(Main(prg));
-    for (int i = 1; i < kBoxAnzahl; ++i) EXPECT_EQ(prg.Alarm().Box1[i].value(), 0) << "box " << i;
-    EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
-}
-
-TEST_F(Start, DamagedSettings_ReportTheNumberAndLeaveTheCycleOff) {
-    const std::string gut = [] {
-        PropertyBag bag;
-        bag.WriteProperty("hostsgrösse", std::int32_t{99});
-        bag.WriteProperty("Box4", std::int16_t{1});
-        return bag.Contents();
-    }();
+// A file that cannot be read whole is reported, is no first run, and is not overwritten;
+// a wrong type keeps the values read before it.
+TEST_F(Start, DamagedLockedOrMistypedSettings_ReportTheNumberAndLeaveTheCycleOff) {
+    const std::string gut = Inhalt({{"hostsgrösse", std::int32_t{99}}, {"Box4", std::int16_t{1}}});
     struct Fall {
         std::string inhalt;
-        std::string meldung;
+        int nummer;
+        bool gesperrt = false;
+        std::int32_t hosts = -1;
     };
     const Fall fälle[] = {
-        {"kein Eigenschaftenblock", "(Modul Starten, Properties_Load) Fehler: 321"},
-        {gut.substr(0, gut.size() - 1), "(Modul Starten, Properties_Load) Fehler: 62"},
-        {gut + "x", "(Modul Starten, Properties_Load) Fehler: 321"},
-        {"", "(Modul Starten, Properties_Load) Fehler: 62"},
+        {"kein Eigenschaftenblock", 321},
+        {gut.substr(0, gut.size() - 1), 62},
+        {gut + "x", 321},
+        {"", 62},
+        {Inhalt({}), 75, true},
+        {Inhalt({{"hostsgrösse", std::int32_t{55}}, {"Aufab1", std::string("schnell")}}), 13, false, 55},
     };
     for (const auto& fall : fälle) {
+        SCOPED_TRACE(fall.nummer);
         fake::FakePlattform eigene;
         eigene.files.Put(datPfad, fall.inhalt);
+        if (fall.gesperrt) eigene.files.Lock(datPfad);
         Programm p(eigene.plattform);
         ASSERT_TRUE(Main(p));
         ASSERT_EQ(eigene.dialogs.meldungen.size(), 1u);
-        EXPECT_EQ(eigene.dialogs.meldungen[0].text, fall.meldung);
+        EXPECT_EQ(eigene.dialogs.meldungen[0].text,
+                  "(Modul Starten, Properties_Load) Fehler: " + std::to_string(fall.nummer));
         EXPECT_FALSE(eigene.timers.Running(kTimerAlarm1));
         EXPECT_FALSE(p.Form2Geladen()) << "a damaged file is no first run";
         EXPECT_EQ(eigene.files.Content(datPfad), fall.inhalt) << "nothing overwrites the damaged file";
+        if (fall.hosts >= 0) {
+            EXPECT_EQ(p.Hostsgrösse, fall.hosts) << "values read so far stay";
+        }
     }
-}
-
-TEST_F(Start, WrongTypeForAKey_IsReportedAfterTheValuesBeforeIt) {
-    PropertyBag bag;
-    bag.WriteProperty("hostsgrösse", std::int32_t{55});
-    bag.WriteProperty("Aufab1", std::string("schnell"));
-    Einstellungen(bag);
-    ASSERT_TRUE(Main(prg));
-    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Modul Starten, Properties_Load) Fehler: 13");
-    EXPECT_EQ(prg.Hostsgrösse, 55) << "values read so far stay";
-}
-
-TEST_F(Start, LockedSettingsFile_IsReportedNotTakenForAFirstRun) {
-    Einstellungen(PropertyBag());
-    fp.files.Lock(datPfad);
-    ASSERT_TRUE(Main(prg));
-    ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text, "(Modul Starten, Properties_Load) Fehler: 75");
-    EXPECT_FALSE(prg.Form2Geladen());
 }
 
 }  // namespace

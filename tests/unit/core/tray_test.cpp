@@ -10,67 +10,64 @@
 namespace kes::test {
 namespace {
 
+using std::make_tuple;
+
 class Tray : public ProgrammTest {
 protected:
     void SetUp() override { Pfade(); }
     StartFenster& start() { return prg.Start(); }
     const std::string runSchlüssel = "HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
+    // Tip, info, info title, info flags, timeout and icon of the last record.
+    auto Satz() {
+        const TrayRecord& r = fp.tray.Last();
+        return make_tuple(r.szTip, r.szInfo, r.szInfoTitle, r.dwInfoFlags, r.uTimeout, r.icon);
+    }
+    // Busy flag, cycle timer, and the check and caption of the menu's switch.
+    auto Zustand() {
+        return make_tuple(prg.Beschäftigt, fp.timers.Running(kTimerAlarm1), start().fox1[2].Checked,
+                          start().fox1[2].Caption);
+    }
+    std::string RunWert() {
+        return HiveOCX(fp.registry)
+            .ReadValue(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella");
+    }
+    void Meldung(std::size_t i, const std::string& text, const std::string& titel) {
+        ASSERT_GT(fp.dialogs.meldungen.size(), i);
+        EXPECT_EQ(make_tuple(fp.dialogs.meldungen[i].text, fp.dialogs.meldungen[i].titel), make_tuple(text, titel));
+    }
 };
 
-TEST_F(Tray, Aktiviert_ReplacesTheIconWithTheOnRecordAndStartsTheCycle) {
+TEST_F(Tray, Aktiviert_ReplacesTheIconWithTheOnRecordAndStartsTheCycle_NichtAktiviertTheOffRecordAndStopsIt) {
     prg.Beschäftigt = true;
     prg.Alarm().Show();
     start().Aktiviert();
     ASSERT_EQ(fp.tray.aufrufe.size(), 2u);
-    EXPECT_EQ(fp.tray.aufrufe[0].message, kNimDelete);
-    EXPECT_EQ(fp.tray.aufrufe[1].message, kNimAdd);
+    EXPECT_EQ(make_tuple(fp.tray.aufrufe[0].message, fp.tray.aufrufe[1].message), make_tuple(kNimDelete, kNimAdd));
     const TrayRecord& r = fp.tray.Last();
-    EXPECT_EQ(r.cbSize, 488u);
-    EXPECT_EQ(r.uFlags, 23u);
-    EXPECT_EQ(r.uCallbackMessage, 512u);
-    EXPECT_EQ(r.szTip, "Kestrella ist aktiv");
-    EXPECT_EQ(r.szInfo, "Überwachung ist aktiviert");
-    EXPECT_EQ(r.szInfoTitle, "Kestrella-Info ") << "with its trailing blank";
-    EXPECT_EQ(r.dwInfoFlags, 1u);
-    EXPECT_EQ(r.uTimeout, 1000u);
-    EXPECT_EQ(r.icon, "BLINKTRAY");
-    EXPECT_FALSE(prg.Beschäftigt);
-    EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
-    EXPECT_TRUE(start().fox1[2].Checked);
-    EXPECT_EQ(start().fox1[2].Caption, "Überwachung ist aktiv");
+    EXPECT_EQ(make_tuple(r.cbSize, r.uFlags, r.uCallbackMessage), make_tuple(488u, 23u, 512u));
+    // The title with its trailing blank.
+    EXPECT_EQ(Satz(), make_tuple("Kestrella ist aktiv", "Überwachung ist aktiviert", "Kestrella-Info ", 1u, 1000u,
+                                 "BLINKTRAY"));
+    EXPECT_EQ(Zustand(), make_tuple(false, true, true, "Überwachung ist aktiv"));
     EXPECT_FALSE(prg.Alarm().Visible);
-}
 
-TEST_F(Tray, NichtAktiviert_ShowsTheOffRecordAndStopsTheCycle) {
-    start().Aktiviert();
     start().NichtAktiviert();
-    const TrayRecord& r = fp.tray.Last();
-    EXPECT_EQ(r.szTip, "Kestrella ist deaktiviert");
-    EXPECT_EQ(r.szInfo, "Überwachung ist deaktiviert!");
-    EXPECT_EQ(r.szInfoTitle, "Kestrella-Info") << "no trailing blank here";
-    EXPECT_EQ(r.dwInfoFlags, 3u);
-    EXPECT_EQ(r.icon, "AUS");
-    EXPECT_TRUE(prg.Beschäftigt);
-    EXPECT_FALSE(fp.timers.Running(kTimerAlarm1));
-    EXPECT_FALSE(start().fox1[2].Checked);
-    EXPECT_EQ(start().fox1[2].Caption, "Überwachung ist deaktiviert");
+    EXPECT_EQ(Satz(), make_tuple("Kestrella ist deaktiviert", "Überwachung ist deaktiviert!", "Kestrella-Info", 3u,
+                                 1000u, "AUS"));
+    EXPECT_EQ(Zustand(), make_tuple(true, false, false, "Überwachung ist deaktiviert"));
 }
 
 TEST_F(Tray, Sprechblase_KeepsTheCallersTipWithFixedFlagAndTimeout) {
     Sprechblase(prg, "Kestrella-Info", "Favorit gelöscht", "Kestrella ist aktiv", 3, 1000);
-    const TrayRecord& r = fp.tray.Last();
-    EXPECT_EQ(r.szTip, "Kestrella ist aktiv");
-    EXPECT_EQ(r.szInfo, "Favorit gelöscht");
-    EXPECT_EQ(r.dwInfoFlags, 2u);
-    EXPECT_EQ(r.uTimeout, 1u);
-    EXPECT_EQ(r.icon, "") << "without an icon the tray shows none";
+    // Without an icon the tray shows none.
+    EXPECT_EQ(Satz(), make_tuple("Kestrella ist aktiv", "Favorit gelöscht", "Kestrella-Info", 2u, 1u, ""));
     EXPECT_TRUE(fp.tray.Shown());
     start().TaskleisteNeu();
     EXPECT_EQ(fp.tray.aufrufe.back().message, kNimAdd) << "a restarted taskbar gets the icon back";
     EXPECT_EQ(fp.tray.Last().szInfo, "Favorit gelöscht");
 }
 
-TEST_F(Tray, MouseMessages_OpenTheMenuOrSwitchOffAndShowThePanel) {
+TEST_F(Tray, MouseMessagesAndMenu_OpenTheMenu_SwitchOffAndShowThePanel_ToggleMonitoring_OpenTheLog) {
     start().Form_MouseMove(kLinksLos);
     EXPECT_TRUE(start().MenüÖffnen);
     start().MenüÖffnen = false;
@@ -82,53 +79,26 @@ TEST_F(Tray, MouseMessages_OpenTheMenuOrSwitchOffAndShowThePanel) {
 
     start().Aktiviert();
     start().Form_MouseMove(kRechtsDoppel);
-    EXPECT_TRUE(prg.Alarm().Visible);
-    EXPECT_TRUE(prg.Beschäftigt);
-    EXPECT_EQ(fp.tray.Last().icon, "AUS");
-}
+    EXPECT_EQ(make_tuple(prg.Alarm().Visible, prg.Beschäftigt, fp.tray.Last().icon), make_tuple(true, true, "AUS"));
 
-TEST_F(Tray, Einstellungen_SwitchesOffAndOpensThePanelOnItsFirstPage) {
+    // "Einstellungen" opens the panel on its first page.
     start().Aktiviert();
     start().fox1_Click(0);
     EXPECT_TRUE(prg.Alarm().Visible);
     EXPECT_TRUE(prg.Alarm().Frame1[0].Visible);
     EXPECT_EQ(fp.tray.Last().szInfo, "Überwachung ist deaktiviert!");
     EXPECT_FALSE(start().fox1[2].Checked);
-    EXPECT_EQ(prg.Alarm().Label1[0].BackColor, 255);
-    EXPECT_EQ(prg.Alarm().Label1[3].BackColor, 12648384);
-}
+    EXPECT_EQ(make_tuple(prg.Alarm().Label1[0].BackColor, prg.Alarm().Label1[3].BackColor), make_tuple(255, 12648384));
 
-TEST_F(Tray, MenuSwitch_TogglesMonitoring) {
     start().Aktiviert();
     start().fox1_Click(2);
     EXPECT_TRUE(prg.Beschäftigt);
     start().fox1_Click(2);
     EXPECT_FALSE(prg.Beschäftigt);
     EXPECT_TRUE(fp.timers.Running(kTimerAlarm1));
-}
 
-TEST_F(Tray, AutostartTwice_LeavesTheRunValueAsItWasAndTheBoxEqualToTheMenu) {
-    start().fox1_Click(5);
-    EXPECT_TRUE(fp.registry.HasValue(runSchlüssel, "Halvenik-Kestrella"));
-    EXPECT_TRUE(start().fox1[5].Checked);
-    EXPECT_EQ(prg.Alarm().Box1[0].value(), 1);
-    start().fox1_Click(5);
-    EXPECT_FALSE(fp.registry.HasValue(runSchlüssel, "Halvenik-Kestrella"));
-    EXPECT_FALSE(start().fox1[5].Checked);
-    EXPECT_EQ(prg.Alarm().Box1[0].value(), 0);
-}
-
-TEST_F(Tray, AutostartOn_DoesNotRewriteAValueThatPointsElsewhere) {
-    prg.Alarm();  // loaded without the value: the menu entry is unchecked
-    fp.registry.SetString(runSchlüssel, "Halvenik-Kestrella", "D:\\alt\\Kestrella.exe /s");
-    start().fox1_Click(5);
-    EXPECT_EQ(
-        HiveOCX(fp.registry).ReadValue(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella"),
-        "D:\\alt\\Kestrella.exe /s");
-    EXPECT_EQ(prg.Alarm().Box1[0].value(), 1);
-}
-
-TEST_F(Tray, LogMenu_OpensNotepadWithoutQuotesOnlyWhenThereIsALog) {
+    // The log entry opens notepad, without quotes, only when there is a log.
+    fp.shell.kommandos.clear();
     start().fox1_Click(3);
     EXPECT_TRUE(fp.shell.kommandos.empty());
     fp.files.Put(ordner + "Kestrella.log", "x");
@@ -137,41 +107,48 @@ TEST_F(Tray, LogMenu_OpensNotepadWithoutQuotesOnlyWhenThereIsALog) {
     EXPECT_EQ(fp.shell.kommandos[0].kommando, "notepad.exe C:\\Programme\\Kestrella\\Kestrella.log");
 }
 
+TEST_F(Tray, AutostartTwice_LeavesTheRunValueAsItWasAndTheBoxEqualToTheMenu_AForeignValueStays) {
+    auto autostart = [&] {
+        return make_tuple(fp.registry.HasValue(runSchlüssel, "Halvenik-Kestrella"), start().fox1[5].Checked,
+                          prg.Alarm().Box1[0].value());
+    };
+    start().fox1_Click(5);
+    EXPECT_EQ(autostart(), make_tuple(true, true, 1));
+    start().fox1_Click(5);
+    EXPECT_EQ(autostart(), make_tuple(false, false, 0));
+    fp.registry.SetString(runSchlüssel, "Halvenik-Kestrella", "D:\\alt\\Kestrella.exe /s");
+    start().fox1_Click(5);
+    EXPECT_EQ(RunWert(), "D:\\alt\\Kestrella.exe /s");
+    EXPECT_EQ(prg.Alarm().Box1[0].value(), 1);
+}
+
 class Beenden : public Tray {};
 
-TEST_F(Beenden, NoToTheQuestion_OpensThePanelAndKeepsRunning) {
+TEST_F(Beenden, NoToTheQuestion_OpensThePanelAndKeepsRunning_YesRemovesTheIconAndEnds) {
+    start().Aktiviert();
     fp.dialogs.antworten = {kIdNo};
     start().fox1_Click(6);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text, "Wollen sie die Überwachung beenden?");
-    EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Kestrella-Info!");
-    EXPECT_TRUE(prg.Alarm().Visible);
-    EXPECT_FALSE(prg.Beenden);
-}
-
-TEST_F(Beenden, YesToTheQuestion_RemovesTheIconAndEnds) {
-    start().Aktiviert();
+    Meldung(0, "Wollen sie die Überwachung beenden?", "Kestrella-Info!");
+    auto zustand = [&] { return make_tuple(prg.Alarm().Visible, prg.Beenden, fp.tray.Shown()); };
+    EXPECT_EQ(zustand(), make_tuple(true, false, true));
     fp.dialogs.antworten = {kIdYes};
     start().fox1_Click(6);
-    EXPECT_TRUE(prg.Beenden);
-    EXPECT_FALSE(fp.tray.Shown());
+    EXPECT_EQ(std::make_pair(prg.Beenden, fp.tray.Shown()), std::make_pair(true, false));
 }
 
-TEST_F(Beenden, SessionEndDuringAWarning_EndsWithoutAQuestion) {
+TEST_F(Beenden, SessionEndDuringAWarningOrTaskManagerClose_EndWithoutAQuestion) {
     prg.Kategorieschlüssel = Kategorie::HostsDatei;
     prg.Form3().Show();
     prg.AlarmEntladen(kEntladenSitzungsende);
-    EXPECT_TRUE(fp.dialogs.meldungen.empty());
-    EXPECT_TRUE(prg.Beenden);
-    EXPECT_FALSE(prg.Form3Geladen());
-}
+    EXPECT_EQ(make_tuple(fp.dialogs.meldungen.empty(), prg.Beenden, prg.Form3Geladen()), make_tuple(true, true, false));
 
-TEST_F(Beenden, TaskManagerClose_EndsWithoutAQuestionAndTakesTheIcon) {
+    prg.Beenden = false;
     start().Aktiviert();
     prg.AlarmEntladen(kEntladenTaskmanager);
     EXPECT_TRUE(fp.dialogs.meldungen.empty());
     EXPECT_TRUE(prg.Beenden);
-    EXPECT_FALSE(fp.tray.Shown());
+    EXPECT_FALSE(fp.tray.Shown()) << "the task manager's close takes the icon";
     EXPECT_TRUE(fp.shell.kommandos.empty()) << "no restart";
 }
 
@@ -198,26 +175,22 @@ TEST_F(Beenden, ResetAnsweredNo_StaysWanted_TheTraysBeendenAsksTheResetQuestion_
     prg.Alarm().Label1_MouseDown(10);
     prg.Alarm().Label1_MouseUp(10);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 1u);
-    EXPECT_EQ(fp.dialogs.meldungen[0].text, frage);
-    EXPECT_EQ(fp.dialogs.meldungen[0].titel, "Achtung!!");
-    EXPECT_FALSE(prg.Beenden);
-    EXPECT_TRUE(prg.Zurücksetzen) << "No leaves the reset wanted";
-    EXPECT_TRUE(prg.Alarm().Visible);
-    EXPECT_TRUE(fp.files.Exists(ordner + "kestrella.dat"));
+    Meldung(0, frage, "Achtung!!");
+    // No leaves the reset wanted, the program running and its files.
+    EXPECT_EQ(make_tuple(prg.Beenden, prg.Zurücksetzen, prg.Alarm().Visible, fp.files.Exists(ordner + "kestrella.dat")),
+              make_tuple(false, true, true, true));
 
     start().fox1_Click(6);
     ASSERT_EQ(fp.dialogs.meldungen.size(), 2u);
     EXPECT_EQ(fp.dialogs.meldungen[1].text, frage) << "the reset question, not the question to end";
     for (const char* d : kResetDateien) EXPECT_FALSE(fp.files.Exists(ordner + d)) << d;
     for (const char* d : kBleibende) EXPECT_EQ(fp.files.Content(ordner + d), "bleibt") << d;
-    EXPECT_EQ(
-        HiveOCX(fp.registry).ReadValue(1, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run", "Halvenik-Kestrella"),
-        ordner + "Kestrella.exe /s");
+    EXPECT_EQ(RunWert(), ordner + "Kestrella.exe /s");
     EXPECT_FALSE(fp.tray.Shown());
     ASSERT_EQ(fp.shell.kommandos.size(), 1u);
-    EXPECT_EQ(fp.shell.kommandos[0].kommando, "\"C:\\Programme\\Kestrella\\kestrella.exe\" /s")
-        << "quoted, so that a folder with blanks starts too";
-    EXPECT_EQ(fp.shell.kommandos[0].show, 2);
+    // Quoted, so that a folder with blanks starts too.
+    EXPECT_EQ(make_tuple(fp.shell.kommandos[0].kommando, fp.shell.kommandos[0].show),
+              make_tuple("\"C:\\Programme\\Kestrella\\kestrella.exe\" /s", 2));
     EXPECT_TRUE(prg.Beenden);
 }
 

@@ -6,7 +6,7 @@
 namespace kes::test {
 namespace {
 
-TEST(Leiste, LoadTakesOneAsYes_AnyOtherValueAsNo) {
+TEST(Leiste, LoadHoverAndRelease) {
     Leiste l;
     l.Laden("A", 1, 1, "B", 0, 1, "C", 1, 2, "D", -1, 0, "E", 1, 1);
     EXPECT_EQ(l.Einträge[0].Caption, "A");
@@ -14,33 +14,26 @@ TEST(Leiste, LoadTakesOneAsYes_AnyOtherValueAsNo) {
     EXPECT_TRUE(l.Einträge[1].Enabled);
     EXPECT_FALSE(l.Einträge[2].Enabled);
     EXPECT_FALSE(l.Einträge[3].Visible);
-}
 
-TEST(Leiste, HoverLightsOneEntry_LeavingReleasesAndDimsAll) {
-    Leiste l;
-    l.MausBewegung(1, true);
-    l.MausBewegung(3, true);
-    EXPECT_TRUE(l.Gefangen);
-    EXPECT_EQ(l.Einträge[3].Anzeige, Leiste::Bild::Hover);
-    EXPECT_EQ(l.Einträge[3].Farbe, 255);
-    EXPECT_EQ(l.Einträge[1].Anzeige, Leiste::Bild::Normal);
-    EXPECT_EQ(l.Einträge[1].Farbe, 0);
-    l.MausBewegung(3, false);
-    EXPECT_FALSE(l.Gefangen);
-    for (const auto& e : l.Einträge) EXPECT_EQ(e.Anzeige, Leiste::Bild::Normal);
-}
+    Leiste h;
+    h.MausBewegung(1, true);
+    h.MausBewegung(3, true);
+    EXPECT_TRUE(h.Gefangen);
+    EXPECT_EQ(h.Einträge[3].Anzeige, Leiste::Bild::Hover);
+    EXPECT_EQ(h.Einträge[3].Farbe, 255);
+    EXPECT_EQ(h.Einträge[1].Anzeige, Leiste::Bild::Normal);
+    EXPECT_EQ(h.Einträge[1].Farbe, 0);
+    h.MausBewegung(3, false);
+    EXPECT_FALSE(h.Gefangen);
+    for (const auto& e : h.Einträge) EXPECT_EQ(e.Anzeige, Leiste::Bild::Normal);
 
-TEST(Leiste, ReleaseNamesTheEntrysLeftEdgeAndItsFootLess40Twips) {
-    Leiste l;
-    l.Resize(5000, 600);
+    // A release names the entry's left edge and its foot less 40 twips.
+    h.Resize(5000, 600);
     int index = -1, knopf = 0, x = 0, y = 0;
-    l.Klick = [&](int& i, int& k, int& px, int& py) { index = i, knopf = k, x = px, y = py; };
-    l.MausLos(2, 1);
-    EXPECT_EQ(index, 2);
-    EXPECT_EQ(knopf, 1);
-    EXPECT_EQ(x, 2000);
-    EXPECT_EQ(y, 560);
-    EXPECT_EQ(l.Einträge[2].Anzeige, Leiste::Bild::Gedrückt);
+    h.Klick = [&](int& i, int& k, int& px, int& py) { index = i, knopf = k, x = px, y = py; };
+    h.MausLos(2, 1);
+    EXPECT_EQ(std::vector<int>({index, knopf, x, y}), std::vector<int>({2, 1, 2000, 560}));
+    EXPECT_EQ(h.Einträge[2].Anzeige, Leiste::Bild::Gedrückt);
 }
 
 }  // namespace

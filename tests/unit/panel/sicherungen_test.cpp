@@ -21,9 +21,7 @@ protected:
         f.Text1[2].Text = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
         f.Text1[3].Text = "Tool";
         ListItem& z = f.ListView4.Add("Tool");  // the registry row, as the watcher fills it
-        z.SetSubItem(1, "HKEY_CURRENT_USER");
-        z.SetSubItem(2, "Software\\Microsoft\\Windows\\CurrentVersion\\Run");
-        z.SetSubItem(3, "Tool");
+        for (int i = 1; i <= 3; ++i) z.SetSubItem(i, f.Text1[i].Text);
         f.Image_Click(3);
         ASSERT_FALSE(fp.registry.HasValue(kRun, "Tool"));
     }
@@ -42,8 +40,8 @@ TEST_F(SicherungenSeite, ADeletedValueIsListedAndComesBackFromThePage) {
     a().Label1_MouseUp(11);
     EXPECT_EQ(a().SichtbareSeite(), kSeiteSicherungen);
     ASSERT_EQ(a().Sicherungen.Items.size(), 1u);
-    EXPECT_EQ(a().Sicherungen.Items[0].Text, "22.11.2026 14:05:09");
-    EXPECT_EQ(a().Sicherungen.Items[0].SubItem(3), kRun + "\\Tool");
+    EXPECT_EQ(std::make_tuple(a().Sicherungen.Items[0].Text, a().Sicherungen.Items[0].SubItem(3)),
+              std::make_tuple("22.11.2026 14:05:09", kRun + "\\Tool"));
     EXPECT_NE(a().SicherungenGrösse.Caption.find("Sicherungen: 1"), std::string::npos);
 
     a().SicherungenAuswahl = 0;
@@ -53,8 +51,7 @@ TEST_F(SicherungenSeite, ADeletedValueIsListedAndComesBackFromThePage) {
     EXPECT_EQ(Wert(), vorher);
     const auto journal = Journal(fp.files, fp.system, ordner).Lesen().einträge;
     ASSERT_FALSE(journal.empty());
-    EXPECT_EQ(journal.back().ereignis, "restore");
-    EXPECT_EQ(journal.back().ziel, kRun + "\\Tool");
+    EXPECT_EQ(std::tie(journal.back().ereignis, journal.back().ziel), std::make_tuple("restore", kRun + "\\Tool"));
 
     // The value stands again: a second restore asks, and "Nein" leaves it as it is.
     fp.registry.SetString(kRun, "Tool", "neu");
@@ -99,7 +96,25 @@ TEST_F(SicherungenSeite, EveryPanelListsFileAndLoaderBelongToIt) {
         }
 }
 
-TEST_F(SicherungenSeite, AnEntryDeletedFromAListComesBackIntoListAndFile) {
+// A choice that changes no file leaves no backup; an entry deleted from a list comes back
+// into list and file.
+TEST_F(SicherungenSeite, OnlyAChangedListFileIsBackedUp_AndComesBackIntoListAndFile) {
+    fp.files.Put(ordner + "daten\\0190.txt", std::string("Netz\x80") + "0190123\r\n");
+    a().dfü.LadeDFÜ();
+    ASSERT_FALSE(a().ListView2.Items.empty());
+    a().ListView2.Items[0].Selected = true;
+    a().Ausnahmen.MausLos(Ausnahmeliste::ListView2);
+    a().Ausnahmen.MenüKlick(Ausnahmeliste::ListView2, 0);  // "Info zur DFÜ-Verbindung"
+    a().SicherungenLaden();
+    EXPECT_TRUE(a().Sicherungen.Items.empty());
+    FindData d;
+    int dateien = 0;
+    for (FileFind f = fp.files.FindFirst(ordner + "daten\\Sicherung\\*.*", &d); f;) {
+        dateien += !(d.attributes & kAttrDirectory);
+        if (!fp.files.FindNext(f.Get(), &d)) break;
+    }
+    EXPECT_EQ(dateien, 0);
+
     const std::string datei = ordner + "daten\\AutostartREG.txt";
     fp.files.Put(datei, "HKEY_CURRENT_USER\\Run\\A\r\nHKEY_CURRENT_USER\\Run\\B\r\n");
     a().autostartRegistry.LadeAutostartregistry();
@@ -118,24 +133,6 @@ TEST_F(SicherungenSeite, AnEntryDeletedFromAListComesBackIntoListAndFile) {
     a().sicherung1_Click(0);
     EXPECT_EQ(fp.files.Content(datei), vorher);
     EXPECT_EQ(a().ListView1.Items.size(), 2u) << "the list reads its file again";
-}
-
-TEST_F(SicherungenSeite, AChoiceThatChangesNoFileLeavesNoBackup) {
-    fp.files.Put(ordner + "daten\\0190.txt", std::string("Netz\x80") + "0190123\r\n");
-    a().dfü.LadeDFÜ();
-    ASSERT_FALSE(a().ListView2.Items.empty());
-    a().ListView2.Items[0].Selected = true;
-    a().Ausnahmen.MausLos(Ausnahmeliste::ListView2);
-    a().Ausnahmen.MenüKlick(Ausnahmeliste::ListView2, 0);  // "Info zur DFÜ-Verbindung"
-    a().SicherungenLaden();
-    EXPECT_TRUE(a().Sicherungen.Items.empty());
-    FindData d;
-    int dateien = 0;
-    for (FileFind f = fp.files.FindFirst(ordner + "daten\\Sicherung\\*.*", &d); f;) {
-        dateien += !(d.attributes & kAttrDirectory);
-        if (!fp.files.FindNext(f.Get(), &d)) break;
-    }
-    EXPECT_EQ(dateien, 0);
 }
 
 }  // namespace

@@ -8,19 +8,33 @@
 namespace kes::test {
 namespace {
 
-TEST(Box, ClickSwapsOnAndOff_GreyIgnoresIt_CodeNeverRaises) {
+using Zahlen = std::vector<int>;
+
+TEST(Box, ClickSwapsOnAndOff_GreyAndUnknownValuesIgnoreIt_CodeNeverRaises) {
     Box b;
-    std::vector<int> gehört;
+    Zahlen gehört;
     b.Click = [&](std::int16_t& neu) { gehört.push_back(neu); };
     b.setValue(1);
     EXPECT_TRUE(gehört.empty());
     b.KlickVomBenutzer();
     b.KlickVomBenutzer();
-    EXPECT_EQ(gehört, (std::vector<int>{0, 1}));
-    b.setValue(2);
-    b.KlickVomBenutzer();
-    EXPECT_EQ(b.value(), 2);
-    EXPECT_EQ(gehört.size(), 2u);
+    EXPECT_EQ(gehört, (Zahlen{0, 1}));
+    for (std::int16_t wert : {2, 7}) {
+        b.setValue(wert);
+        b.KlickVomBenutzer();
+        EXPECT_EQ(b.value(), wert);
+        EXPECT_EQ(gehört.size(), 2u) << wert;
+    }
+}
+
+TEST(AufAb, WithoutNumbers_NoFilterAndZeroPassedOn) {
+    AufAb a;
+    Zahlen gemeldet;
+    a.TextValue = [&](std::int32_t& z) { gemeldet.push_back(z); };
+    a.SetText("abc");
+    a.PfeilSchritt(true);
+    EXPECT_EQ(a.Text(), "abc");
+    EXPECT_EQ(gemeldet, (Zahlen{0}));
 }
 
 class Stufenfeld : public ::testing::Test {
@@ -31,10 +45,10 @@ protected:
         a.TextValue = [&](std::int32_t& z) { gemeldet.push_back(z); };
     }
     AufAb a;
-    std::vector<int> gemeldet;
+    Zahlen gemeldet;
 };
 
-TEST_F(Stufenfeld, LimitsAndFilters) {
+TEST_F(Stufenfeld, LimitsAndFilters_ArrowsStopAtTheLimitsAndTellTwicePerStep) {
     a.SetText("45");
     EXPECT_EQ(a.Text(), "30");
     a.SetText("");
@@ -43,45 +57,23 @@ TEST_F(Stufenfeld, LimitsAndFilters) {
     EXPECT_EQ(a.Text(), "1") << "a letter cuts the last character";
     a.SetText("1x2");
     EXPECT_EQ(a.Text(), "1") << "the faulty one in the middle stays, the last goes";
-    EXPECT_EQ(gemeldet, (std::vector<int>{30, 0, 1, 1}));
+    EXPECT_EQ(gemeldet, (Zahlen{30, 0, 1, 1}));
     a.SetText("1");
     EXPECT_EQ(gemeldet.size(), 4u) << "the same text raises nothing";
-}
 
-TEST_F(Stufenfeld, ArrowsStopAtTheLimitsAndTellTwicePerStep) {
     a.SetText("29");
     gemeldet.clear();
     a.PfeilSchritt(true);
     EXPECT_EQ(a.Text(), "30");
-    EXPECT_EQ(gemeldet, (std::vector<int>{30, 30}));
+    EXPECT_EQ(gemeldet, (Zahlen{30, 30}));
     gemeldet.clear();
     a.PfeilSchritt(true);
-    EXPECT_EQ(gemeldet, (std::vector<int>{30}));
+    EXPECT_EQ(gemeldet, (Zahlen{30}));
     a.SetText("0");
     gemeldet.clear();
     a.PfeilSchritt(false);
     EXPECT_EQ(a.Text(), "0");
-    EXPECT_EQ(gemeldet, (std::vector<int>{0}));
-}
-
-TEST(AufAb, WithoutNumbers_NoFilterAndZeroPassedOn) {
-    AufAb a;
-    std::vector<int> gemeldet;
-    a.TextValue = [&](std::int32_t& z) { gemeldet.push_back(z); };
-    a.SetText("abc");
-    a.PfeilSchritt(true);
-    EXPECT_EQ(a.Text(), "abc");
-    EXPECT_EQ(gemeldet, (std::vector<int>{0}));
-}
-
-TEST(Box, UnknownValueKeepsNumber_ClickRaisesNothing) {
-    Box b;
-    int gehört = 0;
-    b.Click = [&](std::int16_t&) { ++gehört; };
-    b.setValue(7);
-    b.KlickVomBenutzer();
-    EXPECT_EQ(b.value(), 7);
-    EXPECT_EQ(gehört, 0);
+    EXPECT_EQ(gemeldet, (Zahlen{0}));
 }
 
 // The arrows on window timers: 100 ms per step while held.
@@ -97,7 +89,7 @@ protected:
     fake::FakeTimers uhr;
 };
 
-TEST_F(Pfeile, QuickClickChangesNothing) {
+TEST_F(Pfeile, QuickClickChangesNothing_HeldArrowStepsEvery100msTellingTwicePerStep_NoTimerWithoutNumbers) {
     a.PfeilDrücken(0);
     EXPECT_TRUE(a.Gedrückt(0));
     uhr.Advance(99);
@@ -106,19 +98,15 @@ TEST_F(Pfeile, QuickClickChangesNothing) {
     uhr.Advance(500);
     EXPECT_EQ(a.Text(), "5");
     EXPECT_TRUE(gemeldet.empty());
-}
 
-TEST_F(Pfeile, HeldArrowStepsEvery100ms_TellingTwicePerStep) {
     a.PfeilDrücken(1);
     uhr.Advance(250);
     a.PfeilLoslassen(1);
     EXPECT_EQ(a.Text(), "3");
-    EXPECT_EQ(gemeldet, (std::vector<int>{4, 4, 3, 3}));
+    EXPECT_EQ(gemeldet, (Zahlen{4, 4, 3, 3}));
     EXPECT_FALSE(uhr.Running(5));
-}
 
-TEST_F(Pfeile, WithoutNumbersTheTimerNeverStarts) {
-    a.Zahlen = false;
+    a.Zahlen = false;  // without numbers the timer never starts
     a.PfeilDrücken(0);
     EXPECT_FALSE(uhr.Running(4));
     a.PfeilLoslassen(0);

@@ -9,6 +9,8 @@
 namespace kes::test {
 namespace {
 
+using Texte = std::vector<std::string>;
+
 TEST(GrösseFormat, EveryBranchWithTheSystemsSeparators) {
     const Zahlenformat de{',', '.'};
     struct Fall {
@@ -16,24 +18,12 @@ TEST(GrösseFormat, EveryBranchWithTheSystemsSeparators) {
         bool mitBytes;
         const char* text;
     };
-    const Fall fälle[] = {
-        {0, false, "0 Bytes"},
-        {1, false, "1 Byte"},
-        {734, false, "734 Bytes"},
-        {1023, true, "1.023 Bytes"},
-        {1024, false, "1,00 KB"},
-        {1024, true, "1,00 KB (1.024 Bytes)"},
-        {10239, false, "10,00 KB"},
-        {10240, false, "10,0 KB"},
-        {102400, false, "100 KB"},
-        {1048576, false, "1,00 MB"},
-        {10485760, false, "10,0 MB"},
-        {104857600, false, "100 MB"},
-        {1024.0 * 999999, false, "977 MB"},
-        {1024.0 * 1000000, false, ""},
-        {1024.0 * 10000000, true, " (10.240.000.000 Bytes)"},
-        {1024.0 * 10000001, false, "9,54 GB"},
-    };
+    const Fall fälle[] = {{0, false, "0 Bytes"}, {1, false, "1 Byte"}, {734, false, "734 Bytes"},
+                          {1023, true, "1.023 Bytes"}, {1024, false, "1,00 KB"}, {1024, true, "1,00 KB (1.024 Bytes)"},
+                          {10239, false, "10,00 KB"}, {10240, false, "10,0 KB"}, {102400, false, "100 KB"},
+                          {1048576, false, "1,00 MB"}, {10485760, false, "10,0 MB"}, {104857600, false, "100 MB"},
+                          {1024.0 * 999999, false, "977 MB"}, {1024.0 * 1000000, false, ""},
+                          {1024.0 * 10000000, true, " (10.240.000.000 Bytes)"}, {1024.0 * 10000001, false, "9,54 GB"}};
     for (const Fall& f : fälle) EXPECT_EQ(GrösseFormat(f.n, f.mitBytes, de), f.text) << f.n;
     EXPECT_EQ(GrösseFormat(1536, true, Zahlenformat{'.', ','}), "1.50 KB (1,536 Bytes)");
 }
@@ -53,14 +43,12 @@ protected:
     fake::FakePlattform fp;
 };
 
-TEST_F(Dateihilfen, LockedFileCountsAsAbsent) {
+TEST_F(Dateihilfen, LockedFileCountsAsAbsent_DeleteClearsReadOnly) {
     fp.files.Put("C:\\a.txt", "x");
     EXPECT_TRUE(DateiVorhanden(fp.plattform, "C:\\A.TXT"));
     fp.files.Lock("C:\\a.txt");
     EXPECT_FALSE(DateiVorhanden(fp.plattform, "C:\\a.txt"));
-}
 
-TEST_F(Dateihilfen, DeleteClearsReadOnly) {
     fp.files.Put("C:\\schreibgeschützt.txt", "x", kAttrReadOnly | kAttrHidden);
     EXPECT_TRUE(DateiLöschen(fp.plattform, "C:\\schreibgeschützt.txt"));
     EXPECT_FALSE(fp.files.Exists("C:\\schreibgeschützt.txt"));
@@ -71,70 +59,52 @@ TEST_F(Dateihilfen, DeleteFailure_ReportsTheRuntimesNumberNotTheSystemsCode) {
     fp.files.Put("C:\\offen.txt", "x");
     fp.files.Lock("C:\\offen.txt");
     fp.files.MakeDirs("C:\\Ordner");
-    struct Fall {
-        const char* datei;
-        const char* nummer;
-    };
-    for (const Fall& f : {Fall{"C:\\fehlt.txt", "53"}, Fall{"C:\\offen.txt", "70"}, Fall{"C:\\Ordner", "70"},
-                          Fall{"C:\\Kein Ordner\\x.txt", "75"}}) {
+    for (const auto& [datei, nummer] : {std::pair{"C:\\fehlt.txt", "53"}, std::pair{"C:\\offen.txt", "70"},
+                                        std::pair{"C:\\Ordner", "70"}, std::pair{"C:\\Kein Ordner\\x.txt", "75"}}) {
         fp.dialogs.meldungen.clear();
-        EXPECT_FALSE(DateiLöschen(fp.plattform, f.datei));
-        ASSERT_EQ(fp.dialogs.meldungen.size(), 1u) << f.datei;
+        EXPECT_FALSE(DateiLöschen(fp.plattform, datei));
+        ASSERT_EQ(fp.dialogs.meldungen.size(), 1u) << datei;
         EXPECT_EQ(fp.dialogs.meldungen[0].text,
-                  std::string("Datei :") + f.datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + f.nummer);
+                  std::string("Datei :") + datei + "\r\nkonnte nicht gelöscht werden.\r\nFehler Nr: " + nummer);
     }
 }
 
-TEST_F(Dateihilfen, CentresOnScreenOrOnOwner) {
+TEST_F(Dateihilfen, CentresOnScreenOrOnOwner_SoundsAndShellCalls) {
     Fenster f;
     f.Width = 200;
     f.Height = 100;
     FensterMitte(fp.plattform, f);
-    EXPECT_EQ(f.Left, 412);
-    EXPECT_EQ(f.Top, 334);
+    EXPECT_EQ(std::make_pair(f.Left, f.Top), std::make_pair(412, 334));
     Fenster besitzer;
     besitzer.Left = 100, besitzer.Top = 50, besitzer.Width = 400, besitzer.Height = 300;
     FensterMitte(fp.plattform, f, &besitzer);
-    EXPECT_EQ(f.Left, 200);
-    EXPECT_EQ(f.Top, 150);
-}
+    EXPECT_EQ(std::make_pair(f.Left, f.Top), std::make_pair(200, 150));
 
-TEST_F(Dateihilfen, SoundsAndShellCalls) {
     EXPECT_TRUE(SoundSpielen(fp.plattform, "ALARM"));
     EXPECT_FALSE(SoundSpielen(fp.plattform, "GIBTESNICHT"));
     MailSchreiben(fp.plattform, "a@b", "Betreff", "Text");
     SeiteÖffnen(fp.plattform, "http://x/");
-    ASSERT_EQ(fp.shell.geöffnet.size(), 2u);
-    EXPECT_EQ(fp.shell.geöffnet[0], "Open|mailto:a@b?Subject=Betreff&Body=Text|");
-    EXPECT_EQ(fp.shell.geöffnet[1], "|http://x/|");
+    EXPECT_EQ(fp.shell.geöffnet, (Texte{"Open|mailto:a@b?Subject=Betreff&Body=Text|", "|http://x/|"}));
 }
 
-TEST(Leser, Lines) {
-    EXPECT_EQ(ZeilenLesen("a\r\n\r\nb\rc"), (std::vector<std::string>{"a", "", "b", "c"}));
-    EXPECT_EQ(ZeilenLesen("a\r\n"), (std::vector<std::string>{"a"}));
-}
-
-using Felder = std::vector<std::string>;
-
-TEST(Feldleser, CommaAndLineEnd_BothEndAnEntry_QuotesGo) {
-    EXPECT_EQ(FelderLesen("eins,zwei\r\n\"mit, Komma\",drei\r\n"), (Felder{"eins", "zwei", "mit, Komma", "drei"}));
-    EXPECT_EQ(FelderLesen("\"a#C:\\X.EXE\"\r\nb#C:\\Y.EXE"), (Felder{"a#C:\\X.EXE", "b#C:\\Y.EXE"}))
-        << "a last line without its end still counts";
-    EXPECT_EQ(FelderLesen("  a  ,\tb\nc"), (Felder{"a", "b", "c"})) << "blanks around an entry go";
-}
-
-TEST(Feldleser, PathWithAComma_IsReadAsTwoBrokenEntries) {
-    EXPECT_EQ(FelderLesen("tool.exe#C:\\A,B\\TOOL.EXE\r\nx.exe#C:\\X.EXE\r\n"),
-              (Felder{"tool.exe#C:\\A", "B\\TOOL.EXE", "x.exe#C:\\X.EXE"}));
-    EXPECT_EQ(FelderLesen("a#C:\\1#2.EXE"), (Felder{"a#C:\\1#2.EXE"})) << "further # stay in the entry";
-}
-
-TEST(Feldleser, FirstEmptyEntry_EndsTheReading) {
-    EXPECT_EQ(FelderLesen("a\r\n\r\nb\r\n"), (Felder{"a"})) << "an empty line";
-    EXPECT_EQ(FelderLesen("a,,b"), (Felder{"a"})) << "two commas";
-    EXPECT_EQ(FelderLesen("a,\"\",b"), (Felder{"a"})) << "empty quotes";
-    EXPECT_EQ(FelderLesen("   \r\na"), (Felder{})) << "blanks only";
-    EXPECT_EQ(FelderLesen(""), (Felder{}));
+// Lines; and fields, where a comma and a line end both end an entry, quotes go, and the
+// first empty entry ends the reading.
+TEST(Leser, LinesAndFields) {
+    EXPECT_EQ(ZeilenLesen("a\r\n\r\nb\rc"), (Texte{"a", "", "b", "c"}));
+    EXPECT_EQ(ZeilenLesen("a\r\n"), (Texte{"a"}));
+    const std::pair<const char*, Texte> felder[] = {
+        {"eins,zwei\r\n\"mit, Komma\",drei\r\n", {"eins", "zwei", "mit, Komma", "drei"}},
+        {"\"a#C:\\X.EXE\"\r\nb#C:\\Y.EXE", {"a#C:\\X.EXE", "b#C:\\Y.EXE"}},  // a last line without its end
+        {"  a  ,\tb\nc", {"a", "b", "c"}},                                       // blanks around an entry go
+        // A path with a comma is read as two broken entries; further # stay in the entry.
+        {"tool.exe#C:\\A,B\\TOOL.EXE\r\nx.exe#C:\\X.EXE\r\n", {"tool.exe#C:\\A", "B\\TOOL.EXE", "x.exe#C:\\X.EXE"}},
+        {"a#C:\\1#2.EXE", {"a#C:\\1#2.EXE"}},
+        {"a\r\n\r\nb\r\n", {"a"}},
+        {"a,,b", {"a"}},
+        {"a,\"\",b", {"a"}},
+        {"   \r\na", {}},
+        {"", {}}};
+    for (const auto& [text, erwartet] : felder) EXPECT_EQ(FelderLesen(text), erwartet) << text;
 }
 
 TEST(ListeFärben, ColumnsAndRows) {

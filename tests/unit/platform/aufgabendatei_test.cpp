@@ -7,21 +7,12 @@
 namespace kes {
 namespace {
 
-// UTF-16 little-endian bytes, with the byte order mark when asked.
-std::string Le(const std::u16string& s, bool bom = true) {
-    std::string aus = bom ? "\xFF\xFE" : "";
+// UTF-16 bytes, little-endian unless asked, with the byte order mark when asked.
+std::string Le(const std::u16string& s, bool bom = true, bool be = false) {
+    std::string aus = !bom ? "" : be ? "\xFE\xFF" : "\xFF\xFE";
     for (char16_t c : s) {
-        aus += static_cast<char>(c & 0xFF);
-        aus += static_cast<char>(c >> 8);
-    }
-    return aus;
-}
-
-std::string Be(const std::u16string& s) {
-    std::string aus = "\xFE\xFF";
-    for (char16_t c : s) {
-        aus += static_cast<char>(c >> 8);
-        aus += static_cast<char>(c & 0xFF);
+        aus += static_cast<char>(be ? c >> 8 : c & 0xFF);
+        aus += static_cast<char>(be ? c & 0xFF : c >> 8);
     }
     return aus;
 }
@@ -39,26 +30,21 @@ std::string Utf8(const std::string& aktionen, const std::string& kopf = "<?xml v
     return kopf + "\r\n<Task><Actions>" + aktionen + "</Actions></Task>\r\n";
 }
 
-struct XmlFall {
+struct Fall {
     const char* fall;
     std::string inhalt;
     std::string befehl;
 };
 
-const XmlFall kXml[] = {
-    {"UTF-16 with its mark",
-     Le(Aufgabe(u"<Exec><Command>C:\\x.exe</Command><Arguments>/a /b</Arguments>"
-                u"<WorkingDirectory>C:\\w</WorkingDirectory></Exec>")),
-     "C:\\x.exe /a /b"},
-    {"UTF-16 big-endian", Be(Aufgabe(u"<Exec><Command>C:\\x.exe</Command></Exec>")), "C:\\x.exe"},
+const Fall kXml[] = {
+    {"UTF-16 with its mark", Le(Aufgabe(u"<Exec><Command>C:\\x.exe</Command><Arguments>/a /b</Arguments>"
+                                         u"<WorkingDirectory>C:\\w</WorkingDirectory></Exec>")), "C:\\x.exe /a /b"},
+    {"UTF-16 big-endian", Le(Aufgabe(u"<Exec><Command>C:\\x.exe</Command></Exec>"), true, true), "C:\\x.exe"},
     {"UTF-16 without a mark", Le(Aufgabe(u"<Exec><Command>C:\\x.exe</Command></Exec>"), false), "C:\\x.exe"},
     {"UTF-16, characters the code page lacks and one it has",
      Le(Aufgabe(u"<Exec><Command>C:\\\u263A\U0001F600\u00F6\u20AC.exe</Command></Exec>")), "C:\\??\xF6\x80.exe"},
-    {"UTF-8 with its mark",
-     "\xEF\xBB\xBF" + Utf8("<Exec><Command>C:\\Gr\xC3\xB6\xC3\x9F"
-                           "e.exe</Command></Exec>"),
-     "C:\\Gr\xF6\xDF"
-     "e.exe"},
+    {"UTF-8 with its mark", "\xEF\xBB\xBF" + Utf8("<Exec><Command>C:\\Gr\xC3\xB6\xC3\x9F" "e.exe</Command></Exec>"),
+     "C:\\Gr\xF6\xDF" "e.exe"},
     {"UTF-8 without a mark", Utf8("<Exec><Command>C:\\\xC3\xA4.exe</Command></Exec>"), "C:\\\xE4.exe"},
     // Declared so, bytes that would be UTF-8 are two characters.
     {"ANSI, declared",
@@ -70,9 +56,7 @@ const XmlFall kXml[] = {
           "<Arguments>&quot;&lt;x&gt;&apos; &#65;&#x42; &#x20AC; &#x263A; &unbekannt; &amp;amp;</Arguments></Exec>"),
      "C:\\a&b.exe \"<x>' AB \x80 ? &unbekannt; &amp;"},
     {"blanks and line ends around and inside",
-     Utf8("<Exec><Command>\r\n  C:\\x.exe\t</Command>"
-          "<Arguments> /a\r\n/b </Arguments></Exec>"),
-     "C:\\x.exe /a  /b"},
+     Utf8("<Exec><Command>\r\n  C:\\x.exe\t</Command><Arguments> /a\r\n/b </Arguments></Exec>"), "C:\\x.exe /a  /b"},
     {"no arguments", Utf8("<Exec><Command>C:\\x.exe</Command><Arguments/></Exec>"), "C:\\x.exe"},
     {"arguments without a command", Utf8("<Exec><Arguments>/a</Arguments></Exec>"), "/a"},
     {"arguments first", Utf8("<Exec><Arguments>/a</Arguments><Command>C:\\x.exe</Command></Exec>"), "C:\\x.exe /a"},
@@ -81,8 +65,7 @@ const XmlFall kXml[] = {
     {"the first of two Exec actions",
      Utf8("<Exec><Command>C:\\erst.exe</Command></Exec><Exec><Command>C:\\zweit.exe</Command></Exec>"), "C:\\erst.exe"},
     {"a commented-out Exec",
-     Utf8("<!-- a > b <Exec><Command>C:\\alt.exe</Command></Exec> -->"
-          "<Exec><Command>C:\\x.exe</Command></Exec>"),
+     Utf8("<!-- a > b <Exec><Command>C:\\alt.exe</Command></Exec> --><Exec><Command>C:\\x.exe</Command></Exec>"),
      "C:\\x.exe"},
     {"a namespace prefix and attributes holding > and />",
      Utf8("<t:Exec id=\"a>b\"><t:Command a=\"/>\">C:\\x.exe</t:Command></t:Exec>"), "C:\\x.exe"},
@@ -100,7 +83,7 @@ const XmlFall kXml[] = {
 };
 
 TEST(Aufgabendatei, XmlTask_CommandAndArgumentsOfTheFirstExec) {
-    for (const XmlFall& f : kXml) EXPECT_EQ(AufgabenbefehlXml(f.inhalt), f.befehl) << f.fall;
+    for (const Fall& f : kXml) EXPECT_EQ(AufgabenbefehlXml(f.inhalt), f.befehl) << f.fall;
 }
 
 // The fixed section (0x44 bytes), the running instances (2), then the application name and
@@ -117,30 +100,22 @@ std::string Job(const std::u16string& programm, const std::u16string& parameter)
     return d + std::string(20, '\x22');  // the rest of the file: user, comment, triggers
 }
 
-struct JobFall {
-    const char* fall;
-    std::string inhalt;
-    std::string befehl;
-};
-
-const JobFall kJobs[] = {
+const Fall kJobs[] = {
     {"name and parameters", Job(u"C:\\WINDOWS\\x.exe", u"/s /q"), "C:\\WINDOWS\\x.exe /s /q"},
     {"no parameters", Job(u"C:\\x.exe", u""), "C:\\x.exe"},
     {"characters of and outside the code page", Job(u"C:\\Gr\u00F6\u00DFe\\\u263A.exe", u"\u20AC"),
-     "C:\\Gr\xF6\xDF"
-     "e\\?.exe \x80"},
+     "C:\\Gr\xF6\xDF" "e\\?.exe \x80"},
     {"cut short inside the name", Job(u"C:\\x.exe", u"/s").substr(0, 0x46 + 2 + 6), ""},
     {"cut short before the parameters", Job(u"C:\\x.exe", u"/s").substr(0, 0x46 + 2 + 18), ""},
     {"cut short in the fixed section", Job(u"C:\\x.exe", u"").substr(0, 0x30), ""},
     {"characters after the closing NUL",
      std::string(0x46, '\0') + "\x05" + std::string(1, '\0') + Le(std::u16string(u"ab\0cd", 5), false) +
-         std::string(2, '\0'),
-     "ab"},
+         std::string(2, '\0'), "ab"},
     {"a count past the end", std::string(0x46, '\0') + "\xFF\xFF" + "ab", ""},
 };
 
 TEST(Aufgabendatei, JobTask_ApplicationNameAndParameters) {
-    for (const JobFall& f : kJobs) EXPECT_EQ(AufgabenbefehlJob(f.inhalt), f.befehl) << f.fall;
+    for (const Fall& f : kJobs) EXPECT_EQ(AufgabenbefehlJob(f.inhalt), f.befehl) << f.fall;
 }
 
 }  // namespace

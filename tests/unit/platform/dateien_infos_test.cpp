@@ -25,16 +25,14 @@ protected:
     }
 };
 
-TEST_F(DateienUndInfos, FileOf4GiBOrMore_KeepsOnlyTheLowWordOfItsLength) {
+TEST_F(DateienUndInfos, FileOf4GiBOrMore_KeepsOnlyTheLowWordOfItsLength_AFolderMatchingTheFilterIsWalkedTwice) {
     fp.files.Put("C:\\gross\\image.iso", "x");
     fp.details.SetLength("C:\\gross\\image.iso", 0x100000010ULL);
-    std::vector<DateiEintrag> records;
-    DateienSuchen(p, "C:\\gross", false, "*.*", records);
-    ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0].Grösse, 0x10u);
-}
+    std::vector<DateiEintrag> gross;
+    DateienSuchen(p, "C:\\gross", false, "*.*", gross);
+    ASSERT_EQ(gross.size(), 1u);
+    EXPECT_EQ(gross[0].Grösse, 0x10u);
 
-TEST_F(DateienUndInfos, FolderMatchingTheFilter_IsWalkedTwice) {
     fp.files.Put("C:\\baum\\alt.txt\\innen.txt", "i");
     std::vector<DateiEintrag> records;
     DateienSuchen(p, "C:\\baum", true, "*.txt", records);
@@ -71,7 +69,7 @@ TEST_F(DateienUndInfos, SpaltenAnpassen_SetsEveryColumnOfAReportOnly) {
     EXPECT_EQ(liste.nachrichten.size(), 3u) << "a list that is not a report is left alone";
 }
 
-TEST_F(DateienUndInfos, DateiInfos_FirstTranslationWithoutAField_GivesUnbekanntThoughTheSecondHasIt) {
+TEST_F(DateienUndInfos, DateiInfos_FirstTranslationDecides_BlankLongNulAndLockedTexts) {
     fp.files.Put("C:\\app.exe", "MZ");
     auto v = Version({{"CompanyName", "Firma"}, {"ProductName", "  "}});
     v.übersetzungen.push_back({0x0409, 0x04B0, {{"FileVersion", "9.9"}}});
@@ -81,25 +79,20 @@ TEST_F(DateienUndInfos, DateiInfos_FirstTranslationWithoutAField_GivesUnbekanntT
     EXPECT_EQ(d.CompanyName, "Firma");
     EXPECT_EQ(d.FileVersion, "Unbekannt");
     EXPECT_EQ(d.ProductName, "Unbekannt") << "blanks count as missing";
-}
 
-TEST_F(DateienUndInfos, DateiInfos_LongTextIsCutAt255_AndTheTextEndsAtItsFirstNul) {
-    fp.files.Put("C:\\app.exe", "MZ");
+    // A long text is cut at 255, a text ends at its first NUL.
     fp.details.SetVersion("C:\\app.exe",
                           Version({{"Comments", std::string(300, 'k')}, {"CompanyName", std::string("vor\0nach", 8)}}));
-    DateiVersion d;
-    DateiInfos(p, "C:\\app.exe", d);
-    EXPECT_EQ(d.Comments, std::string(255, 'k'));
-    EXPECT_EQ(d.CompanyName, "vor");
-}
+    DateiVersion lang;
+    DateiInfos(p, "C:\\app.exe", lang);
+    EXPECT_EQ(lang.Comments, std::string(255, 'k'));
+    EXPECT_EQ(lang.CompanyName, "vor");
 
-TEST_F(DateienUndInfos, DateiInfos_LockedFile_CountsAsMissing) {
-    fp.files.Put("C:\\app.exe", "MZ");
     fp.details.SetVersion("C:\\app.exe", Version({{"CompanyName", "Firma"}}));
     fp.files.Lock("C:\\app.exe");
-    DateiVersion d;
-    DateiInfos(p, "C:\\app.exe", d);
-    EXPECT_EQ(d.CompanyName, "Unbekannt");
+    DateiVersion gesperrt;
+    DateiInfos(p, "C:\\app.exe", gesperrt);
+    EXPECT_EQ(gesperrt.CompanyName, "Unbekannt") << "a locked file counts as missing";
 }
 
 TEST_F(DateienUndInfos, DateiKurzinfo_TypeNamesByFileType) {
@@ -112,9 +105,7 @@ TEST_F(DateienUndInfos, DateiKurzinfo_TypeNamesByFileType) {
         v.dateityp = typ;
         fp.details.SetVersion("C:\\x\\datei.bin", v);
         const DateiKurz k = DateiKurzinfo(p, "C:\\x\\datei.bin");
-        EXPECT_EQ(k.Typ, text) << typ;
-        EXPECT_EQ(k.Version, "1.2.3.4");
-        EXPECT_EQ(k.Dateiname, "datei.bin");
+        EXPECT_EQ(std::make_tuple(k.Typ, k.Version, k.Dateiname), std::make_tuple(text, "1.2.3.4", "datei.bin")) << typ;
     }
 }
 
@@ -124,10 +115,9 @@ TEST_F(DateienUndInfos, DateiZeiten_AreLocalTimeToTheSecond) {
     const std::uint64_t ft = 134398263090000007ULL;
     EXPECT_EQ(AusFiletime(ft).Text(), "22.11.2026  13:05:09");
     fp.files.Put("C:\\zeit.txt", "x");
-    Zeitpunkt e, z, g;
+    Zeitpunkt e, z, g, e2, z2, g2;
     ASSERT_TRUE(DateiZeiten(p, "C:\\zeit.txt", e, z, g));
     fp.details.ortszeitMinuten = 120;
-    Zeitpunkt e2, z2, g2;
     ASSERT_TRUE(DateiZeiten(p, "C:\\zeit.txt", e2, z2, g2));
     EXPECT_EQ((g2.Stunde - g.Stunde + 24) % 24, 1);
 }

@@ -10,18 +10,21 @@ class ErsterLauf : public ProgrammTest {
 protected:
     void SetUp() override { Pfade(); }
     void Prozess(const std::string& name, std::uint32_t pid, const std::string& pfad, bool verweigert = false) {
-        fake::FakeProzess p;
+        fake::FakeProzess& p = fp.processes.prozesse.emplace_back();
         p.name = name;
         p.pid = pid;
         p.pfad = pfad;
         p.öffnenVerweigert = verweigert;
-        fp.processes.prozesse.push_back(p);
     }
     std::string Baseline() { return fp.files.Content(ordner + "daten\\prozesse.txt"); }
 };
 
-TEST_F(ErsterLauf, WritesEveryProcessButTheSystemsOwn_WithThePathsFound) {
+TEST_F(ErsterLauf, WritesEveryProcessButTheSystemsOwn_WithThePathsFound_NoneLeavesAnEmptyFile) {
     fp.files.Put(ordner + "daten\\prozesse.txt", "alt.exe#C:\\ALT.EXE\r\n");
+    ErstemalAnzeigen(prg);
+    EXPECT_TRUE(fp.files.Exists(ordner + "daten\\prozesse.txt"));
+    EXPECT_EQ(Baseline(), "");
+
     fp.files.Put("C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe", "MZ");
     fp.files.Put("C:\\WINDOWS\\explorer.exe", "MZ");
     Prozess("[System Process]", 0, "");
@@ -43,13 +46,6 @@ TEST_F(ErsterLauf, WritesEveryProcessButTheSystemsOwn_WithThePathsFound) {
     ASSERT_EQ(prg.Prozesstabelle().Prozesse.size(), 7u) << "the baseline is taken from the program's one table";
     EXPECT_EQ(prg.Prozesstabelle().Prozesse[3].Path, "C:\\WINDOWS\\system32\\wbem\\wmiprvse.exe");
     EXPECT_FALSE(prg.AlarmGeladen()) << "the assistant fills it before Alarm loads";
-}
-
-TEST_F(ErsterLauf, NoProcessesAtAll_LeavesAnEmptyFile) {
-    fp.files.Put(ordner + "daten\\prozesse.txt", "alt.exe#C:\\ALT.EXE\r\n");
-    ErstemalAnzeigen(prg);
-    EXPECT_TRUE(fp.files.Exists(ordner + "daten\\prozesse.txt"));
-    EXPECT_EQ(Baseline(), "");
 }
 
 }  // namespace

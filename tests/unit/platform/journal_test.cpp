@@ -37,9 +37,8 @@ TEST_F(JournalDatei, IdsGrowFromTheLastWholeLineAndTextsComeBackAsTheyWent) {
     const auto inhalt = j.Lesen();
     ASSERT_EQ(inhalt.einträge.size(), 2u);
     EXPECT_TRUE(inhalt.hinweise.empty());
-    EXPECT_EQ(inhalt.einträge[1].ziel, "b");
-    EXPECT_EQ(inhalt.einträge[1].texte, Eintrag("b").texte);
-    EXPECT_EQ(inhalt.einträge[1].kategorie, "DFÜ");
+    const JournalEintrag& b = inhalt.einträge[1];
+    EXPECT_EQ(std::tie(b.ziel, b.texte, b.kategorie), std::make_tuple("b", Eintrag("b").texte, "DFÜ"));
 }
 
 TEST_F(JournalDatei, ALineCutShortStaysAloneAndTheNextIdFollowsTheLastWholeOne) {
@@ -47,8 +46,7 @@ TEST_F(JournalDatei, ALineCutShortStaysAloneAndTheNextIdFollowsTheLastWholeOne) 
     EXPECT_EQ(j.Schreiben(Eintrag("neu")), 8);
     const auto inhalt = j.Lesen();
     ASSERT_EQ(inhalt.einträge.size(), 2u);
-    EXPECT_EQ(inhalt.einträge[1].id, 8);
-    EXPECT_EQ(inhalt.einträge[1].ziel, "neu");
+    EXPECT_EQ(std::tie(inhalt.einträge[1].id, inhalt.einträge[1].ziel), std::make_tuple(8, "neu"));
     ASSERT_EQ(inhalt.hinweise.size(), 2u);
     EXPECT_NE(inhalt.hinweise[0].find("Zeile 2"), std::string::npos);
     EXPECT_NE(inhalt.hinweise[1].find("Zeile 3"), std::string::npos);

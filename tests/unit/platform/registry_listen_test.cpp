@@ -15,11 +15,6 @@ protected:
     fake::FakePlattform fp;
     Registry reg{fp.plattform};
     const std::string dienste = "SYSTEM\\CurrentControlSet\\Services";
-
-    void Dienste(int anzahl) {
-        for (int i = 0; i < anzahl; ++i)
-            fp.registry.MakeKey("HKEY_LOCAL_MACHINE\\" + dienste + "\\Dienst" + std::to_string(i));
-    }
 };
 
 TEST_F(RegistryListen, CutOffFollowsTheCategoryKey_AnyWalkUnderDiensteGivesUpPast3000Entries) {
@@ -28,10 +23,10 @@ TEST_F(RegistryListen, CutOffFollowsTheCategoryKey_AnyWalkUnderDiensteGivesUpPas
         Kategorie schlüssel;
         std::size_t einträge;  // the surplus entry of the failing call included
     };
-    const Fall fälle[] = {
-        {2999, Kategorie::Dienste, 3000}, {3000, Kategorie::Dienste, 0},  // the surplus entry is the 3001st
-        {3001, Kategorie::Dienste, 0},    {3001, Kategorie::ToolBar, 3002}, {3001, Kategorie::Keine, 3002},
-    };
+    // The surplus entry is the 3001st at 3000 subkeys.
+    const Fall fälle[] = {{2999, Kategorie::Dienste, 3000}, {3000, Kategorie::Dienste, 0},
+                          {3001, Kategorie::Dienste, 0},    {3001, Kategorie::ToolBar, 3002},
+                          {3001, Kategorie::Keine, 3002}};
     int angelegt = 0;
     for (const Fall& f : fälle) {
         for (; angelegt < f.unterschlüssel; ++angelegt)
@@ -39,12 +34,8 @@ TEST_F(RegistryListen, CutOffFollowsTheCategoryKey_AnyWalkUnderDiensteGivesUpPas
         EXPECT_EQ(reg.GetSubkeys(kHkeyLocalMachine, dienste, f.schlüssel).size(), f.einträge)
             << f.unterschlüssel << " subkeys under " << KategorieName(f.schlüssel);
     }
-}
-
-TEST_F(RegistryListen, CutOff_ReadsTheKeyAtEveryRound) {
-    // The process-wide key, not a copy taken at the start: it can change while the walk
-    // lets window messages run.
-    Dienste(3001);
+    // The cut-off reads the process-wide key at every round, not a copy taken at the start:
+    // it can change while the walk lets window messages run.
     Kategorie schlüssel = Kategorie::Keine;
     fp.timers.beimPumpen.push_back([&] { schlüssel = Kategorie::Dienste; });
     EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, dienste, schlüssel).empty());
@@ -58,7 +49,7 @@ protected:
     void SetUp() override { fp.timers.vorDerPumpe = nullptr; }
 };
 
-TEST_F(RegistryListenOffen, WalkLetsWindowMessagesRunThreeTimesARound) {
+TEST_F(RegistryListenOffen, WalkLetsWindowMessagesRunThreeTimesARound_AKeyDeletedMeanwhileEndsItInsteadOfSpinning) {
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\A\\Eins");
     RegKey h;
     reg.OpenKey(kHkeyCurrentUser, "Software\\A", h);
@@ -69,30 +60,26 @@ TEST_F(RegistryListenOffen, WalkLetsWindowMessagesRunThreeTimesARound) {
     EXPECT_EQ(fp.timers.pumpen - vorher, 6) << "two rounds";
     EXPECT_EQ(geklickt, 1) << "a pending click runs in the middle of the walk";
     EXPECT_TRUE(reg.CloseKey(h));
-}
 
-TEST_F(RegistryListenOffen, KeyDeletedDuringTheWalk_EndsTheWalkInsteadOfSpinning) {
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\Weg\\Eins");
     fp.registry.MakeKey("HKEY_CURRENT_USER\\Software\\Weg\\Zwei");
-    RegKey h;
-    reg.OpenKey(kHkeyCurrentUser, "Software\\Weg", h);
+    RegKey w;
+    reg.OpenKey(kHkeyCurrentUser, "Software\\Weg", w);
     // Another program removes the key between two rounds of the walk.
     fp.timers.beimPumpen.push_back([&] {
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Eins", kAnsichtNativ);
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg\\Zwei", kAnsichtNativ);
         fp.registry.DeleteKey(kHkeyCurrentUser, "Software\\Weg", kAnsichtNativ);
     });
-    EXPECT_TRUE(reg.EnumSubkeys(h.Get(), Kategorie::Keine).empty());
-    EXPECT_TRUE(reg.EnumValues(h.Get()).empty());
+    EXPECT_TRUE(reg.EnumSubkeys(w.Get(), Kategorie::Keine).empty());
+    EXPECT_TRUE(reg.EnumValues(w.Get()).empty());
 }
 
-TEST_F(RegistryListen, MissingKey_GetSubkeysAndGetValueNamesEndInsteadOfSpinning) {
+TEST_F(RegistryListen, MissingKey_GetSubkeysAndGetValueNamesEndInsteadOfSpinning_RootNamesAndHiveCodes) {
     EXPECT_TRUE(reg.GetSubkeys(kHkeyLocalMachine, "SOFTWARE\\Fehlt", Kategorie::Keine).empty());
     EXPECT_TRUE(reg.GetValueNames(kHkeyLocalMachine, "SOFTWARE\\Fehlt").empty());
     EXPECT_EQ(fp.registry.OpenHandles(), 0);
-}
 
-TEST_F(RegistryListen, RootNamesAndHiveCodes) {
     EXPECT_EQ(RootName(kHkeyCurrentUser), "HKEY_CURRENT_USER");
     EXPECT_EQ(RootName(0x1234), "");
     EXPECT_EQ(HiveVonHandle(kHkeyClassesRoot), 0);
