@@ -115,4 +115,9 @@ kes_line_count() {
   src=$(git ls-files -z src | xargs -0 cat | wc -l)
   tests=$(git ls-files -z tests ':!:tests/fuzz/corpus' | xargs -0 cat | wc -l)
   echo "lines: src $src, tests $tests ($((100 * tests / src)) % of src)"
+  local d parts=""
+  for d in $(git ls-files tests ':!:tests/fuzz/corpus' | awk -F/ 'NF > 2 {print $2}' | sort -u); do
+    parts+=" $d $(git ls-files -z "tests/$d" ':!:tests/fuzz/corpus' | xargs -0 cat | wc -l),"
+  done
+  echo "tests by folder:${parts%,}"
 }
