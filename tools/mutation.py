@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Mutation testing of the portable logic: how many small faults do the native suites catch?
 
-Usage: tools/mutation.py [--mutants N] [--seed S] [--timeout SECONDS] [--tree DIR]
+Usage: tools/mutation.py [--mutants N] [--seed S] [--timeout SECONDS] [--tree DIR] [--first I] [--last J]
 
 Every candidate site in the .cpp files of src/watchers, src/warning, src/panel and src/core is
 listed in a fixed order; a seeded sample of N of them (default 200, seed 1, the kinds in equal
@@ -195,6 +195,9 @@ def main():
     ap.add_argument("--seed", type=int, default=1)
     ap.add_argument("--timeout", type=float, default=0, help="seconds per suite (default: 5 x the clean run, at least 20)")
     ap.add_argument("--tree", default=os.path.join(REPO, "build-mutation"))
+    # Two runs on trees of their own may share one sample: --last 100 and --first 101.
+    ap.add_argument("--first", type=int, default=1, help="the first mutant of the sample to apply (from 1)")
+    ap.add_argument("--last", type=int, default=0, help="the last mutant of the sample to apply (0: the end)")
     a = ap.parse_args()
 
     # A run in the background ignores Ctrl-C; a TERM ends it the same way.
@@ -226,6 +229,8 @@ def main():
     fertig = 0
     try:
         for i, (datei, nr, spalte, alt, neu, art) in enumerate(auswahl, 1):
+            if i < a.first or (a.last and i > a.last):
+                continue
             ergebnis = pruefen(quelle, bau, programme, grenze, datei, nr, spalte, alt, neu)
             beschreibung = f"{datei}:{nr + 1}: {art}: {alt} -> {neu}"
             if ergebnis == "does not compile":
