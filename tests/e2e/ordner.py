@@ -113,12 +113,12 @@ def syswow64(name):
     return lambda h: os.path.join(h.prefix, "drive_c", "windows", "syswow64", name)
 
 
-ZEIT = {}
+STAND = {}  # what a step notes for a later check of the same run
 
 
 def within_two_intervals(h):
     # kdriver starts and polls in steps: the time seen is an upper bound.
-    took = time.monotonic() - ZEIT["geschrieben"]
+    took = time.monotonic() - STAND["geschrieben"]
     check(took < 2 * 1.0 + 1.5, f"the warning came {took:.1f} s after the file, not within two intervals")
 
 
@@ -128,7 +128,7 @@ szenario(Szenario(
     einstellungen=dict(box2=1, box20=1, box16=1, box17=1),
     vorher=[weg(DLL)], ruhig_vorher=2,
     warnungen=[Warnung(
-        änderung=[datei(DLL), lambda h: ZEIT.update(geschrieben=time.monotonic())],
+        änderung=[datei(DLL), lambda h: STAND.update(geschrieben=time.monotonic())],
         im_fenster=[within_two_intervals], texte=["Datei wurde erstellt!"],
         zellen=["C:\\windows\\system32\\" + TEST_NAME + ".dll", TEST_NAME + ".dll"],
         knöpfe=["Übernehmen", "Datei löschen", "Ausnahmeliste", "Später"], bild="warnung-systemdatei.png",
@@ -140,13 +140,13 @@ szenario(Szenario(
 
 def syswow64_made(h):
     # A Wine without its 32-bit part names the folder all the same but does not make it.
-    ZEIT["gemacht"] = not os.path.isdir(syswow64("")(h))
+    STAND["gemacht"] = not os.path.isdir(syswow64("")(h))
     os.makedirs(syswow64("")(h), exist_ok=True)
 
 
 def syswow64_gone(h):
     weg(DLL32, DLL_WEG)(h)
-    if ZEIT.pop("gemacht", False):
+    if STAND.pop("gemacht", False):
         os.rmdir(syswow64("")(h))
 
 

@@ -4,6 +4,7 @@
 #include "common/fehler.h"
 #include "panel/alarm.h"
 #include "programm_test_basis.h"
+#include "warn_lesen.h"
 #include "warning/form3.h"
 
 namespace kes::test {
@@ -15,13 +16,8 @@ const std::string kSts = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer
 const std::string kHooks = "Software\\Microsoft\\Internet Explorer\\URLSearchHooks";
 const std::string kHklm = "HKEY_LOCAL_MACHINE\\";
 
-class Klassen : public ProgrammTest {
+class Klassen : public WaechterTest {
 protected:
-    void SetUp() override {
-        Pfade();
-        prg.Alarm().Timer1.SetEnabled(true);
-    }
-    AlarmFenster& alarm() { return prg.Alarm(); }
     Klassenlisten& kl() { return alarm().klassenlisten; }
     void Server(const std::string& clsid, const std::string& pfad) {
         fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + clsid + "\\InprocServer32", "", pfad);
