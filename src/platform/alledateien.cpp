@@ -37,6 +37,7 @@ void Durchgang(Plattform& p, const std::string& ordner, const std::string& filte
                 e.Zugriff = fd.lastAccessTime;
                 e.Geschrieben = fd.lastWriteTime;
                 e.Grösse = fd.sizeLow;
+                e.GrösseHoch = fd.sizeHigh;
                 e.Attribute = fd.attributes;
             }
         } else if (recurse && name != "." && name != "..") {

@@ -18,7 +18,8 @@ struct DateiEintrag {
     std::uint64_t Erstellt = 0;  // FILETIME, UTC, as the walk gives it
     std::uint64_t Zugriff = 0;
     std::uint64_t Geschrieben = 0;
-    std::uint32_t Grösse = 0;  // the low 32 bits of the length only
+    std::uint32_t Grösse = 0;      // the low 32 bits of the length only
+    std::uint32_t GrösseHoch = 0;  // the high 32 bits, which Grösse leaves out
     std::uint32_t Attribute = 0;
 };
 

@@ -35,7 +35,7 @@ void WindowsDateien::LadeWindowsausnahme() {
     for (const auto& zeile : ZeilenBisLeer(*inhalt)) List5.Items.push_back(zeile);
 }
 
-void WindowsDateien::Füllen(ListView& liste, const std::string& ordner) {
+void WindowsDateien::Füllen(ListView& liste, Ordner welcher, const std::string& ordner) {
     Plattform& p = k_.P();
     std::vector<DateiEintrag> dateien;
     DateienSuchen(p, ordner, false, "*.*", dateien);
@@ -45,28 +45,28 @@ void WindowsDateien::Füllen(ListView& liste, const std::string& ordner) {
     zeilen.reserve(dateien.size());
     for (const DateiEintrag& d : dateien) {
         k_.Pumpen();
-        const std::string pfad = d.Ordner + d.Name;
         ListItem& z = zeilen.emplace_back();
-        z.Text = pfad;
+        z.Text = d.Ordner + d.Name;
         // A file that cannot be measured keeps its length field unset.
         try {
-            if (const auto länge = p.files.Length(pfad)) z.SetSubItem(1, std::to_string(*länge));
+            if (const auto länge = längen_[welcher].Länge(p, d)) z.SetSubItem(1, std::to_string(*länge));
         } catch (...) {
         }
     }
+    längen_[welcher].Aufräumen();
     liste.Items = std::move(zeilen);
 }
 
 void WindowsDateien::LadeWindows() {
     try {
-        Füllen(ListView4, k_.W().Windowsordner);
+        Füllen(ListView4, kWindows, k_.W().Windowsordner);
     } catch (...) {
     }
 }
 
 void WindowsDateien::LadeWindowsSys32() {
     try {
-        Füllen(ListView7, k_.W().Systemordner);
+        Füllen(ListView7, kSystem, k_.W().Systemordner);
     } catch (...) {
     }
 }
@@ -74,7 +74,7 @@ void WindowsDateien::LadeWindowsSys32() {
 void WindowsDateien::LadeWindowsSysWow64() {
     if (k_.W().SysWow64ordner.empty()) return;
     try {
-        Füllen(ListView13, k_.W().SysWow64ordner);
+        Füllen(ListView13, kSysWow64, k_.W().SysWow64ordner);
     } catch (...) {
     }
 }
@@ -100,7 +100,7 @@ void WindowsDateien::Gelöscht(Ordner welcher, const std::string& ordner, const 
         ListView5.Items = *stand;
     } else {
         stand.reset();
-        Füllen(ListView5, ordner);
+        Füllen(ListView5, welcher, ordner);
         stand = ListView5.Items;
     }
     if (k_.Box(17) != 1) return;

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "common/steuerelemente.h"
+#include "platform/laengengedaechtnis.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 #include "watchers/listenmenue.h"
@@ -64,13 +65,15 @@ public:
     bool Ausnahmedatei = false;
 
 private:
-    // The top level of the folder, path and length a row; a walk that fails leaves it.
-    void Füllen(ListView& liste, const std::string& ordner);
-    // The folders by their place in the snapshots kept below.
+    // The folders by their place in the snapshots and memories kept below.
     enum Ordner { kWindows, kSystem, kSysWow64 };
+    // The top level of the folder, path and length a row; a walk that fails leaves it.
+    void Füllen(ListView& liste, Ordner welcher, const std::string& ordner);
     void Gelöscht(Ordner welcher, const std::string& ordner, const ListView& basis, bool ausnahmen);
     // The last walk of each folder, which ListView5 gets back while nothing changed there.
     std::array<std::optional<std::vector<ListItem>>, 3> stand_;
+    // The lengths each folder's walks read, for the baseline and the snapshot alike.
+    std::array<LängenGedächtnis, 3> längen_;
     void Erstellt(const ListView& basis, bool ausnahmen);
     WächterKontext& k_;
 };

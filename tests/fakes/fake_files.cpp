@@ -123,6 +123,7 @@ bool FakeFiles::SetAttributes(const std::string& path, std::uint32_t attributes)
 }
 
 std::optional<std::int64_t> FakeFiles::Length(const std::string& path) {
+    ++längenLesungen;
     if (!CanRead(path)) return std::nullopt;
     const Eintrag* e = Finde(path);
     return e->länge ? *e->länge : static_cast<std::int64_t>(e->daten.size());

@@ -42,6 +42,7 @@ public:
     bool Exists(const std::string& path) const;
     std::string Content(const std::string& path) const;  // "" when missing
     int OpenFinds() const { return static_cast<int>(finds_.size()); }
+    int längenLesungen = 0;  // calls of Length: each opens the file on the real platform
     // A change source's reading: how often a name, a size or a write time changed in the
     // folder itself; none once the folder is gone. Empty when there is no such folder.
     std::function<std::optional<std::uint64_t>()> Änderungen(const std::string& ordner);

@@ -52,6 +52,27 @@ TEST_F(Systemordner, Baseline_PathsWithLengths_InWalkOrder) {
     EXPECT_EQ(alarm().ListView7.Items[1].Text, kSys + "l.dll");
 }
 
+TEST_F(Systemordner, Lengths_ReadThroughTheFileOnlyWhenItsEntryChanged) {
+    const auto längen = [&] {
+        V l;
+        for (const ListItem& z : alarm().ListView4.Items) l.push_back(z.SubItem(1));
+        return l;
+    };
+    const int anfang = fp.files.längenLesungen;
+    w().LadeWindows();
+    EXPECT_EQ(fp.files.längenLesungen, anfang) << "a folder as it was opens no file";
+    fp.files.Put(kWin + "b.exe", "MZ und mehr");
+    fp.files.PretendLength(kWin + "c.exe", 5368709122);  // 5 GiB + 2: only the high word changed
+    fp.files.Put(kWin + "e.exe", "MZMZ");
+    fp.files.Lock(kWin + "e.exe");
+    w().LadeWindows();
+    EXPECT_EQ(längen(), (V{"2", "11", "5368709122", "2", ""}));
+    EXPECT_EQ(fp.files.längenLesungen, anfang + 3) << "the two changed files and the new one";
+    fp.files.Lock(kWin + "e.exe", false);
+    w().LadeWindows();
+    EXPECT_EQ(längen().back(), "4") << "a file not measured is tried again";
+}
+
 TEST_F(Systemordner, CreatedFile_WarnsWithItsButtonsAndFields) {
     fp.files.Put(kWin + "neu.exe", "MZMZ");
     prg.Soundflag = 1;
