@@ -66,13 +66,25 @@ bool Änderungsquellen::Fragen(Zeile& z) {
     // Every source is asked, so that each is armed again before the walk.
     for (const ChangeSource& q : z.quellen)
         if (p_.changes.Fired(q.Get())) z.gefeuert = true;
+    z.gefragt = p_.timers.Uhr();
     return z.gefeuert;
+}
+
+// At a tick: one look at the row's sources, and the asks only when it saw something or
+// they are due.
+bool Änderungsquellen::Nachsehen(Zeile& z, std::int64_t jetzt) {
+    if (z.gefeuert) return true;
+    if (jetzt - z.gefragt >= kFrageMs) return Fragen(z);
+    std::vector<std::uintptr_t> alle;
+    alle.reserve(z.quellen.size());
+    for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
+    return !alle.empty() && p_.changes.AnyFired(alle) && Fragen(z);
 }
 
 bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änderungsorte()>& orte) {
     Zeile& z = zeilen_.at(zeile);
     const std::int64_t jetzt = p_.timers.Uhr();
-    const bool gefeuert = z.scharf && Fragen(z);
+    const bool gefeuert = z.scharf && Nachsehen(z, jetzt);
     const bool laufen = !z.scharf || !z.gelaufen || gefeuert || jetzt - z.zuletzt >= kSicherheitsLaufMs;
     // Armed anew at every walk: a place watched above itself may have come into being
     // (its notification lost, too), and a deleted key's source cannot be armed again.
@@ -88,6 +100,7 @@ bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änder
 void Änderungsquellen::Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte) {
     z.quellen.clear();
     z.scharf = true;
+    z.gefragt = p_.timers.Uhr();
     for (const Änderungsort& ort : orte()) z.scharf = Schärfen(ort, z.quellen) && z.scharf;
     if (!z.scharf) z.quellen.clear();
 }

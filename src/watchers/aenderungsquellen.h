@@ -30,6 +30,10 @@ inline constexpr std::int64_t kSicherheitsLaufMs = 60000;
 // Of the looks between ticks, every this many asks each source on its own: every 5 s at
 // a look each 250 ms. The asks cost the server two calls a source; the look one for all.
 inline constexpr int kBlickeJeFrage = 20;
+// A row's sources are asked each on its own at a tick only when they were not so asked
+// this long: a quiet row costs the tick one look, and a key deleted under its source, which
+// only that ask sees, is seen within this time (the looks between ticks ask as often).
+inline constexpr std::int64_t kFrageMs = 5000;
 // How deep below a folder place its folders are watched, and walked by its row: a loop of
 // junctions ends there.
 inline constexpr int kOrdnerTiefe = 16;
@@ -64,8 +68,10 @@ private:
         bool gelaufen = false;  // walked since it was armed
         bool versucht = false;  // armed, or tried, ahead of its first walk
         std::int64_t zuletzt = 0;
+        std::int64_t gefragt = 0;  // when each source was last asked, or armed
     };
     bool Fragen(Zeile& z);
+    bool Nachsehen(Zeile& z, std::int64_t jetzt);
     bool Schärfen(const Änderungsort& ort, std::vector<ChangeSource>& quellen);
     void Unterordner(const std::string& ordner, int tiefe, std::vector<ChangeSource>& quellen);
     void Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte);

@@ -222,6 +222,23 @@ TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFi
     EXPECT_LT(blicke, kBlickeJeFrage) << "the deleted key fires at the next ask of each source";
 }
 
+// At a tick a quiet row costs one look; its sources are asked on their own only when the
+// last ask is kFrageMs old, and that ask still finds a key deleted under its source.
+TEST(QuellenBlick, TickLooksOnce_AsksOnlyWhenDue_ADeletedKeyWalksThen) {
+    fake::FakePlattform fp;
+    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+    fp.registry.MakeKey("HKEY_CURRENT_USER\\" + run);
+    const auto orte = [&] { return Änderungsorte{{kHkeyCurrentUser, run, false}}; };
+    Änderungsquellen q(fp.plattform, 1);
+    ASSERT_TRUE(q.MussLaufen(0, orte)) << "the first walk";
+    fp.timers.Advance(kFrageMs - 1000);
+    EXPECT_FALSE(q.MussLaufen(0, orte));
+    EXPECT_EQ((std::pair{fp.changes.Looked(), fp.changes.Asked()}), (std::pair{1, 0}));
+    ASSERT_EQ(fp.registry.DeleteKey(kHkeyCurrentUser, run, 0), kErrorSuccess);
+    fp.timers.Advance(1000);
+    EXPECT_TRUE(q.MussLaufen(0, orte)) << "the ask is due and sees the deleted key";
+}
+
 // A folder with everything under it: each folder of the subtree is a source of its own,
 // and a folder made after the row's walk is armed at its next walk, when its parent has
 // fired for it.
