@@ -168,6 +168,15 @@ bool Bekannt(WächterKontext& k, Art art, const Stand& stand, const std::string&
 }
 }  // namespace
 
+Änderungsorte Klassenlisten::Orte(Art art) {
+    const Mitglied& m = Von(art);
+    // As the walk reads it: the user's key in one view, the machine's in each.
+    if (m.root != kHkeyLocalMachine) return {{m.root, m.schlüssel, false}};
+    Änderungsorte orte;
+    for (const std::string& pfad : BeideAnsichten(k_.P(), m.root, m.schlüssel)) orte.push_back({m.root, pfad, false});
+    return orte;
+}
+
 std::string KlassenKennung(const std::string& name, bool bit32) {
     return bit32 ? "Wow6432Node\\" + name : name;
 }
@@ -190,8 +199,8 @@ void Klassenlisten::Teste(Art art) {
     Plattform& p = k_.P();
     const Stand stand(art, ListView8, ListView9, ListView10, List9);
     // The user's hooks are one in both views; the machine's places are read in each.
-    const std::vector<std::string> orte = m.root == kHkeyLocalMachine ? BeideAnsichten(p, m.root, m.schlüssel)
-                                                                      : std::vector<std::string>{m.schlüssel};
+    const std::vector<std::string> orte =
+        m.root == kHkeyLocalMachine ? BeideAnsichten(p, m.root, m.schlüssel) : std::vector<std::string>{m.schlüssel};
     // N the entry name, D what is read before the server, C the class, S its server file;
     // ORT the place and KLASSE the class key in the view the entry came from.
     std::string N, D, C, S, ort, klasse;
@@ -199,11 +208,16 @@ void Klassenlisten::Teste(Art art) {
     for (std::size_t o = 0; o < orte.size() && !gefunden; ++o) {
         ort = orte[o];
         const bool bit32 = o > 0;
-        std::vector<std::string> liste;
+        std::optional<Listung>& kept = listungen_[static_cast<std::size_t>(art)][o];
+        const Kategorie kategorie = k_.W().Kategorieschlüssel;
         try {
-            Registry reg(p);
-            liste = m.unterschlüssel ? reg.GetSubkeys(m.root, ort, k_.W().Kategorieschlüssel)
-                                     : reg.GetValueNames(m.root, ort);
+            if (!k_.W().Unverändert || !kept || kept->kategorie != kategorie || kept->ort != ort) {
+                kept.reset();
+                Registry reg(p);
+                kept = Listung{kategorie, ort,
+                               m.unterschlüssel ? reg.GetSubkeys(m.root, ort, k_.W().Kategorieschlüssel)
+                                                : reg.GetValueNames(m.root, ort)};
+            }
         } catch (const Fehler& f) {
             // Only the helper objects say so; the others end without a word.
             if (art == Art::BHO)
@@ -215,6 +229,8 @@ void Klassenlisten::Teste(Art art) {
                 p.dialogs.ShowMessage("Fehler beim lesen [Browser Helper Objects] FehlerNr: 5", "", kMbOk);
             return;
         }
+        // A copy: the loop lets messages run, and another pass may renew the kept one.
+        const std::vector<std::string> liste = kept->namen;
         if (liste.empty() || liste.front().empty()) continue;
 
         HiveOCX hive(p.registry);

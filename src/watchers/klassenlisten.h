@@ -8,10 +8,14 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "common/kategorie.h"
 #include "common/steuerelemente.h"
 #include "platform/infos.h"
+#include "watchers/aenderungsquellen.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 #include "watchers/listenmenue.h"
@@ -50,6 +54,8 @@ public:
 
     // The four shapes of the watch; the table of what each does differently is in the source.
     enum class Art { BHO, ShellService, TaskScheduler, URLSearchHooks };
+    // The key the shape lists, in each view where it is read.
+    Änderungsorte Orte(Art art);
 
 private:
     // The shell service and task scheduler files: four keys a section, sections 1 to 50.
@@ -60,6 +66,16 @@ private:
 
     WächterKontext& k_;
     DateiVersion infos_;  // one record, filled anew for each entry
+    // The last listing of each shape's key in each view, taken again while the row's places
+    // are quiet; with the category key it was read under, since a walk of a large key gives
+    // nothing while that is "Dienste". Only the names are kept: what an entry not in the
+    // baseline leads to is read at every tick.
+    struct Listung {
+        Kategorie kategorie;
+        std::string ort;
+        std::vector<std::string> namen;
+    };
+    std::array<std::array<std::optional<Listung>, 2>, 4> listungen_;
 };
 
 // What the baseline and the deferred list hold for an entry: its name, and for one seen only

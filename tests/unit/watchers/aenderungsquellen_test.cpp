@@ -23,6 +23,22 @@ constexpr const char* kDienste = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\
 constexpr const char* kAufgaben = "C:\\WINDOWS\\system32\\Tasks\\Microsoft\\Windows";
 constexpr const char* kFavoriten = "C:\\Dokumente und Einstellungen\\Benutzer\\Favoriten";
 
+constexpr const char* kBho =
+    "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Browser Helper Objects";
+constexpr const char* kSsodl =
+    "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\ShellServiceObjectDelayLoad";
+constexpr const char* kSts =
+    "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\SharedTaskScheduler";
+constexpr const char* kHooks = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\URLSearchHooks";
+
+// A new class with a server file, each call another.
+std::string Klasse(fake::FakePlattform& fp) {
+    static int n = 0;
+    const std::string clsid = "{K" + std::to_string(++n) + "}";
+    fp.registry.SetString("HKEY_CLASSES_ROOT\\CLSID\\" + clsid + "\\InprocServer32", "", "C:\\k.dll");
+    return clsid;
+}
+
 struct Zeile {
     const char* name;
     int box;
@@ -64,6 +80,11 @@ const Zeile kZeilen[] = {
     {"Favourites", 5, [](auto& fp) { fp.files.Put(std::string(kFavoriten) + "\\Neu.url", "[x]"); }},
     {"Favourites_TheLinksFolder", 5,
      [](auto& fp) { fp.files.Put(std::string(kFavoriten) + "\\Links\\Neu.url", "[x]"); }},
+    // A class with its server, named by a subkey or a value of the shape's key.
+    {"HelperObjects", 21, [](auto& fp) { fp.registry.MakeKey(std::string(kBho) + "\\" + Klasse(fp)); }},
+    {"ShellServiceObjects", 23, [](auto& fp) { fp.registry.SetString(kSsodl, "Neu", Klasse(fp)); }},
+    {"SharedTaskSchedulers", 24, [](auto& fp) { fp.registry.SetString(kSts, Klasse(fp), "Planer"); }},
+    {"UrlSearchHooks", 27, [](auto& fp) { fp.registry.SetString(kHooks, Klasse(fp), ""); }},
     // Below a key of its own: the services' key is watched with everything under it.
     {"Services", 28,
      [](auto& fp) {
@@ -85,6 +106,7 @@ protected:
         fp.registry.MakeKey(kRun);
         fp.registry.SetString(kWinlogon, "Shell", "Explorer.exe");
         fp.registry.MakeKey(kIfeo);
+        for (const char* k : {kBho, kSsodl, kSts, kHooks}) fp.registry.MakeKey(k);
         for (const char* hive : {"HKEY_LOCAL_MACHINE\\", "HKEY_CURRENT_USER\\"})
             for (const char* key : {kIeMain, "Software\\Microsoft\\Internet Explorer\\Search"})
                 fp.registry.MakeKey(std::string(hive) + key);
