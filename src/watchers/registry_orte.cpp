@@ -207,13 +207,18 @@ void RegistryOrte::Teste() {
         k_.W().Kategorieschlüssel = beschreibung.kategorie;
         // The baseline as the row starts: the walks let messages run, and a change of the
         // list meanwhile counts from the next row on.
-        const BekannteTexte bekannt(liste.Items, [](const ListItem& z) { return Klein(z.Text); });
+        const std::shared_ptr<const BekannteTexte> bekannt = Bekannte();
         if (!k_.W().Unverändert || !stand_) {
             stand_.reset();
-            stand_ = OrteAuflisten(k_.P(), beschreibung, [&] { k_.Pumpen(); });
+            Gelistet neu{OrteAuflisten(k_.P(), beschreibung, [&] { k_.Pumpen(); }), {}};
+            neu.gefaltet.reserve(neu.einträge.size());
+            for (const OrtEintrag& e : neu.einträge) neu.gefaltet.push_back(Klein(e.Zeile()));
+            stand_ = std::make_shared<const Gelistet>(std::move(neu));
         }
-        // A copy: the warning lets messages run, and a walk of another pass may renew it.
-        const std::vector<OrtEintrag> einträge = *stand_;
+        // The pass's own hold: the warning lets messages run, and a walk of another pass
+        // may renew the kept one.
+        const std::shared_ptr<const Gelistet> stand = stand_;
+        const std::vector<OrtEintrag>& einträge = stand->einträge;
         if (!grundstand_) {
             liste.Items.clear();
             for (const OrtEintrag& e : einträge) liste.Add(e.Zeile()).SmallIcon = 26;
@@ -221,8 +226,9 @@ void RegistryOrte::Teste() {
             grundstand_ = true;
             return;
         }
-        for (const OrtEintrag& e : einträge) {
-            if (bekannt.Enthält(Klein(e.Zeile())) || k_.Später(e.Aufschub())) continue;
+        for (std::size_t i = 0; i < einträge.size(); ++i) {
+            const OrtEintrag& e = einträge[i];
+            if (bekannt->Enthält(stand->gefaltet[i]) || k_.Später(e.Aufschub())) continue;
             if (e.art == Eintragsart::Programm && beschreibung.anderswoGemeldet && !Bekannt(WertPfad(e)) &&
                 beschreibung.anderswoGemeldet(k_, e)) {
                 liste.Add(e.Zeile()).SmallIcon = 26;
@@ -235,6 +241,18 @@ void RegistryOrte::Teste() {
     } catch (...) {
         // A failed read ends the pass without a word and without a warning.
     }
+}
+
+std::shared_ptr<const BekannteTexte> RegistryOrte::Bekannte() {
+    const std::vector<ListItem>& zeilen = liste.Items;
+    bool gleich = bekannt_ && zeilen.size() == basiszeilen_.size();
+    for (std::size_t i = 0; gleich && i < zeilen.size(); ++i) gleich = zeilen[i].Text == basiszeilen_[i];
+    if (gleich) return bekannt_;
+    basiszeilen_.clear();
+    basiszeilen_.reserve(zeilen.size());
+    for (const ListItem& z : zeilen) basiszeilen_.push_back(z.Text);
+    bekannt_ = std::make_shared<const BekannteTexte>(zeilen, [](const ListItem& z) { return Klein(z.Text); });
+    return bekannt_;
 }
 
 Änderungsorte RegistryOrte::Orte() {

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -16,6 +17,7 @@
 #include "common/kategorie.h"
 #include "common/steuerelemente.h"
 #include "watchers/aenderungsquellen.h"
+#include "watchers/bekannte_texte.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
 #include "watchers/listenmenue.h"
@@ -148,11 +150,21 @@ public:
 
 private:
     void Warnen(const OrtEintrag& e);
+    // The baseline's texts as the compare folds them, made anew when a line of the list
+    // is not what it was when they were made.
+    std::shared_ptr<const BekannteTexte> Bekannte();
     WächterKontext& k_;
     bool grundstand_ = false;  // a baseline file was read or written in this run
-    // The entries of the last walk, kept while the places are quiet; the baseline and the
-    // deferred list are still asked at every pass.
-    std::optional<std::vector<OrtEintrag>> stand_;
+    // The entries of the last walk with the text the baseline knows each by, kept while
+    // the places are quiet; the baseline and the deferred list are still asked at every
+    // pass. Shared: a pass holds the walk it compares while a warning lets messages run.
+    struct Gelistet {
+        std::vector<OrtEintrag> einträge;
+        std::vector<std::string> gefaltet;
+    };
+    std::shared_ptr<const Gelistet> stand_;
+    std::vector<std::string> basiszeilen_;  // the list's lines the texts below were made of
+    std::shared_ptr<const BekannteTexte> bekannt_;
 };
 
 }  // namespace kes
