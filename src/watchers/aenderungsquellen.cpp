@@ -75,6 +75,7 @@ bool Änderungsquellen::Fragen(Zeile& z) {
 bool Änderungsquellen::Nachsehen(Zeile& z, std::int64_t jetzt) {
     if (z.gefeuert) return true;
     if (jetzt - z.gefragt >= kFrageMs) return Fragen(z);
+    if (ruhig_) return false;
     std::vector<std::uintptr_t> alle;
     alle.reserve(z.quellen.size());
     for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
@@ -116,6 +117,23 @@ void Änderungsquellen::Entwaffnen(std::size_t zeile) {
     Zeile& z = zeilen_.at(zeile);
     z.quellen.clear();
     z.scharf = z.gefeuert = z.gelaufen = z.versucht = false;
+}
+
+std::size_t Änderungsquellen::Anzahl() const {
+    std::size_t n = 0;
+    for (const Zeile& z : zeilen_) n += z.quellen.size();
+    return n;
+}
+
+void Änderungsquellen::TickBeginnt() {
+    ruhig_ = false;
+    std::vector<std::uintptr_t> alle;
+    for (const Zeile& z : zeilen_) {
+        if (!z.scharf) continue;
+        if (z.gefeuert) return;
+        for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
+    }
+    ruhig_ = alle.empty() || !p_.changes.AnyFired(alle);
 }
 
 bool Änderungsquellen::Gefeuert() {

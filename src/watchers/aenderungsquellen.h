@@ -56,9 +56,15 @@ public:
     void Unvollständig(std::size_t zeile) { zeilen_.at(zeile).gelaufen = false; }
     // The row's box is off: its sources go, and it walks when they are armed again.
     void Entwaffnen(std::size_t zeile);
+    // Around a tick's rows: one look at every armed source first, which spares each row its
+    // own look while nothing fired. What fires during the tick shows to the next look.
+    void TickBeginnt();
+    void TickEndet() { ruhig_ = false; }
     // Whether a row has fired and not walked since: one look at all armed sources, and at
     // every kBlickeJeFrage-th call an ask of each.
     bool Gefeuert();
+    // The sources armed now, over all rows.
+    std::size_t Anzahl() const;
 
 private:
     struct Zeile {
@@ -78,6 +84,7 @@ private:
     Plattform& p_;
     std::vector<Zeile> zeilen_;
     int blicke_ = 0;
+    bool ruhig_ = false;  // in a tick whose first look saw nothing
 };
 
 }  // namespace kes

@@ -10,6 +10,7 @@ void AlarmDaten::Durchlauf() {
     Prozesswerte& w = k_.W();
     if (w.Beschäftigt) return;
     const auto tabelle = Wächtertabelle();
+    änderungen.TickBeginnt();
     for (std::size_t i = 0; i < tabelle.size(); ++i) {
         const WächterZeile& z = tabelle[i];
         w.Unverändert = z.orte && !Quellen(i, z);
@@ -30,6 +31,7 @@ void AlarmDaten::Durchlauf() {
         w.Unverändert = false;
         if (z.danachPumpen) k_.Pumpen();
     }
+    änderungen.TickEndet();
 }
 
 // Before a row's passes: its sources are armed while its box is on. True when the row

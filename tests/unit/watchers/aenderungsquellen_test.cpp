@@ -261,6 +261,29 @@ TEST(QuellenBlick, TickLooksOnce_AsksOnlyWhenDue_ADeletedKeyWalksThen) {
     EXPECT_TRUE(q.MussLaufen(0, orte)) << "the ask is due and sees the deleted key";
 }
 
+// A tick whose first look over all rows saw nothing spares each row its own look; the row
+// whose place changed still walks.
+TEST(QuellenBlick, TickLooksOnceForAllRows_TheRowThatChangedWalks) {
+    fake::FakePlattform fp;
+    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run", once = run + "Once";
+    for (const std::string& k : {run, once}) fp.registry.MakeKey("HKEY_CURRENT_USER\\" + k);
+    auto orte = [](const std::string& k) { return [k] { return Änderungsorte{{kHkeyCurrentUser, k, false}}; }; };
+    Änderungsquellen q(fp.plattform, 2);
+    const auto tick = [&] {
+        q.TickBeginnt();
+        const std::pair<bool, bool> läuft{q.MussLaufen(0, orte(run)), q.MussLaufen(1, orte(once))};
+        q.TickEndet();
+        return läuft;
+    };
+    ASSERT_EQ(tick(), (std::pair{true, true})) << "the first walks";
+    fp.timers.Advance(1000);
+    const int blicke = fp.changes.Looked();
+    EXPECT_EQ(tick(), (std::pair{false, false}));
+    EXPECT_EQ(fp.changes.Looked() - blicke, 1);
+    fp.registry.SetString("HKEY_CURRENT_USER\\" + once, "Tool", "C:\\tool.exe");
+    EXPECT_EQ(tick(), (std::pair{false, true}));
+}
+
 // A folder with everything under it: each folder of the subtree is a source of its own,
 // and a folder made after the row's walk is armed at its next walk, when its parent has
 // fired for it.
