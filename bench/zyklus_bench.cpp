@@ -43,6 +43,11 @@ struct Reihe {
         return s.empty() ? 0 : s[s.size() / 2];
     }
     double Min() const { return ms.empty() ? 0 : *std::min_element(ms.begin(), ms.end()); }
+    double Mittel() const {
+        double summe = 0;
+        for (double m : ms) summe += m;
+        return ms.empty() ? 0 : summe / static_cast<double>(ms.size());
+    }
 };
 
 template <typename F>
@@ -90,8 +95,7 @@ void Zeile(const char* name, const Reihe& z, const Reihe& r, const Reihe& l) {
 }
 
 // Kestrella.exe at its stage beside the minimal tray program, both seen from outside.
-void Fremdmessen(const std::string& ordner, const std::string& exe, FremderProzess& minimal, int sekunden,
-                 int stufe) {
+void Fremdmessen(const std::string& ordner, const std::string& exe, FremderProzess& minimal, int sekunden, int stufe) {
     FremderProzess kestrella("\"" + exe + "\" /s", ordner);
     if (!kestrella.Läuft() || !minimal.Läuft()) {
         std::printf("outside run: could not start the programs\n");
@@ -176,22 +180,21 @@ int main(int argc, char** argv) {
     std::size_t n = 0;
     for (const WächterZeile& zeile : Wächtertabelle()) {
         const Änderungsorte& eigene = plätze[n];
-        teile.push_back(Teil{namen[n++].c_str(),
-                             [&a, &w, &zeile] {
-                                 for (Wächterroutine pass : zeile.zyklus)
-                                     if (pass) pass(a, w);
-                             },
-                             [&orte, &zeile, &eigene] {
-                                 return eigene.empty() ? Roh(zeile.box, orte) : RohDerOrte(eigene);
-                             },
-                             {},
-                             {},
-                             [&a, &w, &zeile] {
-                                 w.Unverändert = zeile.orte != nullptr;
-                                 for (Wächterroutine pass : zeile.zyklus)
-                                     if (pass) pass(a, w);
-                                 w.Unverändert = false;
-                             }});
+        teile.push_back(
+            Teil{namen[n++].c_str(),
+                 [&a, &w, &zeile] {
+                     for (Wächterroutine pass : zeile.zyklus)
+                         if (pass) pass(a, w);
+                 },
+                 [&orte, &zeile, &eigene] { return eigene.empty() ? Roh(zeile.box, orte) : RohDerOrte(eigene); },
+                 {},
+                 {},
+                 [&a, &w, &zeile] {
+                     w.Unverändert = zeile.orte != nullptr;
+                     for (Wächterroutine pass : zeile.zyklus)
+                         if (pass) pass(a, w);
+                     w.Unverändert = false;
+                 }});
     }
 
     std::vector<Teil> extra;
@@ -287,6 +290,34 @@ int main(int argc, char** argv) {
     }
     ::RegDeleteKeyA(HKEY_LOCAL_MACHINE, kProbe);
 
+    // Idle ticks one after the other, each after the looks of its interval: more of them
+    // than rounds, for a steadier figure of the tick alone.
+    // Processor time beside it, of this process and the wineserver, which does the registry
+    // and file work of both loops: wall times under Wine wait on the server's turns.
+    const auto prozessor = [] { return LinuxProzessorzeit("zyklus_bench.exe") + LinuxProzessorzeit("wineserver"); };
+    Reihe leerlauf, leerBlicke;
+    const double leerCpu0 = prozessor();
+    for (int i = 0; i < 60; ++i) {
+        leerBlicke.ms.push_back(Zeit([&] {
+            for (int j = 0; j < kBlickeJeFrage; ++j) a.Gefeuert();
+        }));
+        leerlauf.ms.push_back(Zeit(zyklus));
+        nachsehen();
+    }
+    const double leerCpu = (prozessor() - leerCpu0) * 1000 / 60;
+    const double rohCpu0 = prozessor();
+    for (int i = 0; i < 10; ++i) roh();
+    const double rohCpu = (prozessor() - rohCpu0) * 1000 / 10;
+
+    // Rows that walk at every tick although they name places: right after a tick, a row whose
+    // places are armed and quiet need not walk.
+    zyklus();
+    std::string immer;
+    for (std::size_t i = 0; i < Wächtertabelle().size(); ++i) {
+        const WächterZeile& zeile = Wächtertabelle()[i];
+        if (zeile.orte && a.änderungen.MussLaufen(i, [&] { return zeile.orte(a, w); })) immer += " " + namen[i];
+    }
+
     std::printf(
         "\n%d rounds; %zu entries in the raw loop; %zu files in the system folder baseline, %zu in the "
         "Windows folder's, %zu known services, %zu known processes\n",
@@ -297,10 +328,21 @@ int main(int argc, char** argv) {
     for (const Teil& t : teile) Zeile(t.name, t.z, t.r, t.l);
     Zeile("whole cycle (timer tick)", ganz, rohGanz, ganz);
     std::printf("warnings during the timed rounds: %d\n", warnungen);
+    std::printf("rows with places that walk at every tick:%s\n", immer.empty() ? " none" : immer.c_str());
     std::printf("\nidle tick (nothing changed): median %.2f ms, min %.2f ms = %.1f %% / %.1f %% of the raw loop\n",
                 ganz.Median(), ganz.Min(), 100 * ganz.Median() / rohGanz.Median(), 100 * ganz.Min() / rohGanz.Min());
-    std::printf("the %d looks between two ticks at stage 5 (one of them asks each source): median %.2f ms, min %.2f ms\n",
-                kBlickeJeFrage, blicke.Median(), blicke.Min());
+    std::printf(
+        "the %d looks between two ticks at stage 5 (one of them asks each of the %zu sources): median %.2f ms, min "
+        "%.2f ms\n",
+        kBlickeJeFrage, a.änderungen.Anzahl(), blicke.Median(), blicke.Min());
+    std::printf(
+        "60 idle ticks in a row: median %.2f ms, min %.2f ms, mean %.2f ms; their looks: median %.2f ms, mean %.2f "
+        "ms\n",
+        leerlauf.Median(), leerlauf.Min(), leerlauf.Mittel(), leerBlicke.Median(), leerBlicke.Mittel());
+    std::printf(
+        "processor time (this process and the wineserver): %.2f ms an idle interval of stage 5 (its looks and its "
+        "tick),\n  %.2f ms a raw loop; %.1f %% of it\n",
+        leerCpu, rohCpu, rohCpu > 0 ? 100 * leerCpu / rohCpu : 0);
     std::printf(
         "tick after one change (the services' key): median %.2f ms, min %.2f ms; the raw listing of that key\n"
         "  by the %zu rows that read it %.2f ms median; the tick %.0f %% of it; the tick less the idle tick:\n"
