@@ -1,5 +1,7 @@
 #include "platform/laengengedaechtnis.h"
 
+#include "platform/gedaechtnis.h"
+
 namespace kes {
 
 std::optional<std::int64_t> LängenGedächtnis::Länge(Plattform& p, const DateiEintrag& datei) {
@@ -19,14 +21,7 @@ std::optional<std::int64_t> LängenGedächtnis::Länge(Plattform& p, const Datei
 }
 
 void LängenGedächtnis::Aufräumen() {
-    for (auto it = einträge_.begin(); it != einträge_.end();) {
-        if (!it->second.gefragt) {
-            it = einträge_.erase(it);
-        } else {
-            it->second.gefragt = false;
-            ++it;
-        }
-    }
+    UngefragteVergessen(einträge_);
 }
 
 }  // namespace kes

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "platform/allefunktionen.h"
+#include "platform/gedaechtnis.h"
 
 namespace kes {
 
@@ -41,14 +42,7 @@ void VersionsGedächtnis::Infos(Plattform& p, const std::string& pfad, DateiVers
 }
 
 void VersionsGedächtnis::Aufräumen() {
-    for (auto it = einträge_.begin(); it != einträge_.end();) {
-        if (!it->second.gefragt) {
-            it = einträge_.erase(it);
-        } else {
-            it->second.gefragt = false;
-            ++it;
-        }
-    }
+    UngefragteVergessen(einträge_);
 }
 
 }  // namespace kes
