@@ -216,14 +216,23 @@ TEST_F(RunWarnung, WarningClosedUnanswered_ComesBackAtTheStagesTick) {
     EXPECT_TRUE(l.prg.Form3Geladen());
 }
 
-// Between ticks the sources are looked at all at once, and each is asked on its own only
-// now and then: a key deleted under its source shows to that ask alone.
-TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFires) {
+// Two rows, one on the user's Run key and one on RunOnce, with the sources alone.
+class QuellenBlick : public ::testing::Test {
+protected:
     fake::FakePlattform fp;
     const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run", once = run + "Once";
-    for (const std::string& k : {run, once}) fp.registry.MakeKey("HKEY_CURRENT_USER\\" + k);
-    auto orte = [](const std::string& k) { return [k] { return Änderungsorte{{kHkeyCurrentUser, k, false}}; }; };
-    Änderungsquellen q(fp.plattform, 2);
+    Änderungsquellen q{fp.plattform, 2};
+    void SetUp() override {
+        for (const std::string& k : {run, once}) fp.registry.MakeKey("HKEY_CURRENT_USER\\" + k);
+    }
+    static std::function<Änderungsorte()> orte(const std::string& k) {
+        return [k] { return Änderungsorte{{kHkeyCurrentUser, k, false}}; };
+    }
+};
+
+// Between ticks the sources are looked at all at once, and each is asked on its own only
+// now and then: a key deleted under its source shows to that ask alone.
+TEST_F(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFires) {
     q.Vorbereiten(0, orte(run));
     q.Vorbereiten(1, orte(once));
     for (int i = 1; i < kBlickeJeFrage; ++i) EXPECT_FALSE(q.Gefeuert());
@@ -246,29 +255,19 @@ TEST(QuellenBlick, LooksAtAllAtOnce_AsksEachOnlyEveryFewLooks_ADeletedKeyStillFi
 
 // At a tick a quiet row costs one look; its sources are asked on their own only when the
 // last ask is kFrageMs old, and that ask still finds a key deleted under its source.
-TEST(QuellenBlick, TickLooksOnce_AsksOnlyWhenDue_ADeletedKeyWalksThen) {
-    fake::FakePlattform fp;
-    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-    fp.registry.MakeKey("HKEY_CURRENT_USER\\" + run);
-    const auto orte = [&] { return Änderungsorte{{kHkeyCurrentUser, run, false}}; };
-    Änderungsquellen q(fp.plattform, 1);
-    ASSERT_TRUE(q.MussLaufen(0, orte)) << "the first walk";
+TEST_F(QuellenBlick, TickLooksOnce_AsksOnlyWhenDue_ADeletedKeyWalksThen) {
+    ASSERT_TRUE(q.MussLaufen(0, orte(run))) << "the first walk";
     fp.timers.Advance(kFrageMs - 1000);
-    EXPECT_FALSE(q.MussLaufen(0, orte));
+    EXPECT_FALSE(q.MussLaufen(0, orte(run)));
     EXPECT_EQ((std::pair{fp.changes.Looked(), fp.changes.Asked()}), (std::pair{1, 0}));
     ASSERT_EQ(fp.registry.DeleteKey(kHkeyCurrentUser, run, 0), kErrorSuccess);
     fp.timers.Advance(1000);
-    EXPECT_TRUE(q.MussLaufen(0, orte)) << "the ask is due and sees the deleted key";
+    EXPECT_TRUE(q.MussLaufen(0, orte(run))) << "the ask is due and sees the deleted key";
 }
 
 // A tick whose first look over all rows saw nothing spares each row its own look; the row
 // whose place changed still walks.
-TEST(QuellenBlick, TickLooksOnceForAllRows_TheRowThatChangedWalks) {
-    fake::FakePlattform fp;
-    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run", once = run + "Once";
-    for (const std::string& k : {run, once}) fp.registry.MakeKey("HKEY_CURRENT_USER\\" + k);
-    auto orte = [](const std::string& k) { return [k] { return Änderungsorte{{kHkeyCurrentUser, k, false}}; }; };
-    Änderungsquellen q(fp.plattform, 2);
+TEST_F(QuellenBlick, TickLooksOnceForAllRows_TheRowThatChangedWalks) {
     const auto tick = [&] {
         q.TickBeginnt();
         const std::pair<bool, bool> läuft{q.MussLaufen(0, orte(run)), q.MussLaufen(1, orte(once))};
