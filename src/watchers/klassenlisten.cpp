@@ -168,12 +168,16 @@ bool Bekannt(WächterKontext& k, Art art, const Stand& stand, const std::string&
 }
 }  // namespace
 
-Änderungsorte Klassenlisten::Orte(Art art) {
+// The user's hooks are one in both views; the machine's places are read in each.
+std::vector<std::string> Klassenlisten::Pfade(Art art) {
     const Mitglied& m = Von(art);
-    // As the walk reads it: the user's key in one view, the machine's in each.
-    if (m.root != kHkeyLocalMachine) return {{m.root, m.schlüssel, false}};
+    return m.root == kHkeyLocalMachine ? BeideAnsichten(k_.P(), m.root, m.schlüssel)
+                                       : std::vector<std::string>{m.schlüssel};
+}
+
+Änderungsorte Klassenlisten::Orte(Art art) {
     Änderungsorte orte;
-    for (const std::string& pfad : BeideAnsichten(k_.P(), m.root, m.schlüssel)) orte.push_back({m.root, pfad, false});
+    for (const std::string& pfad : Pfade(art)) orte.push_back({Von(art).root, pfad, false});
     return orte;
 }
 
@@ -198,9 +202,7 @@ void Klassenlisten::Teste(Art art) {
     const Mitglied& m = Von(art);
     Plattform& p = k_.P();
     const Stand stand(art, ListView8, ListView9, ListView10, List9);
-    // The user's hooks are one in both views; the machine's places are read in each.
-    const std::vector<std::string> orte =
-        m.root == kHkeyLocalMachine ? BeideAnsichten(p, m.root, m.schlüssel) : std::vector<std::string>{m.schlüssel};
+    const std::vector<std::string> orte = Pfade(art);
     // N the entry name, D what is read before the server, C the class, S its server file;
     // ORT the place and KLASSE the class key in the view the entry came from.
     std::string N, D, C, S, ort, klasse;

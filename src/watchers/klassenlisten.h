@@ -63,6 +63,8 @@ private:
     // Adds the version fields of the server file and the section number to a row.
     void Dateifelder(ListItem& zeile, const std::string& pfad, int abschnitt);
     void Teste(Art art);
+    // The paths of the shape's key the walk reads, in its order.
+    std::vector<std::string> Pfade(Art art);
 
     WächterKontext& k_;
     DateiVersion infos_;  // one record, filled anew for each entry
