@@ -77,9 +77,24 @@ bool Änderungsquellen::Nachsehen(Zeile& z, std::int64_t jetzt) {
     if (jetzt - z.gefragt >= kFrageMs) return Fragen(z);
     if (ruhig_) return false;
     std::vector<std::uintptr_t> alle;
-    alle.reserve(z.quellen.size());
-    for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
+    Griffe(z, alle);
     return !alle.empty() && p_.changes.AnyFired(alle) && Fragen(z);
+}
+
+void Änderungsquellen::Griffe(const Zeile& z, std::vector<std::uintptr_t>& alle) {
+    for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
+}
+
+// One look at every armed row: one that fired and has not walked, or one wait over all
+// their sources.
+bool Änderungsquellen::Blick() {
+    std::vector<std::uintptr_t> alle;
+    for (const Zeile& z : zeilen_) {
+        if (!z.scharf) continue;
+        if (z.gefeuert) return true;
+        Griffe(z, alle);
+    }
+    return !alle.empty() && p_.changes.AnyFired(alle);
 }
 
 bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änderungsorte()>& orte) {
@@ -127,27 +142,13 @@ std::size_t Änderungsquellen::Anzahl() const {
 
 void Änderungsquellen::TickBeginnt() {
     ruhig_ = false;
-    std::vector<std::uintptr_t> alle;
-    for (const Zeile& z : zeilen_) {
-        if (!z.scharf) continue;
-        if (z.gefeuert) return;
-        for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
-    }
-    ruhig_ = alle.empty() || !p_.changes.AnyFired(alle);
+    ruhig_ = !Blick();
 }
 
 bool Änderungsquellen::Gefeuert() {
     // Mostly one look at all sources at once; each is asked on its own only at every
     // kBlickeJeFrage-th time, since a key deleted under its source shows only to that ask.
-    if (++blicke_ % kBlickeJeFrage != 0) {
-        std::vector<std::uintptr_t> alle;
-        for (const Zeile& z : zeilen_) {
-            if (!z.scharf) continue;
-            if (z.gefeuert) return true;
-            for (const ChangeSource& q : z.quellen) alle.push_back(q.Get());
-        }
-        return !alle.empty() && p_.changes.AnyFired(alle);
-    }
+    if (++blicke_ % kBlickeJeFrage != 0) return Blick();
     bool irgendeine = false;
     for (Zeile& z : zeilen_)
         if (z.scharf && Fragen(z)) irgendeine = true;

@@ -78,6 +78,8 @@ private:
     };
     bool Fragen(Zeile& z);
     bool Nachsehen(Zeile& z, std::int64_t jetzt);
+    bool Blick();
+    static void Griffe(const Zeile& z, std::vector<std::uintptr_t>& alle);
     bool Schärfen(const Änderungsort& ort, std::vector<ChangeSource>& quellen);
     void Unterordner(const std::string& ordner, int tiefe, std::vector<ChangeSource>& quellen);
     void Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte);
