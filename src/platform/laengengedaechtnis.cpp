@@ -4,8 +4,7 @@
 
 namespace kes {
 
-std::optional<std::int64_t> LängenGedächtnis::Länge(Plattform& p, const DateiEintrag& datei) {
-    const std::string pfad = datei.Ordner + datei.Name;
+std::optional<std::int64_t> LängenGedächtnis::Länge(Plattform& p, const std::string& pfad, const DateiEintrag& datei) {
     const std::uint64_t grösse = (std::uint64_t{datei.GrösseHoch} << 32) | datei.Grösse;
     if (auto it = einträge_.find(pfad); it != einträge_.end()) {
         Eintrag& e = it->second;

@@ -15,10 +15,10 @@ namespace kes {
 
 class LängenGedächtnis {
 public:
-    // The length of the file the walk found, as FileApi::Length reads it; the length of the
-    // last read while the entry is as it was then. A file that could not be measured is
-    // not kept: it is tried again at the next walk.
-    std::optional<std::int64_t> Länge(Plattform& p, const DateiEintrag& datei);
+    // The length of the file the walk found at pfad (its folder and name), as
+    // FileApi::Length reads it; the length of the last read while the entry is as it was
+    // then. A file that could not be measured is not kept: it is tried again at the next walk.
+    std::optional<std::int64_t> Länge(Plattform& p, const std::string& pfad, const DateiEintrag& datei);
     // Forgets every file not asked since the last call, so that the memory holds what the
     // last walk listed and no more.
     void Aufräumen();

@@ -49,7 +49,7 @@ void WindowsDateien::Füllen(ListView& liste, Ordner welcher, const std::string&
         z.Text = d.Ordner + d.Name;
         // A file that cannot be measured keeps its length field unset.
         try {
-            if (const auto länge = längen_[welcher].Länge(p, d)) z.SetSubItem(1, std::to_string(*länge));
+            if (const auto länge = längen_[welcher].Länge(p, z.Text, d)) z.SetSubItem(1, std::to_string(*länge));
         } catch (...) {
         }
     }
