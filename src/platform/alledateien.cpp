@@ -1,11 +1,18 @@
 #include "platform/alledateien.h"
 
+#include <algorithm>
+
 #include "common/text.h"
 
 namespace kes {
 
 namespace {
 constexpr std::uint32_t kOrdnerAttribut = 0x10;
+
+// A name as the API gives it ends at its first NUL.
+void BisNul(std::string& name) {
+    if (const auto nul = name.find('\0'); nul != std::string::npos) name.resize(nul);
+}
 
 // One pass over the folder. The first records files and notes subfolders; the second,
 // made only when a filter hid the subfolders, notes subfolders alone. The hits are read
@@ -18,21 +25,26 @@ void Durchgang(Plattform& p, const std::string& ordner, const std::string& filte
         FindRecord fd;
         const DetailFind h = p.details.FindFirst(muster, &fd);
         if (!h) return;
-        do treffer.push_back(fd);
+        do treffer.push_back(std::move(fd));
         while (p.details.FindNext(h.Get(), &fd));
     }
     const std::string ordnerText = muster.substr(0, muster.find_last_of('\\') + 1);
-    for (const FindRecord& fd : treffer) {
-        const std::string name = fd.name.substr(0, fd.name.find('\0'));
+    // Grown as push_back would grow it: a deep walk reserves once per folder.
+    if (const std::size_t nötig = records.size() + treffer.size(); dateien && nötig > records.capacity())
+        records.reserve(std::max(nötig, 2 * records.capacity()));
+    for (FindRecord& fd : treffer) {
+        std::string name = std::move(fd.name);
+        BisNul(name);
         if (!(fd.attributes & kOrdnerAttribut)) {
             if (dateien) {
                 records.emplace_back();
                 p.timers.PumpMessages();
                 DateiEintrag& e = records.back();
                 e.Ordner = ordnerText;
-                e.Name = name;
-                e.Kurzname = fd.shortName.substr(0, fd.shortName.find('\0'));
-                if (e.Kurzname.empty()) e.Kurzname = e.Name;
+                e.Kurzname = std::move(fd.shortName);
+                BisNul(e.Kurzname);
+                if (e.Kurzname.empty()) e.Kurzname = name;
+                e.Name = std::move(name);
                 e.Erstellt = fd.creationTime;
                 e.Zugriff = fd.lastAccessTime;
                 e.Geschrieben = fd.lastWriteTime;
@@ -41,7 +53,7 @@ void Durchgang(Plattform& p, const std::string& ordner, const std::string& filte
                 e.Attribute = fd.attributes;
             }
         } else if (recurse && name != "." && name != "..") {
-            unterordner.push_back(name);
+            unterordner.push_back(std::move(name));
         }
         p.timers.PumpMessages();
     }
