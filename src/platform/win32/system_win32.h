@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include <chrono>
+#include <cstdint>
 #include <functional>
 
 #include "platform/seam/shell_api.h"
@@ -48,7 +48,7 @@ private:
     static LRESULT CALLBACK Proc(HWND, UINT, WPARAM, LPARAM);
     UniqueWindow fenster_;
     std::function<void(int)> handler_;
-    std::chrono::steady_clock::time_point zuletzt_{};
+    std::uint64_t zuletzt_ = 0;  // GetTickCount64 at the end of the last look
 };
 
 class Win32System : public SystemApi {
