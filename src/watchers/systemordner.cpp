@@ -1,5 +1,7 @@
 #include "watchers/systemordner.h"
 
+#include <algorithm>
+#include <string_view>
 #include <unordered_set>
 
 #include "common/pumpenfrei.h"
@@ -19,13 +21,33 @@ namespace {
 // after one clock read. bench/systemordner_bench under Wine, 2493 files in system32: one
 // yield per file 0.20 ms, the folder walk alone 220 ms (minimums of 10 rounds).
 
-std::unordered_set<std::string> Pfade(const ListView& liste) {
-    std::unordered_set<std::string> menge;
-    menge.reserve(liste.Items.size());
-    for (const auto& z : liste.Items) menge.insert(z.Text);
+// The paths of rows that stay put while the set is used: the row's own kept walk or
+// baseline texts, which no window message can change.
+template <typename Zeilen, typename Text>
+std::unordered_set<std::string_view> Pfade(const Zeilen& zeilen, Text text) {
+    std::unordered_set<std::string_view> menge;
+    menge.reserve(zeilen.size());
+    for (const auto& z : zeilen) menge.insert(text(z));
     return menge;
 }
 }  // namespace
+
+const std::unordered_set<std::string_view>& WindowsDateien::BekanntePfade(Ordner welcher, const ListView& basis) {
+    // Kept while the baseline's texts are those it was made of: a change tick then sets the
+    // walk against the baseline without copying it. Compared line by line at every call, so
+    // an accepted or removed row counts at once.
+    Basismenge& b = basis_[welcher];
+    const bool gleich = b.texte.size() == basis.Items.size() &&
+                        std::equal(b.texte.begin(), b.texte.end(), basis.Items.begin(),
+                                   [](const std::string& t, const ListItem& z) { return t == z.Text; });
+    if (!gleich) {
+        b.texte.clear();
+        b.texte.reserve(basis.Items.size());
+        for (const ListItem& z : basis.Items) b.texte.push_back(z.Text);
+        b.menge = Pfade(b.texte, [](const std::string& t) -> std::string_view { return t; });
+    }
+    return b.menge;
+}
 
 void WindowsDateien::LadeWindowsausnahme() {
     if (!ausnahmen.Vorhanden()) return;
@@ -36,25 +58,37 @@ void WindowsDateien::LadeWindowsausnahme() {
 }
 
 void WindowsDateien::Füllen(ListView& liste, Ordner welcher, const std::string& ordner) {
-    Plattform& p = k_.P();
-    std::vector<DateiEintrag> dateien;
-    DateienSuchen(p, ordner, false, "*.*", dateien);
     // Filled aside and put in place at the end: the list is not half filled while messages
     // run, and the loop holds nothing of a list a message could change.
     std::vector<ListItem> zeilen;
-    zeilen.reserve(dateien.size());
-    for (const DateiEintrag& d : dateien) {
+    Walk(welcher, ordner, zeilen);
+    liste.Items = std::move(zeilen);
+}
+
+void WindowsDateien::Walk(Ordner welcher, const std::string& ordner, std::vector<ListItem>& zeilen) {
+    Plattform& p = k_.P();
+    std::vector<DateiEintrag> dateien;
+    DateienSuchen(p, ordner, false, "*.*", dateien);
+    // Rows a walk before left here keep their strings: a walk of a folder that changed little
+    // writes into the storage of the last one instead of allocating each row anew.
+    zeilen.resize(dateien.size());
+    for (std::size_t i = 0; i < dateien.size(); ++i) {
         k_.Pumpen();
-        ListItem& z = zeilen.emplace_back();
-        z.Text = d.Ordner + d.Name;
+        const DateiEintrag& d = dateien[i];
+        ListItem& z = zeilen[i];
+        z.Text.assign(d.Ordner).append(d.Name);
         // A file that cannot be measured keeps its length field unset.
+        std::optional<std::int64_t> länge;
         try {
-            if (const auto länge = längen_[welcher].Länge(p, z.Text, d)) z.SetSubItem(1, std::to_string(*länge));
+            länge = längen_[welcher].Länge(p, z.Text, d);
         } catch (...) {
         }
+        if (länge)
+            z.SetSubItem(1, std::to_string(*länge));
+        else
+            z.SubItems.clear();
     }
     längen_[welcher].Aufräumen();
-    liste.Items = std::move(zeilen);
 }
 
 void WindowsDateien::LadeWindows() {
@@ -95,19 +129,21 @@ bool WindowsDateien::AusnahmeTrue(const std::string& pfad) const {
 void WindowsDateien::Gelöscht(Ordner welcher, const std::string& ordner, const ListView& basis, bool ausnahmen) {
     // The snapshot is put in place at every call, whatever box 17 says: the created-file
     // test after this one works on it.
-    auto& stand = stand_[welcher];
-    if (k_.W().Unverändert && stand) {
-        ListView5.Items = *stand;
-    } else {
-        stand.reset();
-        Füllen(ListView5, welcher, ordner);
-        stand = ListView5.Items;
+    Stand& stand = stand_[welcher];
+    if (!k_.W().Unverändert || !stand.gültig) {
+        // The row's own kept walk is the one filled: no window message can reach it, and a
+        // walk that fails on the way leaves it marked as not to be used.
+        stand.gültig = false;
+        Walk(welcher, ordner, stand.zeilen);
+        stand.gültig = true;
     }
+    ListView5.Items = stand.zeilen;
     if (k_.Box(17) != 1) return;
     if (ListView5.Items.size() >= basis.Items.size()) return;
 
     // Upward from the end of the baseline: the first missing file that is not deferred.
-    const std::unordered_set<std::string> jetzt = Pfade(ListView5);
+    const std::unordered_set<std::string_view> jetzt =
+        Pfade(stand.zeilen, [](const ListItem& z) -> std::string_view { return z.Text; });
     std::string pfad;
     std::size_t nummer = 0;
     for (std::size_t i = basis.Items.size(); i >= 1; --i) {
@@ -129,16 +165,22 @@ void WindowsDateien::Gelöscht(Ordner welcher, const std::string& ordner, const 
                     static_cast<std::int32_t>(basis.Items.size()), static_cast<std::int32_t>(nummer));
 }
 
-void WindowsDateien::Erstellt(const ListView& basis, bool ausnahmen) {
+void WindowsDateien::Erstellt(Ordner welcher, const ListView& basis, bool ausnahmen) {
     if (k_.Box(16) != 1) return;
     if (ListView5.Items.size() <= basis.Items.size()) return;
 
-    // What stays in ListView5 is what the baseline lacks, in the snapshot's order.
-    const std::unordered_set<std::string> bekannt = Pfade(basis);
-    std::vector<ListItem> jetzt = ListView5.Items, neu;
-    for (ListItem& z : jetzt) {
+    // What stays in ListView5 is what the baseline lacks, in the snapshot's order. The
+    // deleted-file pass just before put its folder's kept walk there; the search runs on
+    // that walk, which is the row's own, and copies only what is new.
+    const Stand& stand = stand_[welcher];
+    const std::vector<ListItem>* jetzt = &stand.zeilen;
+    std::vector<ListItem> kopie;
+    if (!stand.gültig || jetzt->size() != ListView5.Items.size()) jetzt = &(kopie = ListView5.Items);
+    const std::unordered_set<std::string_view>& bekannt = BekanntePfade(welcher, basis);
+    std::vector<ListItem> neu;
+    for (const ListItem& z : *jetzt) {
         k_.Pumpen();
-        if (!bekannt.count(z.Text)) neu.push_back(std::move(z));
+        if (!bekannt.count(z.Text)) neu.push_back(z);
     }
     ListView5.Items = std::move(neu);
     if (ListView5.Items.empty()) return;
@@ -163,7 +205,7 @@ void WindowsDateien::TesteWindowsGelöscht() {
 
 void WindowsDateien::TesteWindowsErstellt() {
     try {
-        Erstellt(ListView4, true);
+        Erstellt(kWindows, ListView4, true);
     } catch (...) {
     }
 }
@@ -177,7 +219,7 @@ void WindowsDateien::TesteWindowsSystem32Gelöscht() {
 
 void WindowsDateien::TesteWindowsSystem32Erstellt() {
     try {
-        Erstellt(ListView7, false);
+        Erstellt(kSystem, ListView7, false);
     } catch (...) {
     }
 }
@@ -194,7 +236,7 @@ void WindowsDateien::TesteWindowsSysWow64Erstellt() {
     // ListView5 holds nothing of SysWOW64 unless the deleted-file pass just walked it.
     if (k_.W().SysWow64ordner.empty()) return;
     try {
-        Erstellt(ListView13, false);
+        Erstellt(kSysWow64, ListView13, false);
     } catch (...) {
     }
 }

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "common/steuerelemente.h"
@@ -70,11 +72,28 @@ private:
     // The top level of the folder, path and length a row; a walk that fails leaves it.
     void Füllen(ListView& liste, Ordner welcher, const std::string& ordner);
     void Gelöscht(Ordner welcher, const std::string& ordner, const ListView& basis, bool ausnahmen);
+    void Erstellt(Ordner welcher, const ListView& basis, bool ausnahmen);
+    const std::unordered_set<std::string_view>& BekanntePfade(Ordner welcher, const ListView& basis);
+    // Fills the rows with the folder's top level, path and length a row.
+    void Walk(Ordner welcher, const std::string& ordner, std::vector<ListItem>& zeilen);
     // The last walk of each folder, which ListView5 gets back while nothing changed there.
-    std::array<std::optional<std::vector<ListItem>>, 3> stand_;
+    struct Stand {
+        std::vector<ListItem> zeilen;
+        bool gültig = false;  // false until a walk ends, and while one runs
+    };
+    std::array<Stand, 3> stand_;
     // The lengths each folder's walks read, for the baseline and the snapshot alike.
     std::array<LängenGedächtnis, 3> längen_;
-    void Erstellt(const ListView& basis, bool ausnahmen);
+    // Each folder's baseline texts as a set, kept while the baseline stays as it was. The
+    // set views the texts: a copy would view the original's.
+    struct Basismenge {
+        Basismenge() = default;
+        Basismenge(const Basismenge&) = delete;
+        Basismenge& operator=(const Basismenge&) = delete;
+        std::vector<std::string> texte;
+        std::unordered_set<std::string_view> menge;
+    };
+    std::array<Basismenge, 3> basis_;
     WächterKontext& k_;
 };
 

@@ -73,6 +73,31 @@ TEST_F(Systemordner, Lengths_ReadThroughTheFileOnlyWhenItsEntryChanged) {
     EXPECT_EQ(längen().back(), "4") << "a file not measured is tried again";
 }
 
+TEST_F(Systemordner, EachWalk_ShowsTheFolderAsItIsNow_AndEachSearch_TheBaselineAsItIsNow) {
+    // The first row of the snapshot was a measured file; it is now one that cannot be measured.
+    Windows();
+    fp.files.Delete(kWin + "a.exe");
+    fp.files.Put(kWin + "a0.exe", "MZ");
+    fp.files.Lock(kWin + "a0.exe");
+    Windows();
+    ASSERT_EQ(alarm().ListView5.Items.size(), 4u);
+    EXPECT_EQ((V{alarm().ListView5.Items[0].Text, alarm().ListView5.Items[0].SubItem(1)}), (V{kWin + "a0.exe", ""}));
+    System32();
+    EXPECT_EQ(alarm().ListView5.Items.size(), 2u) << "the system folder's walk after the Windows folder's";
+
+    fp.files.Put(kWin + "e.exe", "MZ");
+    Windows();
+    ASSERT_EQ(Gewarnt(), kWin + "a0.exe");
+    prg.Form3().Image_Click(6);
+    prg.Aufräumen();
+    alarm().List8.Items.clear();
+    // The baseline keeps its size and names other files: the search follows it.
+    alarm().ListView4.Items[0].Text = kWin + "a0.exe";
+    alarm().ListView4.Items[3].Text = kWin + "e.exe";
+    Windows();
+    EXPECT_EQ(Gewarnt(), kWin + "d.exe");
+}
+
 TEST_F(Systemordner, CreatedFile_WarnsWithItsButtonsAndFields) {
     fp.files.Put(kWin + "neu.exe", "MZMZ");
     prg.Soundflag = 1;
