@@ -2,6 +2,8 @@
 // walk alone: the usual cycle (equal counts, nothing searched), a cycle with one new file
 // and one with one missing file (the searches run). The warning is counted, not shown.
 // Prints figures; asserts nothing. Usage: systemordner_bench [rounds]
+#include <windows.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -69,6 +71,16 @@ int main(int argc, char** argv) {
     Messen("yields with nothing pending, one per file", runden, [&] {
         for (std::size_t i = 0; i < basis.Items.size(); ++i) p.timers.PumpMessages();
         return basis.Items.size();
+    });
+    Messen("raw walk (FindFirstFileA, nothing kept)", runden, [&] {
+        WIN32_FIND_DATAA fd;
+        std::size_t n = 0;
+        const HANDLE h = ::FindFirstFileA((k.W().Systemordner + "\\*.*").c_str(), &fd);
+        if (h == INVALID_HANDLE_VALUE) return n;
+        do n += !(fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
+        while (::FindNextFileA(h, &fd));
+        ::FindClose(h);
+        return n;
     });
     Messen("walk alone (DateienSuchen *.*)", runden, [&] {
         std::vector<DateiEintrag> records;
