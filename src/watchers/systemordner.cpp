@@ -67,7 +67,10 @@ void WindowsDateien::Füllen(ListView& liste, Ordner welcher, const std::string&
 
 void WindowsDateien::Walk(Ordner welcher, const std::string& ordner, std::vector<ListItem>& zeilen) {
     Plattform& p = k_.P();
-    std::vector<DateiEintrag> dateien;
+    // The entries' buffer of the last walk, taken for this one: a walk begun by a message
+    // during this one's yields finds it taken and allocates its own.
+    std::vector<DateiEintrag> dateien = std::move(dateien_);
+    dateien.clear();
     DateienSuchen(p, ordner, false, "*.*", dateien);
     // Rows a walk before left here keep their strings: a walk of a folder that changed little
     // writes into the storage of the last one instead of allocating each row anew.
@@ -89,6 +92,7 @@ void WindowsDateien::Walk(Ordner welcher, const std::string& ordner, std::vector
             z.SubItems.clear();
     }
     längen_[welcher].Aufräumen();
+    if (dateien.capacity() > dateien_.capacity()) dateien_ = std::move(dateien);
 }
 
 void WindowsDateien::LadeWindows() {
@@ -126,6 +130,18 @@ bool WindowsDateien::AusnahmeTrue(const std::string& pfad) const {
     return false;
 }
 
+void WindowsDateien::Zeigen(const std::vector<ListItem>& zeilen) {
+    // ListView5 takes the walks of three folders in turn and, after a search, the few new
+    // files: the rows it gives up wait aside with their strings' storage, and it takes them
+    // back as it grows, so that a tick does not allocate a row per file of the largest folder.
+    std::vector<ListItem>& ziel = ListView5.Items;
+    for (; ziel.size() > zeilen.size(); ziel.pop_back()) vorrat_.push_back(std::move(ziel.back()));
+    for (; ziel.size() < zeilen.size() && !vorrat_.empty(); vorrat_.pop_back())
+        ziel.push_back(std::move(vorrat_.back()));
+    ziel.resize(zeilen.size());
+    std::copy(zeilen.begin(), zeilen.end(), ziel.begin());
+}
+
 void WindowsDateien::Gelöscht(Ordner welcher, const std::string& ordner, const ListView& basis, bool ausnahmen) {
     // The snapshot is put in place at every call, whatever box 17 says: the created-file
     // test after this one works on it.
@@ -137,7 +153,7 @@ void WindowsDateien::Gelöscht(Ordner welcher, const std::string& ordner, const 
         Walk(welcher, ordner, stand.zeilen);
         stand.gültig = true;
     }
-    ListView5.Items = stand.zeilen;
+    Zeigen(stand.zeilen);
     if (k_.Box(17) != 1) return;
     if (ListView5.Items.size() >= basis.Items.size()) return;
 
@@ -182,7 +198,7 @@ void WindowsDateien::Erstellt(Ordner welcher, const ListView& basis, bool ausnah
         k_.Pumpen();
         if (!bekannt.count(z.Text)) neu.push_back(z);
     }
-    ListView5.Items = std::move(neu);
+    Zeigen(neu);
     if (ListView5.Items.empty()) return;
 
     // Only the first new file is looked at; the others wait until it has gone.

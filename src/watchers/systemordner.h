@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "common/steuerelemente.h"
+#include "platform/alledateien.h"
 #include "platform/laengengedaechtnis.h"
 #include "watchers/grundliste.h"
 #include "watchers/kontext.h"
@@ -82,6 +83,10 @@ private:
         bool gültig = false;  // false until a walk ends, and while one runs
     };
     std::array<Stand, 3> stand_;
+    // Puts these rows into ListView5, with the storage of the rows it had.
+    void Zeigen(const std::vector<ListItem>& zeilen);
+    std::vector<ListItem> vorrat_;       // rows ListView5 gave up, kept for their storage
+    std::vector<DateiEintrag> dateien_;  // the last walk's entries' buffer
     // The lengths each folder's walks read, for the baseline and the snapshot alike.
     std::array<LängenGedächtnis, 3> längen_;
     // Each folder's baseline texts as a set, kept while the baseline stays as it was. The
