@@ -1,5 +1,8 @@
 #include "watchers/aenderungsquellen.h"
 
+#include <algorithm>
+#include <span>
+
 namespace kes {
 
 namespace {
@@ -75,10 +78,10 @@ bool Änderungsquellen::Fragen(Zeile& z) {
 bool Änderungsquellen::Nachsehen(Zeile& z, std::int64_t jetzt) {
     if (z.gefeuert) return true;
     if (jetzt - z.gefragt >= kFrageMs) return Fragen(z);
-    if (ruhig_) return false;
+    if (tickBlick_) return z.gesehen && Fragen(z);
     std::vector<std::uintptr_t> alle;
     Griffe(z, alle);
-    return !alle.empty() && p_.changes.AnyFired(alle) && Fragen(z);
+    return !alle.empty() && p_.changes.FirstFired(alle) && Fragen(z);
 }
 
 void Änderungsquellen::Griffe(const Zeile& z, std::vector<std::uintptr_t>& alle) {
@@ -94,7 +97,7 @@ bool Änderungsquellen::Blick() {
         if (z.gefeuert) return true;
         Griffe(z, alle);
     }
-    return !alle.empty() && p_.changes.AnyFired(alle);
+    return !alle.empty() && p_.changes.FirstFired(alle);
 }
 
 bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änderungsorte()>& orte) {
@@ -141,8 +144,25 @@ std::size_t Änderungsquellen::Anzahl() const {
 }
 
 void Änderungsquellen::TickBeginnt() {
-    ruhig_ = false;
-    ruhig_ = !Blick();
+    // One look over every armed row's sources; where it finds one that fired, that row is
+    // marked and the look goes on behind the row's sources. A change costs the tick a look
+    // more, not a look of every row of its own.
+    std::vector<std::uintptr_t> alle;
+    std::vector<std::size_t> bis;  // by row: the end of its sources in alle
+    bis.reserve(zeilen_.size());
+    for (Zeile& z : zeilen_) {
+        z.gesehen = z.scharf && z.gefeuert;
+        if (z.scharf) Griffe(z, alle);
+        bis.push_back(alle.size());
+    }
+    for (std::size_t ab = 0; ab < alle.size();) {
+        const auto stelle = p_.changes.FirstFired(std::span(alle).subspan(ab));
+        if (!stelle) break;
+        const std::size_t zeile = std::upper_bound(bis.begin(), bis.end(), ab + *stelle) - bis.begin();
+        zeilen_.at(zeile).gesehen = true;
+        ab = bis[zeile];
+    }
+    tickBlick_ = true;
 }
 
 bool Änderungsquellen::Gefeuert() {

@@ -56,10 +56,11 @@ public:
     void Unvollständig(std::size_t zeile) { zeilen_.at(zeile).gelaufen = false; }
     // The row's box is off: its sources go, and it walks when they are armed again.
     void Entwaffnen(std::size_t zeile);
-    // Around a tick's rows: one look at every armed source first, which spares each row its
-    // own look while nothing fired. What fires during the tick shows to the next look.
+    // Around a tick's rows: one look at every armed source first, which finds the rows
+    // whose sources fired and spares every row a look of its own. What fires during the
+    // tick shows to the next look.
     void TickBeginnt();
-    void TickEndet() { ruhig_ = false; }
+    void TickEndet() { tickBlick_ = false; }
     // Whether a row has fired and not walked since: one look at all armed sources, and at
     // every kBlickeJeFrage-th call an ask of each.
     bool Gefeuert();
@@ -75,6 +76,7 @@ private:
         bool versucht = false;  // armed, or tried, ahead of its first walk
         std::int64_t zuletzt = 0;
         std::int64_t gefragt = 0;  // when each source was last asked, or armed
+        bool gesehen = false;      // the tick's first look found one of its sources fired
     };
     bool Fragen(Zeile& z);
     bool Nachsehen(Zeile& z, std::int64_t jetzt);
@@ -86,7 +88,7 @@ private:
     Plattform& p_;
     std::vector<Zeile> zeilen_;
     int blicke_ = 0;
-    bool ruhig_ = false;  // in a tick whose first look saw nothing
+    bool tickBlick_ = false;  // in a tick, after its first look: the rows' marks hold
 };
 
 }  // namespace kes

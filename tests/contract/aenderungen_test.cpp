@@ -131,9 +131,9 @@ TEST_F(Änderungen, AFolderFiresForAFileComingChangingSizeAndGoing) {
     }
 }
 
-// The look between ticks: many sources at once (more than one wait can take), and what it
-// sees is still there for the ask.
-TEST_F(Änderungen, OneLookAtManySources_SeesAFiredOne_AndTakesNothingBack) {
+// The look between ticks: many sources at once (more than one wait can take), the position
+// of the one that fired, and what it sees is still there for the ask.
+TEST_F(Änderungen, OneLookAtManySources_NamesTheFirstThatFired_AndTakesNothingBack) {
     Wert(kTestSchlüssel + std::string("\\Kind"), "a");
     std::vector<ChangeSource> quellen;
     std::vector<std::uintptr_t> alle;
@@ -149,21 +149,22 @@ TEST_F(Änderungen, OneLookAtManySources_SeesAFiredOne_AndTakesNothingBack) {
     alle.push_back(ordnerQuelle.Get());
     ChangeSource letzte = Schlüssel(false);  // the 72nd, past the first wait's 64
     alle.push_back(letzte.Get());
-    EXPECT_FALSE(c.AnyFired(alle));
+    using Stelle = std::optional<std::size_t>;
+    EXPECT_EQ(c.FirstFired(alle), Stelle());
     Wert(kTestSchlüssel, "b");
-    EXPECT_TRUE(c.AnyFired(alle));
-    EXPECT_TRUE(c.AnyFired(alle)) << "the look took the notification back";
+    EXPECT_EQ(c.FirstFired(alle), Stelle(71)) << "the position in the whole list, past the first wait's";
+    EXPECT_EQ(c.FirstFired(std::span(alle).subspan(60)), Stelle(11)) << "the look took the notification back";
     EXPECT_TRUE(c.Fired(letzte.Get()));
-    EXPECT_FALSE(c.AnyFired(alle)) << "the ask took it";
+    EXPECT_EQ(c.FirstFired(alle), Stelle()) << "the ask took it";
 
     ASSERT_TRUE(p.files.WriteAll(Pfad("neu.exe"), "MZ"));
     bool gesehen = false;
     for (int ms = 0; ms <= kWarteMs && !gesehen; ms += 20) {
-        gesehen = c.AnyFired(alle);
+        gesehen = c.FirstFired(alle).has_value();
         if (!gesehen) p.system.Sleep(20);
     }
     EXPECT_TRUE(gesehen) << "a folder's notification";
-    EXPECT_TRUE(c.AnyFired(alle)) << "the look took the folder's notification back";
+    EXPECT_EQ(c.FirstFired(alle), Stelle(70)) << "the look took the folder's notification back";
     EXPECT_TRUE(c.Fired(ordnerQuelle.Get()));
 }
 

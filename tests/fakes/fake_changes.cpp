@@ -39,15 +39,15 @@ void FakeChanges::Verlieren() {
 }
 
 // As Wine: a key deleted under its source shows only to Fired.
-bool FakeChanges::AnyFired(const std::vector<std::uintptr_t>& sources) {
+std::optional<std::size_t> FakeChanges::FirstFired(std::span<const std::uintptr_t> sources) {
     ++geschaut_;
-    for (const std::uintptr_t s : sources) {
-        const Quelle& q = quellen_.at(s);
-        if (q.kaputt) return true;
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        const Quelle& q = quellen_.at(sources[i]);
+        if (q.kaputt) return i;
         const auto jetzt = q.stand();
-        if (jetzt && *jetzt != q.zuletzt) return true;
+        if (jetzt && *jetzt != q.zuletzt) return i;
     }
-    return false;
+    return std::nullopt;
 }
 
 long FakeChanges::CloseSource(std::uintptr_t source) {

@@ -22,7 +22,7 @@ public:
                   ChangeSource* out) override;
     long WatchFolder(const std::string& path, ChangeSource* out) override;
     bool Fired(std::uintptr_t source) override;
-    bool AnyFired(const std::vector<std::uintptr_t>& sources) override;
+    std::optional<std::size_t> FirstFired(std::span<const std::uintptr_t> sources) override;
 
     long verweigert = 0;  // the error every arming answers; 0 arms
     // What changed so far fires nowhere: every notification pending now is lost.

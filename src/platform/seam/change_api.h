@@ -5,7 +5,10 @@
 // has none, and its caller walks it at every tick.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -35,11 +38,12 @@ public:
     // Whether the source fired since it was armed or last asked. A source that cannot be
     // armed again (its key was deleted) answers true from then on.
     virtual bool Fired(std::uintptr_t source) = 0;
-    // Whether any of the sources fired, in one look for all of them and without taking
-    // anything back: what it sees, Fired still answers. For a caller that looks often
-    // between ticks. A source whose key was deleted need not show here (Wine signals
-    // nothing then); Fired sees it.
-    virtual bool AnyFired(const std::vector<std::uintptr_t>& sources) = 0;
+    // The position of the first of the sources that fired, none when none did: one look for
+    // all of them, without taking anything back (what it sees, Fired still answers). For a
+    // caller that looks often between ticks, and for finding which of many fired by
+    // looking again behind the one it found. A source whose key was deleted need not show
+    // here (Wine signals nothing then); Fired sees it.
+    virtual std::optional<std::size_t> FirstFired(std::span<const std::uintptr_t> sources) = 0;
 
 protected:
     virtual long CloseSource(std::uintptr_t source) = 0;

@@ -61,24 +61,26 @@ bool Win32Changes::Fired(std::uintptr_t source) {
     return true;
 }
 
-bool Win32Changes::AnyFired(const std::vector<std::uintptr_t>& sources) {
+std::optional<std::size_t> Win32Changes::FirstFired(std::span<const std::uintptr_t> sources) {
     // One wait for up to 64 handles instead of one per source: the look between ticks
-    // then costs the server a call or two, whatever the number of places.
+    // then costs the server a call or two, whatever the number of places. The wait names
+    // the lowest of the handles that are set.
     std::vector<HANDLE> griffe;
     griffe.reserve(sources.size());
-    for (const std::uintptr_t s : sources) {
-        const auto& q = *reinterpret_cast<const Quelle*>(s);
-        if (q.kaputt) return true;
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        const auto& q = *reinterpret_cast<const Quelle*>(sources[i]);
+        if (q.kaputt) return i;
         griffe.push_back(q.ereignis);
     }
     for (std::size_t i = 0; i < griffe.size(); i += MAXIMUM_WAIT_OBJECTS) {
         const auto n = static_cast<DWORD>(std::min<std::size_t>(MAXIMUM_WAIT_OBJECTS, griffe.size() - i));
         const DWORD rc = ::WaitForMultipleObjects(n, griffe.data() + i, FALSE, 0);
-        if (rc < WAIT_OBJECT_0 + n) return true;
-        // A handle that cannot be waited on: let the sources be asked one by one.
-        if (rc == WAIT_FAILED) return true;
+        if (rc < WAIT_OBJECT_0 + n) return i + (rc - WAIT_OBJECT_0);
+        // A handle that cannot be waited on: the first of this wait's, so that its owner
+        // asks its sources one by one, and a look behind it goes on.
+        if (rc == WAIT_FAILED) return i;
     }
-    return false;
+    return std::nullopt;
 }
 
 long Win32Changes::CloseSource(std::uintptr_t source) {

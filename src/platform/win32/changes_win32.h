@@ -14,7 +14,7 @@ public:
                   ChangeSource* out) override;
     long WatchFolder(const std::string& path, ChangeSource* out) override;
     bool Fired(std::uintptr_t source) override;
-    bool AnyFired(const std::vector<std::uintptr_t>& sources) override;
+    std::optional<std::size_t> FirstFired(std::span<const std::uintptr_t> sources) override;
 
 protected:
     long CloseSource(std::uintptr_t source) override;

@@ -220,10 +220,11 @@ TEST_F(RunWarnung, WarningClosedUnanswered_ComesBackAtTheStagesTick) {
 class QuellenBlick : public ::testing::Test {
 protected:
     fake::FakePlattform fp;
-    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run", once = run + "Once";
-    Änderungsquellen q{fp.plattform, 2};
+    const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Run", once = run + "Once",
+                      dienste = run + "Services";
+    Änderungsquellen q{fp.plattform, 3};
     void SetUp() override {
-        for (const std::string& k : {run, once}) fp.registry.MakeKey("HKEY_CURRENT_USER\\" + k);
+        for (const std::string& k : {run, once, dienste}) fp.registry.MakeKey("HKEY_CURRENT_USER\\" + k);
     }
     static std::function<Änderungsorte()> orte(const std::string& k) {
         return [k] { return Änderungsorte{{kHkeyCurrentUser, k, false}}; };
@@ -265,22 +266,27 @@ TEST_F(QuellenBlick, TickLooksOnce_AsksOnlyWhenDue_ADeletedKeyWalksThen) {
     EXPECT_TRUE(q.MussLaufen(0, orte(run))) << "the ask is due and sees the deleted key";
 }
 
-// A tick whose first look over all rows saw nothing spares each row its own look; the row
-// whose place changed still walks.
-TEST_F(QuellenBlick, TickLooksOnceForAllRows_TheRowThatChangedWalks) {
+// A tick's first look over all rows finds the rows whose places changed, looking on behind
+// each it found; every such row walks, no other, and no row looks on its own.
+TEST_F(QuellenBlick, TickLooksOverAllRows_EveryRowThatChangedWalks_NoRowLooksOnItsOwn) {
     const auto tick = [&] {
+        const int vorher = fp.changes.Looked();
         q.TickBeginnt();
-        const std::pair<bool, bool> läuft{q.MussLaufen(0, orte(run)), q.MussLaufen(1, orte(once))};
+        const std::vector<bool> läuft{q.MussLaufen(0, orte(run)), q.MussLaufen(1, orte(once)),
+                                      q.MussLaufen(2, orte(dienste))};
         q.TickEndet();
-        return läuft;
+        return std::pair{läuft, fp.changes.Looked() - vorher};
     };
-    ASSERT_EQ(tick(), (std::pair{true, true})) << "the first walks";
+    const auto ändern = [&](const std::string& k) { fp.registry.SetString("HKEY_CURRENT_USER\\" + k, "Tool", "x"); };
+    using B = std::vector<bool>;
+    ASSERT_EQ(tick().first, (B{true, true, true})) << "the first walks";
     fp.timers.Advance(1000);
-    const int blicke = fp.changes.Looked();
-    EXPECT_EQ(tick(), (std::pair{false, false}));
-    EXPECT_EQ(fp.changes.Looked() - blicke, 1);
-    fp.registry.SetString("HKEY_CURRENT_USER\\" + once, "Tool", "C:\\tool.exe");
-    EXPECT_EQ(tick(), (std::pair{false, true}));
+    EXPECT_EQ(tick(), (std::pair{B{false, false, false}, 1}));
+    ändern(once);
+    EXPECT_EQ(tick(), (std::pair{B{false, true, false}, 2})) << "one look finds it, one behind it";
+    ändern(run);
+    ändern(dienste);
+    EXPECT_EQ(tick(), (std::pair{B{true, false, true}, 2}));
 }
 
 // A folder with everything under it: each folder of the subtree is a source of its own,
