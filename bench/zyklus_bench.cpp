@@ -28,6 +28,7 @@
 #include "fremdmessung.h"
 #include "panel/alarm.h"
 #include "rohe_schleife.h"
+#include "warning/form3.h"
 #include "watchers/aenderungsquellen.h"
 #include "watchers/waechter.h"
 
@@ -343,6 +344,78 @@ int main(int argc, char** argv) {
         if (h != INVALID_HANDLE_VALUE) ::CloseHandle(h);
     }));
 
+    // From a change to its warning, with the program's looks every 250 ms on a clock of
+    // their own, so that each change comes at another moment between two looks. Each change
+    // is new (another name each time) and warns; the warning is put off ("Später") and the
+    // change taken back, which warns of nothing.
+    struct Verzögerung {
+        const char* name;
+        Reihe ms;
+        int ohne = 0;
+    };
+    const auto verzögerung = [&](const char* name, const std::function<void(int, bool)>& ändern) {
+        using Uhr = std::chrono::steady_clock;
+        Verzögerung v{name, {}};
+        const auto takt = std::chrono::milliseconds(kSofortMs);
+        auto blick = Uhr::now() + takt;
+        // Waits for the next look that falls due, and makes it; true when it found a change.
+        const auto schauen = [&] {
+            while (blick < Uhr::now()) blick += takt;
+            ::Sleep(static_cast<DWORD>(std::chrono::ceil<std::chrono::milliseconds>(blick - Uhr::now()).count()));
+            blick += takt;
+            return a.Gefeuert();
+        };
+        for (int i = 0; i < 2 * runden; ++i) {
+            ::Sleep(static_cast<DWORD>(97 * i % kSofortMs));
+            const auto start = Uhr::now();
+            ändern(i, true);
+            bool gewarnt = false;
+            // At most 20 s: the ask of each source at every 20th look sees what a look missed.
+            for (int k = 0; k < 80 && !gewarnt; ++k)
+                if (schauen()) {
+                    zyklus();
+                    gewarnt = prg.Form3Geladen();
+                }
+            if (gewarnt) {
+                v.ms.ms.push_back(std::chrono::duration<double, std::milli>(Uhr::now() - start).count());
+                prg.Form3().Image_Click(6);
+                prg.Aufräumen();
+            } else {
+                ++v.ohne;
+            }
+            ändern(i, false);
+            for (int k = 0; k < 8; ++k)
+                if (schauen()) {
+                    zyklus();
+                    nachsehen();
+                    break;
+                }
+        }
+        return v;
+    };
+    std::vector<Verzögerung> verzögerungen;
+    const char* kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+    verzögerungen.push_back(verzögerung("a Run value", [&](int i, bool hin) {
+        const std::string name = "KestrellaBenchProbe" + std::to_string(i);
+        HKEY h;
+        if (::RegOpenKeyExA(HKEY_LOCAL_MACHINE, kRun, 0, KEY_SET_VALUE, &h) != ERROR_SUCCESS) return;
+        const char daten[] = "C:\\kestrella-bench-probe.exe";
+        if (hin)
+            ::RegSetValueExA(h, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(daten), sizeof daten);
+        else
+            ::RegDeleteValueA(h, name.c_str());
+        ::RegCloseKey(h);
+    }));
+    verzögerungen.push_back(verzögerung("a file in the system folder", [&](int i, bool hin) {
+        const std::string datei = w.Systemordner + "\\kestrella-bench-probe" + std::to_string(i) + ".dll";
+        if (!hin) {
+            ::DeleteFileA(datei.c_str());
+            return;
+        }
+        const HANDLE h = ::CreateFileA(datei.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        if (h != INVALID_HANDLE_VALUE) ::CloseHandle(h);
+    }));
+
     // Idle ticks one after the other, each after the looks of its interval: more of them
     // than rounds, for a steadier figure of the tick alone.
     // Processor time beside it, of this process and the wineserver, which does the registry
@@ -413,6 +486,12 @@ int main(int argc, char** argv) {
             "processor time of the tick after one change (%s), less an idle tick's: %.2f ms against %.2f ms\n"
             "  of the raw listing of that place = %.0f %%\n",
             n.name, n.tickCpu, n.rohCpu, n.rohCpu > 0 ? 100 * n.tickCpu / n.rohCpu : 0);
+    for (const Verzögerung& v : verzögerungen)
+        std::printf(
+            "delay from a change (%s) to its warning, looks every %d ms: median %.0f ms, min %.0f ms,\n"
+            "  max %.0f ms over %zu changes; %d changes not warned of within 20 s\n",
+            v.name, kSofortMs, v.ms.Median(), v.ms.Min(),
+            v.ms.ms.empty() ? 0 : *std::max_element(v.ms.ms.begin(), v.ms.ms.end()), v.ms.ms.size(), v.ohne);
     std::printf("\nwhat the watchers' own rules add, listed raw (ms, median / min over %d rounds):\n", runden);
     for (const Teil& t : extra) std::printf("  %-58s %8.2f %8.2f\n", t.name, t.r.Median(), t.r.Min());
     if (basis > 0) std::printf("whole cycle median against --basis %.2f ms: %.2fx\n", basis, ganz.Median() / basis);
