@@ -51,10 +51,10 @@ int StilleDialoge::ShowMessage(const std::string& text, const std::string&, int)
 }
 
 BenchPlattform::BenchPlattform(const std::string& programmordner)
-    : system(programmordner + "\\Kestrella.exe"), plattform{echt.registry,  echt.files,   echt.shell,
-                                                            dialoge,        ton,          echt.timers,
-                                                            system,         echt.dialup,  tray,
-                                                            echt.processes, echt.details, echt.profiles, echt.changes} {}
+    : system(programmordner + "\\Kestrella.exe"), plattform{echt.registry, echt.files,     echt.shell,   dialoge,
+                                                            ton,           echt.timers,    system,       echt.dialup,
+                                                            tray,          echt.processes, echt.details, echt.profiles,
+                                                            echt.changes} {}
 
 int AllesÜbernehmen(Programm& prg, int höchstens) {
     AlarmFenster& alarm = prg.Alarm();

@@ -103,9 +103,11 @@ std::size_t Baum(HKEY root, const std::string& key, bool unter) {
 std::size_t RohDerOrte(const Änderungsorte& orte) {
     std::size_t n = 0;
     for (const Änderungsort& o : orte)
-        n += o.root == 0 ? Dateien(o.pfad)
-                         : Baum(reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(static_cast<LONG_PTR>(static_cast<LONG>(o.root)))),
-                                o.pfad, o.unterschlüssel);
+        n +=
+            o.root == 0
+                ? Dateien(o.pfad)
+                : Baum(reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(static_cast<LONG_PTR>(static_cast<LONG>(o.root)))),
+                       o.pfad, o.unterschlüssel);
     return n;
 }
 

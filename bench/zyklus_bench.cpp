@@ -24,39 +24,18 @@
 #include <string>
 #include <vector>
 
+#include "aenderungsmessung.h"
 #include "bench_programm.h"
 #include "fremdmessung.h"
+#include "messreihe.h"
 #include "panel/alarm.h"
 #include "rohe_schleife.h"
-#include "warning/form3.h"
 #include "watchers/aenderungsquellen.h"
 #include "watchers/waechter.h"
 
 namespace {
 using namespace kes;
 using namespace kes::bench;
-
-struct Reihe {
-    std::vector<double> ms;
-    double Median() const {
-        std::vector<double> s = ms;
-        std::sort(s.begin(), s.end());
-        return s.empty() ? 0 : s[s.size() / 2];
-    }
-    double Min() const { return ms.empty() ? 0 : *std::min_element(ms.begin(), ms.end()); }
-    double Mittel() const {
-        double summe = 0;
-        for (double m : ms) summe += m;
-        return ms.empty() ? 0 : summe / static_cast<double>(ms.size());
-    }
-};
-
-template <typename F>
-double Zeit(F f) {
-    const auto start = std::chrono::steady_clock::now();
-    f();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
 
 struct Teil {
     const char* name;
@@ -254,71 +233,12 @@ int main(int argc, char** argv) {
         }
     }
 
-    // A tick after one change and the tick after it is taken back, in turns: against the raw
-    // listing of the changed place by every row that names it among its places, which is the
-    // enumeration the change makes necessary. Nothing warns.
-    // Processor time of this process and the wineserver, which does the registry and file
-    // work of both loops: wall times under Wine wait on the server's turns.
-    const auto prozessor = [] { return LinuxProzessorzeit("zyklus_bench.exe") + LinuxProzessorzeit("wineserver"); };
-    // Processor time in ms a call of f, over n calls.
-    const auto cpu = [&](int n, const std::function<void(int)>& f) {
-        const double vorher = prozessor();
-        for (int i = 0; i < n; ++i) f(i);
-        return (prozessor() - vorher) * 1000 / n;
-    };
-    struct NachÄnderung {
-        const char* name;
-        Reihe tick, roh, hin, zurück;
-        std::size_t zeilen = 0;
-        // Processor time: a tick after the change less an idle tick, and the raw listing.
-        double tickCpu = 0, rohCpu = 0;
-    };
-    const auto nachÄnderung = [&](const char* name, RegHandle root, const std::string& ort,
-                                  const std::function<void(bool)>& ändern) {
-        NachÄnderung n{name, {}, {}};
-        std::vector<std::size_t> walken;
-        for (std::size_t i = 0; i < Wächtertabelle().size(); ++i) {
-            const WächterZeile& zeile = Wächtertabelle()[i];
-            if (!zeile.orte) continue;
-            for (const Änderungsort& o : zeile.orte(a, w))
-                if (o.root == root && _stricmp(o.pfad.c_str(), ort.c_str()) == 0) {
-                    walken.push_back(i);
-                    break;
-                }
-        }
-        n.zeilen = walken.size();
-        for (int runde = 0; runde < runden; ++runde) {
-            ändern(runde % 2 == 0);
-            n.tick.ms.push_back(Zeit(zyklus));
-            (runde % 2 == 0 ? n.hin : n.zurück).ms.push_back(n.tick.ms.back());
-            nachsehen();
-            n.roh.ms.push_back(Zeit([&] {
-                for (std::size_t i : walken) teile[i].roh();
-            }));
-        }
-        ändern(false);
-        zyklus();
-        // The clock of /proc counts in steps of 10 ms: each block runs about 4 s.
-        // An even number: each block ends with the change taken back.
-        const int m = 2 * std::max(2 * runden, static_cast<int>(2000 / std::max(1.0, n.tick.Median())));
-        const double mitTick = cpu(m, [&](int i) {
-            ändern(i % 2 == 0);
-            zyklus();
-        });
-        const double ohneTick = cpu(m, [&](int i) { ändern(i % 2 == 0); });
-        zyklus();
-        const double leer = cpu(m, [&](int) { zyklus(); });
-        n.tickCpu = mitTick - ohneTick - leer;
-        n.rohCpu = cpu(m, [&](int) {
-            for (std::size_t i : walken) teile[i].roh();
-        });
-        return n;
-    };
+    Zyklusbank bank{prg, runden, zyklus, nachsehen, [&](std::size_t zeile) { return teile[zeile].roh(); }};
     std::vector<NachÄnderung> änderungen;
     // A service that does not start by itself comes and goes.
     const char* kProbe = "SYSTEM\\CurrentControlSet\\Services\\KestrellaBenchProbe";
-    änderungen.push_back(
-        nachÄnderung("the services' key", kHkeyLocalMachine, "System\\CurrentControlSet\\Services", [&](bool hin) {
+    änderungen.push_back(TickNachÄnderung(
+        bank, "the services' key", kHkeyLocalMachine, "System\\CurrentControlSet\\Services", [&](bool hin) {
             if (!hin) {
                 ::RegDeleteKeyA(HKEY_LOCAL_MACHINE, kProbe);
                 return;
@@ -335,7 +255,7 @@ int main(int argc, char** argv) {
     // on the deferred list, as a file the user put off.
     const std::string probeDatei = w.Systemordner + "\\kestrella-bench-probe.dll";
     a.List8.Items.push_back(probeDatei);
-    änderungen.push_back(nachÄnderung("the system folder", 0, w.Systemordner, [&](bool hin) {
+    änderungen.push_back(TickNachÄnderung(bank, "the system folder", 0, w.Systemordner, [&](bool hin) {
         if (!hin) {
             ::DeleteFileA(probeDatei.c_str());
             return;
@@ -344,58 +264,9 @@ int main(int argc, char** argv) {
         if (h != INVALID_HANDLE_VALUE) ::CloseHandle(h);
     }));
 
-    // From a change to its warning, with the program's looks every 250 ms on a clock of
-    // their own, so that each change comes at another moment between two looks. Each change
-    // is new (another name each time) and warns; the warning is put off ("Später") and the
-    // change taken back, which warns of nothing.
-    struct Verzögerung {
-        const char* name;
-        Reihe ms;
-        int ohne = 0;
-    };
-    const auto verzögerung = [&](const char* name, const std::function<void(int, bool)>& ändern) {
-        using Uhr = std::chrono::steady_clock;
-        Verzögerung v{name, {}};
-        const auto takt = std::chrono::milliseconds(kSofortMs);
-        auto blick = Uhr::now() + takt;
-        // Waits for the next look that falls due, and makes it; true when it found a change.
-        const auto schauen = [&] {
-            while (blick < Uhr::now()) blick += takt;
-            ::Sleep(static_cast<DWORD>(std::chrono::ceil<std::chrono::milliseconds>(blick - Uhr::now()).count()));
-            blick += takt;
-            return a.Gefeuert();
-        };
-        for (int i = 0; i < 2 * runden; ++i) {
-            ::Sleep(static_cast<DWORD>(97 * i % kSofortMs));
-            const auto start = Uhr::now();
-            ändern(i, true);
-            bool gewarnt = false;
-            // At most 20 s: the ask of each source at every 20th look sees what a look missed.
-            for (int k = 0; k < 80 && !gewarnt; ++k)
-                if (schauen()) {
-                    zyklus();
-                    gewarnt = prg.Form3Geladen();
-                }
-            if (gewarnt) {
-                v.ms.ms.push_back(std::chrono::duration<double, std::milli>(Uhr::now() - start).count());
-                prg.Form3().Image_Click(6);
-                prg.Aufräumen();
-            } else {
-                ++v.ohne;
-            }
-            ändern(i, false);
-            for (int k = 0; k < 8; ++k)
-                if (schauen()) {
-                    zyklus();
-                    nachsehen();
-                    break;
-                }
-        }
-        return v;
-    };
     std::vector<Verzögerung> verzögerungen;
     const char* kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-    verzögerungen.push_back(verzögerung("a Run value", [&](int i, bool hin) {
+    verzögerungen.push_back(BisZurWarnung(bank, "a Run value", [&](int i, bool hin) {
         const std::string name = "KestrellaBenchProbe" + std::to_string(i);
         HKEY h;
         if (::RegOpenKeyExA(HKEY_LOCAL_MACHINE, kRun, 0, KEY_SET_VALUE, &h) != ERROR_SUCCESS) return;
@@ -406,7 +277,7 @@ int main(int argc, char** argv) {
             ::RegDeleteValueA(h, name.c_str());
         ::RegCloseKey(h);
     }));
-    verzögerungen.push_back(verzögerung("a file in the system folder", [&](int i, bool hin) {
+    verzögerungen.push_back(BisZurWarnung(bank, "a file in the system folder", [&](int i, bool hin) {
         const std::string datei = w.Systemordner + "\\kestrella-bench-probe" + std::to_string(i) + ".dll";
         if (!hin) {
             ::DeleteFileA(datei.c_str());
@@ -421,7 +292,7 @@ int main(int argc, char** argv) {
     // Processor time beside it, of this process and the wineserver, which does the registry
     // and file work of both loops: wall times under Wine wait on the server's turns.
     Reihe leerlauf, leerBlicke;
-    const double leerCpu0 = prozessor();
+    const double leerCpu0 = BenchProzessorzeit();
     for (int i = 0; i < 60; ++i) {
         leerBlicke.ms.push_back(Zeit([&] {
             for (int j = 0; j < kBlickeJeFrage; ++j) a.Gefeuert();
@@ -429,13 +300,13 @@ int main(int argc, char** argv) {
         leerlauf.ms.push_back(Zeit(zyklus));
         nachsehen();
     }
-    const double leerCpu = (prozessor() - leerCpu0) * 1000 / 60;
-    const double rohCpu0 = prozessor();
+    const double leerCpu = (BenchProzessorzeit() - leerCpu0) * 1000 / 60;
+    const double rohCpu0 = BenchProzessorzeit();
     for (int i = 0; i < 10; ++i) roh();
-    const double rohCpu = (prozessor() - rohCpu0) * 1000 / 10;
+    const double rohCpu = (BenchProzessorzeit() - rohCpu0) * 1000 / 10;
     // The idle tick alone, without the looks of its interval: about 3 s of them.
     const double tickCpu =
-        cpu(std::max(60, static_cast<int>(3000 / std::max(1.0, leerlauf.Median()))), [&](int) { zyklus(); });
+        ProzessorMs(std::max(60, static_cast<int>(3000 / std::max(1.0, leerlauf.Median()))), [&](int) { zyklus(); });
 
     // Rows that walk at every tick although they name places: right after a tick, a row whose
     // places are armed and quiet need not walk.
@@ -473,25 +344,8 @@ int main(int argc, char** argv) {
         leerCpu, rohCpu, rohCpu > 0 ? 100 * leerCpu / rohCpu : 0);
     std::printf("processor time of an idle tick alone: %.2f ms, %.1f %% of a raw loop's\n", tickCpu,
                 rohCpu > 0 ? 100 * tickCpu / rohCpu : 0);
-    for (const NachÄnderung& n : änderungen)
-        std::printf(
-            "tick after one change (%s): median %.2f ms, min %.2f ms; the raw listing of that place\n"
-            "  by the %zu rows that name it %.2f ms median; the tick %.0f %% of it; the tick less the idle tick:\n"
-            "  %.2f ms = %.0f %% of it (the change %.2f ms, taking it back %.2f ms median)\n",
-            n.name, n.tick.Median(), n.tick.Min(), n.zeilen, n.roh.Median(), 100 * n.tick.Median() / n.roh.Median(),
-            n.tick.Median() - ganz.Median(), 100 * (n.tick.Median() - ganz.Median()) / n.roh.Median(), n.hin.Median(),
-            n.zurück.Median());
-    for (const NachÄnderung& n : änderungen)
-        std::printf(
-            "processor time of the tick after one change (%s), less an idle tick's: %.2f ms against %.2f ms\n"
-            "  of the raw listing of that place = %.0f %%\n",
-            n.name, n.tickCpu, n.rohCpu, n.rohCpu > 0 ? 100 * n.tickCpu / n.rohCpu : 0);
-    for (const Verzögerung& v : verzögerungen)
-        std::printf(
-            "delay from a change (%s) to its warning, looks every %d ms: median %.0f ms, min %.0f ms,\n"
-            "  max %.0f ms over %zu changes; %d changes not warned of within 20 s\n",
-            v.name, kSofortMs, v.ms.Median(), v.ms.Min(),
-            v.ms.ms.empty() ? 0 : *std::max_element(v.ms.ms.begin(), v.ms.ms.end()), v.ms.ms.size(), v.ohne);
+    Drucken(änderungen, ganz.Median());
+    Drucken(verzögerungen);
     std::printf("\nwhat the watchers' own rules add, listed raw (ms, median / min over %d rounds):\n", runden);
     for (const Teil& t : extra) std::printf("  %-58s %8.2f %8.2f\n", t.name, t.r.Median(), t.r.Min());
     if (basis > 0) std::printf("whole cycle median against --basis %.2f ms: %.2fx\n", basis, ganz.Median() / basis);
