@@ -24,7 +24,8 @@ protected:
     void SetUp() override { Löschen(kTestSchlüssel); }
     void TearDown() override { Löschen(kTestSchlüssel); }
     void Löschen(const std::string& pfad) {
-        for (const char* kind : {"\\Kind\\Enkel", "\\Kind"}) r.DeleteKey(kHkeyCurrentUser, pfad + kind, 0);
+        for (const char* kind : {"\\Kind\\Enkel", "\\Kind\\Neu", "\\Kind", "\\Zweites"})
+            r.DeleteKey(kHkeyCurrentUser, pfad + kind, 0);
         r.DeleteKey(kHkeyCurrentUser, pfad, 0);
     }
     void Wert(const std::string& pfad, const char* name, std::uint8_t zeichen = 'x') {
@@ -50,6 +51,14 @@ protected:
             p.system.Sleep(20);
         }
         return false;
+    }
+    // The imprint once the key's last change is old enough to have one.
+    std::optional<std::uint64_t> Abdruck(const ChangeSource& q, int tiefe) {
+        for (int ms = 0; ms <= kWarteMs; ms += 20) {
+            if (const auto a = c.Imprint(q.Get(), tiefe)) return a;
+            p.system.Sleep(20);
+        }
+        return std::nullopt;
     }
     // Whether it stays quiet for a while.
     bool Still(const ChangeSource& q) {
@@ -96,6 +105,48 @@ TEST_F(Änderungen, AChangeBelowTheKeyFiresOnlyASourceOfTheSubtree) {
     EXPECT_TRUE(Still(nurDer)) << "a value of a subkey is no change of the key itself";
     Wert(std::string(kTestSchlüssel) + "\\Kind\\Enkel", "c");
     EXPECT_TRUE(Feuert(alles)) << "a key made two levels down";
+}
+
+// What a row that is due for its safety walk looks at instead: equal while nothing changed,
+// and changed by each change as deep as it reaches, by none below.
+TEST_F(Änderungen, AKeysImprint_ChangesWithEveryChangeDownToItsDepth_NotBelow) {
+    const std::string kind = std::string(kTestSchlüssel) + "\\Kind";
+    Wert(kTestSchlüssel, "a");
+    Wert(kind, "b");
+    Wert(kind + "\\Enkel", "c");
+    ChangeSource q = Schlüssel(false);
+    ASSERT_TRUE(q);
+    const auto löschen = [&](const std::string& pfad, const char* name) {
+        RegKey k;
+        ASSERT_EQ(r.OpenKeyEx(kHkeyCurrentUser, pfad, kKeyAllAccess, &k), kErrorSuccess);
+        ASSERT_EQ(r.DeleteValue(k.Get(), name), kErrorSuccess);
+    };
+    const struct {
+        const char* was;
+        std::function<void()> ändern;
+        int tiefe;  // the least depth that sees it
+    } fälle[] = {
+        {"nothing", [] {}, 3},
+        {"a value of the key set", [&] { Wert(kTestSchlüssel, "a", 'y'); }, 0},
+        {"a value of the key deleted", [&] { löschen(kTestSchlüssel, "a"); }, 0},
+        {"a subkey made", [&] { Wert(std::string(kTestSchlüssel) + "\\Zweites", "z"); }, 0},
+        {"a subkey deleted",
+         [&] { ASSERT_EQ(r.DeleteKey(kHkeyCurrentUser, std::string(kTestSchlüssel) + "\\Zweites", 0), kErrorSuccess); },
+         0},
+        {"a value of a subkey set", [&] { Wert(kind, "b", 'y'); }, 1},
+        {"a key made two levels down", [&] { Wert(kind + "\\Neu", "n"); }, 1},
+        {"a value two levels down set", [&] { Wert(kind + "\\Enkel", "c", 'y'); }, 2},
+        {"a value two levels down deleted", [&] { löschen(kind + "\\Enkel", "c"); }, 2},
+    };
+    for (const auto& f : fälle) {
+        std::optional<std::uint64_t> vorher[3], nachher[3];
+        for (int t = 0; t < 3; ++t) ASSERT_TRUE(vorher[t] = Abdruck(q, t)) << f.was << ": no imprint at depth " << t;
+        f.ändern();
+        for (int t = 0; t < 3; ++t) nachher[t] = Abdruck(q, t);
+        for (int t = 0; t < 3; ++t) EXPECT_EQ(nachher[t] != vorher[t], t >= f.tiefe) << f.was << ", depth " << t;
+    }
+    ChangeSource ordnerQuelle = Ordner(ordner);
+    EXPECT_FALSE(c.Imprint(ordnerQuelle.Get(), 0)) << "a folder has none";
 }
 
 TEST_F(Änderungen, AMissingKeyOrFolderGivesNoSource) {
@@ -177,6 +228,7 @@ TEST_F(Änderungen, ASourceWhoseKeyWasDeletedFiresAtEveryAsk) {
     // Its place must be walked from now on: nothing can tell of a key made anew there.
     EXPECT_TRUE(c.Fired(q.Get()));
     EXPECT_TRUE(c.Fired(q.Get()));
+    EXPECT_FALSE(c.Imprint(q.Get(), 0));
 }
 
 }  // namespace

@@ -2,23 +2,25 @@
 
 namespace kes::fake {
 
-long FakeChanges::Anlegen(std::function<std::optional<std::uint64_t>()> stand, long fehlt, ChangeSource* out) {
+long FakeChanges::Anlegen(std::function<std::optional<std::uint64_t>()> stand,
+                          std::function<std::optional<std::uint64_t>(int)> abdruck, long fehlt, ChangeSource* out) {
     if (verweigert) return verweigert;
     if (!stand) return fehlt;
     const auto jetzt = stand();
     const std::uintptr_t id = nächste_++;
-    quellen_[id] = Quelle{std::move(stand), jetzt.value_or(0), !jetzt};
+    quellen_[id] = Quelle{std::move(stand), std::move(abdruck), jetzt.value_or(0), !jetzt};
     *out = ChangeSource(*this, id);
     return 0;
 }
 
 long FakeChanges::WatchKey(RegHandle root, const std::string& subkey, std::uint32_t sam, bool subtree,
                            ChangeSource* out) {
-    return Anlegen(registry_.Änderungen(root, subkey, sam, subtree), kErrorFileNotFound, out);
+    return Anlegen(registry_.Änderungen(root, subkey, sam, subtree), registry_.Abdruck(root, subkey, sam),
+                   kErrorFileNotFound, out);
 }
 
 long FakeChanges::WatchFolder(const std::string& path, ChangeSource* out) {
-    return Anlegen(files_.Änderungen(path), 2, out);  // ERROR_FILE_NOT_FOUND
+    return Anlegen(files_.Änderungen(path), {}, 2, out);  // ERROR_FILE_NOT_FOUND
 }
 
 bool FakeChanges::Fired(std::uintptr_t source) {
@@ -48,6 +50,12 @@ std::optional<std::size_t> FakeChanges::FirstFired(std::span<const std::uintptr_
         if (jetzt && *jetzt != q.zuletzt) return i;
     }
     return std::nullopt;
+}
+
+std::optional<std::uint64_t> FakeChanges::Imprint(std::uintptr_t source, int depth) {
+    const Quelle& q = quellen_.at(source);
+    if (q.kaputt || !q.abdruck) return std::nullopt;
+    return q.abdruck(depth);
 }
 
 long FakeChanges::CloseSource(std::uintptr_t source) {

@@ -23,6 +23,7 @@ public:
     long WatchFolder(const std::string& path, ChangeSource* out) override;
     bool Fired(std::uintptr_t source) override;
     std::optional<std::size_t> FirstFired(std::span<const std::uintptr_t> sources) override;
+    std::optional<std::uint64_t> Imprint(std::uintptr_t source, int depth) override;
 
     long verweigert = 0;  // the error every arming answers; 0 arms
     // What changed so far fires nowhere: every notification pending now is lost.
@@ -37,10 +38,12 @@ protected:
 private:
     struct Quelle {
         std::function<std::optional<std::uint64_t>()> stand;
+        std::function<std::optional<std::uint64_t>(int)> abdruck;  // a key's; a folder has none
         std::uint64_t zuletzt = 0;
         bool kaputt = false;
     };
-    long Anlegen(std::function<std::optional<std::uint64_t>()> stand, long fehlt, ChangeSource* out);
+    long Anlegen(std::function<std::optional<std::uint64_t>()> stand,
+                 std::function<std::optional<std::uint64_t>(int)> abdruck, long fehlt, ChangeSource* out);
     FakeRegistry& registry_;
     FakeFiles& files_;
     std::map<std::uintptr_t, Quelle> quellen_;

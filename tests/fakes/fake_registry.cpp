@@ -60,8 +60,9 @@ FakeRegistry::KnotenPtr FakeRegistry::Kind(const KnotenPtr& von, const std::stri
 }
 
 void FakeRegistry::Geändert(const KnotenPtr& k) {
-    ++k->eigeneÄnderungen;
-    for (KnotenPtr p = k; p; p = p->eltern.lock()) ++p->alleÄnderungen;
+    static std::uint64_t uhr = 0;
+    k->eigeneÄnderungen = ++uhr;
+    for (KnotenPtr p = k; p; p = p->eltern.lock()) p->alleÄnderungen = uhr;
 }
 
 std::function<std::optional<std::uint64_t>()> FakeRegistry::Änderungen(RegHandle root, const std::string& subkey,
@@ -73,6 +74,36 @@ std::function<std::optional<std::uint64_t>()> FakeRegistry::Änderungen(RegHandl
         if (k->gelöscht) return std::nullopt;
         return subtree ? k->alleÄnderungen : k->eigeneÄnderungen;
     };
+}
+
+std::function<std::optional<std::uint64_t>(int)> FakeRegistry::Abdruck(RegHandle root, const std::string& subkey,
+                                                                       std::uint32_t sam) {
+    auto von = Knoten_(root);
+    auto k = von ? Gehe(von, subkey, (sam & kKeyWow64_32Key) != 0, false) : nullptr;
+    if (!k) return {};
+    return [this, k](int tiefe) -> std::optional<std::uint64_t> {
+        std::uint64_t h = 0;
+        if (!Abdrucken(k, tiefe, h)) return std::nullopt;
+        return h;
+    };
+}
+
+bool FakeRegistry::Abdrucken(const KnotenPtr& k, int tiefe, std::uint64_t& h) {
+    const auto mischen = [&h](std::uint64_t x) { h = (h ^ x) * 0x100000001b3ULL + 0x9e3779b97f4a7c15ULL; };
+    if (k->gelöscht || tiefe < 0) return false;
+    for (std::uint64_t x : {k->eigeneÄnderungen, std::uint64_t{k->kinder.size()}, std::uint64_t{k->werte.size()}})
+        mischen(x);
+    if (tiefe == 0) return true;
+    for (const auto& [klein, kind] : k->kinder) {
+        mischen(std::hash<std::string>{}(kind->name));
+        if (tiefe == 1) {
+            mischen(kind->eigeneÄnderungen);
+            continue;
+        }
+        const KnotenPtr ziel = Verfolgt(kind, false);
+        if (!ziel || !Abdrucken(ziel, tiefe - 1, h)) return false;
+    }
+    return true;
 }
 
 FakeRegistry::KnotenPtr FakeRegistry::Umgeleitet(const KnotenPtr& k) const {

@@ -55,6 +55,11 @@ public:
     // Empty when there is no such key.
     std::function<std::optional<std::uint64_t>()> Änderungen(RegHandle root, const std::string& subkey,
                                                              std::uint32_t sam, bool subtree);
+    // A change source's imprint of the key: its stamp and counts, and those of its subkeys
+    // down to the depth it is asked for, with the subkeys' names; by the enumeration's
+    // stamps at the last level, as Windows gives them. Empty when there is no such key.
+    std::function<std::optional<std::uint64_t>(int depth)> Abdruck(RegHandle root, const std::string& subkey,
+                                                                   std::uint32_t sam);
     // Runs at every open, so a test can see what the program knew at that moment.
     std::function<void(const std::string& subkey)> beimÖffnen;
 
@@ -75,8 +80,11 @@ private:
         // A shared key's link: the path below HKEY_LOCAL_MACHINE of the key it stands for.
         std::string verweis;
         bool gelöscht = false;
-        std::uint64_t eigeneÄnderungen = 0;  // its values, its subkeys coming and going
-        std::uint64_t alleÄnderungen = 0;    // the same anywhere below it too
+        // The stamp of its last change (its values, its subkeys coming and going), from one
+        // count of the whole registry, as the system's clock stamps a key; and the same
+        // anywhere below it too.
+        std::uint64_t eigeneÄnderungen = 0;
+        std::uint64_t alleÄnderungen = 0;
     };
     using KnotenPtr = std::shared_ptr<Knoten>;
 
@@ -91,6 +99,7 @@ private:
     // In the 32-bit view a key with a Wow6432Node subkey stands for that subkey.
     KnotenPtr Umgeleitet(const KnotenPtr& k) const;
     KnotenPtr Verfolgt(const KnotenPtr& k, bool anlegen);
+    bool Abdrucken(const KnotenPtr& k, int tiefe, std::uint64_t& h);
     void ZweiteAnsichtAnlegen();
     void Verweis(const std::string& pfad, const std::string& ziel);
     KnotenPtr AusPfad(const std::string& keyPath, bool anlegen);

@@ -44,6 +44,12 @@ public:
     // looking again behind the one it found. A source whose key was deleted need not show
     // here (Wine signals nothing then); Fired sees it.
     virtual std::optional<std::size_t> FirstFired(std::span<const std::uintptr_t> sources) = 0;
+    // What a key source's key holds down to depth levels below it, folded into one number:
+    // the last-write times and counts of the key and of its subkeys to that depth, and their
+    // names. A value set or deleted, or a key made or deleted, anywhere there changes it.
+    // None for a folder's source, a key gone or not readable, and a key written so lately
+    // that a change in the same step of the system's clock could leave the number as it is.
+    virtual std::optional<std::uint64_t> Imprint(std::uintptr_t source, int depth) = 0;
 
 protected:
     virtual long CloseSource(std::uintptr_t source) = 0;

@@ -6,6 +6,61 @@
 namespace kes::win32 {
 
 namespace {
+// A key written less than this before its imprint has none: Windows stamps keys by a clock
+// that steps every 16 ms, and a second change within the step would keep the stamp.
+constexpr ULONGLONG kJung = 250 * 10000ULL;  // in FILETIME's 100 ns
+
+ULONGLONG Zeit(const FILETIME& ft) {
+    return (static_cast<ULONGLONG>(ft.dwHighDateTime) << 32) | ft.dwLowDateTime;
+}
+
+void Mischen(std::uint64_t& h, std::uint64_t x) {
+    // splitmix64's finaliser over the running value: every input bit moves the result.
+    h += x + 0x9e3779b97f4a7c15ULL;
+    h = (h ^ (h >> 30)) * 0xbf58476d1ce4e5b9ULL;
+    h = (h ^ (h >> 27)) * 0x94d049bb133111ebULL;
+    h ^= h >> 31;
+}
+
+void Mischen(std::uint64_t& h, const char* name, DWORD länge) {
+    std::uint64_t x = 0xcbf29ce484222325ULL;  // FNV-1a
+    for (DWORD i = 0; i < länge; ++i) x = (x ^ static_cast<unsigned char>(name[i])) * 0x100000001b3ULL;
+    Mischen(h, x);
+}
+
+// The key's own stamp and counts, then its subkeys': by name and stamp as the enumeration
+// gives them at the last level, opened and taken whole above it. A subkey that goes during
+// the walk ends the enumeration early: no imprint, rather than a wrong one.
+bool Abdrucken(HKEY key, REGSAM sicht, int tiefe, ULONGLONG grenze, std::uint64_t& h) {
+    DWORD unter = 0, werte = 0, längsterWert = 0, meisteDaten = 0;
+    FILETIME ft{};
+    if (::RegQueryInfoKeyA(key, nullptr, nullptr, nullptr, &unter, nullptr, nullptr, &werte, &längsterWert,
+                           &meisteDaten, nullptr, &ft) != ERROR_SUCCESS ||
+        Zeit(ft) >= grenze)
+        return false;
+    for (std::uint64_t x : {Zeit(ft), std::uint64_t{unter}, std::uint64_t{werte}, std::uint64_t{längsterWert},
+                            std::uint64_t{meisteDaten}})
+        Mischen(h, x);
+    if (tiefe == 0) return true;
+    char name[256];
+    for (DWORD i = 0; i < unter; ++i) {
+        DWORD länge = sizeof name;
+        if (::RegEnumKeyExA(key, i, name, &länge, nullptr, nullptr, nullptr, &ft) != ERROR_SUCCESS) return false;
+        Mischen(h, name, länge);
+        if (tiefe == 1) {
+            if (Zeit(ft) >= grenze) return false;
+            Mischen(h, Zeit(ft));
+            continue;
+        }
+        HKEY kind = nullptr;
+        if (::RegOpenKeyExA(key, name, 0, KEY_READ | sicht, &kind) != ERROR_SUCCESS) return false;
+        const bool ganz = Abdrucken(kind, sicht, tiefe - 1, grenze, h);
+        ::RegCloseKey(kind);
+        if (!ganz) return false;
+    }
+    return true;
+}
+
 constexpr DWORD kRegistryFilter = REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET;
 constexpr DWORD kOrdnerFilter = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME | FILE_NOTIFY_CHANGE_SIZE |
                                 FILE_NOTIFY_CHANGE_LAST_WRITE;
@@ -19,8 +74,12 @@ long Win32Changes::WatchKey(RegHandle root, const std::string& subkey, std::uint
                             ChangeSource* out) {
     auto q = std::make_unique<Quelle>();
     q->subtree = subtree;
-    const REGSAM rechte = KEY_NOTIFY | (sam & (KEY_WOW64_32KEY | KEY_WOW64_64KEY));
-    long rc = ::RegOpenKeyExA(reinterpret_cast<HKEY>(root), subkey.c_str(), 0, rechte, &q->key);
+    q->sicht = sam & (KEY_WOW64_32KEY | KEY_WOW64_64KEY);
+    // Read access for the imprint; a key that grants only notification is watched without.
+    long rc = ::RegOpenKeyExA(reinterpret_cast<HKEY>(root), subkey.c_str(), 0, KEY_READ | q->sicht, &q->key);
+    q->lesbar = rc == ERROR_SUCCESS;
+    if (rc == ERROR_ACCESS_DENIED)
+        rc = ::RegOpenKeyExA(reinterpret_cast<HKEY>(root), subkey.c_str(), 0, KEY_NOTIFY | q->sicht, &q->key);
     if (rc != ERROR_SUCCESS) return rc;
     // Manual reset, so that a look at many sources at once takes nothing back; the ask
     // that sees it signalled resets it before it arms the key again.
@@ -81,6 +140,16 @@ std::optional<std::size_t> Win32Changes::FirstFired(std::span<const std::uintptr
         if (rc == WAIT_FAILED) return i;
     }
     return std::nullopt;
+}
+
+std::optional<std::uint64_t> Win32Changes::Imprint(std::uintptr_t source, int depth) {
+    const auto& q = *reinterpret_cast<const Quelle*>(source);
+    if (!q.key || !q.lesbar || q.kaputt || depth < 0) return std::nullopt;
+    FILETIME jetzt{};
+    ::GetSystemTimeAsFileTime(&jetzt);
+    std::uint64_t h = 0;
+    if (!Abdrucken(q.key, q.sicht, depth, Zeit(jetzt) - kJung, h)) return std::nullopt;
+    return h;
 }
 
 long Win32Changes::CloseSource(std::uintptr_t source) {

@@ -15,6 +15,7 @@ public:
     long WatchFolder(const std::string& path, ChangeSource* out) override;
     bool Fired(std::uintptr_t source) override;
     std::optional<std::size_t> FirstFired(std::span<const std::uintptr_t> sources) override;
+    std::optional<std::uint64_t> Imprint(std::uintptr_t source, int depth) override;
 
 protected:
     long CloseSource(std::uintptr_t source) override;
@@ -24,6 +25,8 @@ private:
         HKEY key = nullptr;         // a registry source: its key, and its event below
         HANDLE ereignis = nullptr;  // the key's event, or the folder's notification handle
         bool subtree = false;
+        REGSAM sicht = 0;     // the view the key was opened in, for its subkeys
+        bool lesbar = false;  // opened for reading too, so that it has an imprint
         bool kaputt = false;  // could not be armed again: fires at every ask
     };
     static long Schärfen(Quelle& q);
