@@ -25,23 +25,39 @@ bool Hoch(std::string& pfad, bool ordner) {
 }  // namespace
 
 // A place that does not exist yet is watched at the nearest place above it that does, for
-// its own names only: what comes into being there fires, and the row then arms anew.
-bool Änderungsquellen::Schärfen(const Änderungsort& ort, std::vector<ChangeSource>& quellen) {
+// its own names only: what comes into being there fires, and changes that key's imprint.
+bool Änderungsquellen::Schärfen(const Änderungsort& ort, Zeile& z) {
     const bool ordner = ort.root == 0;
     std::string pfad = ort.pfad;
     bool unter = ort.unterschlüssel;
+    int tiefe = ordner ? kOhneAbdruck : ort.tiefe;
     for (;;) {
         ChangeSource q;
         const long rc =
             ordner ? p_.changes.WatchFolder(pfad, &q) : p_.changes.WatchKey(ort.root, pfad, kKeyRead, unter, &q);
         if (rc == 0) {
-            quellen.push_back(std::move(q));
-            if (ordner && unter) Unterordner(pfad, 1, quellen);
+            z.quellen.push_back(std::move(q));
+            if (ordner && unter) Unterordner(pfad, 1, z.quellen);
+            z.tiefen.resize(z.quellen.size(), tiefe);
             return true;
         }
         if ((rc != kNichtGefunden && rc != kPfadNichtGefunden) || !Hoch(pfad, ordner)) return false;
         unter = false;
+        tiefe = std::min(tiefe, 0);
     }
+}
+
+// One number for what the row's keys hold now; none where one of its sources has none.
+std::optional<std::uint64_t> Änderungsquellen::Abdruck(const Zeile& z) {
+    if (z.quellen.empty() || std::find(z.tiefen.begin(), z.tiefen.end(), kOhneAbdruck) != z.tiefen.end())
+        return std::nullopt;
+    std::uint64_t alle = 0;
+    for (std::size_t i = 0; i < z.quellen.size(); ++i) {
+        const auto a = p_.changes.Imprint(z.quellen[i].Get(), z.tiefen[i]);
+        if (!a) return std::nullopt;
+        alle = (alle ^ *a) * 0x100000001b3ULL + i;
+    }
+    return alle;
 }
 
 // The folders below, each a source of its own: the system's folder sources see their own
@@ -104,11 +120,19 @@ bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änder
     Zeile& z = zeilen_.at(zeile);
     const std::int64_t jetzt = p_.timers.Uhr();
     const bool gefeuert = z.scharf && Nachsehen(z, jetzt);
-    const bool laufen = !z.scharf || !z.gelaufen || gefeuert || jetzt - z.zuletzt >= kSicherheitsLaufMs;
+    bool laufen = !z.scharf || !z.gelaufen || gefeuert || jetzt - z.zuletzt >= kSicherheitsLaufMs;
+    // Due for its safety walk alone: what it reads is as its last walk found it when its
+    // keys hold the imprint taken then, lost notification or not.
+    if (laufen && z.scharf && z.gelaufen && !gefeuert && z.abdruck && Abdruck(z) == z.abdruck) {
+        z.zuletzt = jetzt;
+        laufen = false;
+    }
     // Armed anew at every walk: a place watched above itself may have come into being
-    // (its notification lost, too), and a deleted key's source cannot be armed again.
+    // (its notification lost, too), and a deleted key's source cannot be armed again. The
+    // imprint after the arming: a change after it fires, or shows in the next imprint.
     if (laufen) {
         Schärfen(z, orte);
+        z.abdruck = Abdruck(z);
         z.zuletzt = jetzt;
         z.gelaufen = true;
     }
@@ -118,10 +142,15 @@ bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änder
 
 void Änderungsquellen::Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte) {
     z.quellen.clear();
+    z.tiefen.clear();
+    z.abdruck.reset();
     z.scharf = true;
     z.gefragt = p_.timers.Uhr();
-    for (const Änderungsort& ort : orte()) z.scharf = Schärfen(ort, z.quellen) && z.scharf;
-    if (!z.scharf) z.quellen.clear();
+    for (const Änderungsort& ort : orte()) z.scharf = Schärfen(ort, z) && z.scharf;
+    if (!z.scharf) {
+        z.quellen.clear();
+        z.tiefen.clear();
+    }
 }
 
 void Änderungsquellen::Vorbereiten(std::size_t zeile, const std::function<Änderungsorte()>& orte) {
@@ -134,6 +163,8 @@ void Änderungsquellen::Vorbereiten(std::size_t zeile, const std::function<Ände
 void Änderungsquellen::Entwaffnen(std::size_t zeile) {
     Zeile& z = zeilen_.at(zeile);
     z.quellen.clear();
+    z.tiefen.clear();
+    z.abdruck.reset();
     z.scharf = z.gefeuert = z.gelaufen = z.versucht = false;
 }
 

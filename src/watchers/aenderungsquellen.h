@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,17 +16,25 @@
 
 namespace kes {
 
+// A row that reads more than its places name (the classes an entry names, the merged
+// classes' keys) must walk for its safety walk; only a key's imprint can spare it.
+inline constexpr int kOhneAbdruck = -1;
+
 // A registry key below root, or with root 0 a folder; with everything under it when
-// unterschlüssel.
+// unterschlüssel. tiefe: how many levels below the key the row reads, where the key holds
+// everything the row reads there; a row whose keys all say so and keep their imprint is
+// spared its safety walk.
 struct Änderungsort {
     RegHandle root = 0;
     std::string pfad;
     bool unterschlüssel = false;
+    int tiefe = kOhneAbdruck;
 };
 using Änderungsorte = std::vector<Änderungsort>;
 
 // A walk older than this is done again whatever the sources say: the guard against a
-// notification the system lost.
+// notification the system lost. A row whose keys all have imprints looks at them instead,
+// and walks only when they differ from those taken as it was armed for its last walk.
 inline constexpr std::int64_t kSicherheitsLaufMs = 60000;
 // Of the looks between ticks, every this many asks each source on its own: every 5 s at
 // a look each 250 ms. The asks cost the server two calls a source; the look one for all.
@@ -70,6 +79,8 @@ public:
 private:
     struct Zeile {
         std::vector<ChangeSource> quellen;
+        std::vector<int> tiefen;               // by source: its imprint's depth, or kOhneAbdruck
+        std::optional<std::uint64_t> abdruck;  // of all its sources, as its last walk began
         bool scharf = false;
         bool gefeuert = false;
         bool gelaufen = false;  // walked since it was armed
@@ -82,7 +93,8 @@ private:
     bool Nachsehen(Zeile& z, std::int64_t jetzt);
     bool Blick();
     static void Griffe(const Zeile& z, std::vector<std::uintptr_t>& alle);
-    bool Schärfen(const Änderungsort& ort, std::vector<ChangeSource>& quellen);
+    std::optional<std::uint64_t> Abdruck(const Zeile& z);
+    bool Schärfen(const Änderungsort& ort, Zeile& z);
     void Unterordner(const std::string& ordner, int tiefe, std::vector<ChangeSource>& quellen);
     void Schärfen(Zeile& z, const std::function<Änderungsorte()>& orte);
     Plattform& p_;

@@ -177,7 +177,8 @@ const Dienste::Werte& Dienste::Lesen(const std::string& name) {
 }
 
 Änderungsorte Dienste::Orte() {
-    return {{kHkeyLocalMachine, kDienste, true}};
+    // The services' names, their values, and the library below each one's Parameters.
+    return {{kHkeyLocalMachine, kDienste, true, 2}};
 }
 
 void holedienste(WächterKontext& k) {

@@ -259,9 +259,13 @@ std::shared_ptr<const BekannteTexte> RegistryOrte::Bekannte() {
     Änderungsorte orte;
     for (const RegistryOrt& ort : beschreibung.orte) {
         const bool darunter = ort.art != Ortsart::Werte && ort.art != Ortsart::AlleWerte;
+        // The key holds all a place reads, but the classes its entries name, and the
+        // classes' root, which Windows merges from two keys.
+        const bool ganz = ort.klasse == Klassenform::Keine && ort.wurzel != kHkeyClassesRoot;
+        const int tiefe = !ganz ? kOhneAbdruck : darunter ? 1 : 0;
         const std::vector<std::string> pfade = ort.beideAnsichten ? BeideAnsichten(k_.P(), ort.wurzel, ort.schlüssel)
                                                                   : std::vector<std::string>{ort.schlüssel};
-        for (const std::string& pfad : pfade) orte.push_back({ort.wurzel, pfad, darunter});
+        for (const std::string& pfad : pfade) orte.push_back({ort.wurzel, pfad, darunter, tiefe});
     }
     return orte;
 }

@@ -58,8 +58,10 @@ const Ort kOrte[] = {
      [](fake::FakePlattform& fp, const std::string& n) {
          fp.registry.SetString(std::string("HKEY_LOCAL_MACHINE\\") + kRun, n, "C:\\Tools\\" + n + ".exe");
      }},
-    {"hosts", Kategorie::HostsDatei, [](fake::FakePlattform& fp, const std::string& n) { fp.files.Append(kHosts, "127.0.0.1 " + n + "\r\n"); }},
-    {"Windows folder", Kategorie::WindowsDatei, [](fake::FakePlattform& fp, const std::string& n) { fp.files.Put("C:\\WINDOWS\\" + n + ".exe", "MZ"); }},
+    {"hosts", Kategorie::HostsDatei,
+     [](fake::FakePlattform& fp, const std::string& n) { fp.files.Append(kHosts, "127.0.0.1 " + n + "\r\n"); }},
+    {"Windows folder", Kategorie::WindowsDatei,
+     [](fake::FakePlattform& fp, const std::string& n) { fp.files.Put("C:\\WINDOWS\\" + n + ".exe", "MZ"); }},
     {"system folder", Kategorie::WindowsDatei,
      [](fake::FakePlattform& fp, const std::string& n) { fp.files.Put("C:\\WINDOWS\\system32\\" + n + ".dll", "MZ"); },
      3},
@@ -67,6 +69,10 @@ const Ort kOrte[] = {
      [](fake::FakePlattform& fp, const std::string& n) {
          fp.registry.SetString(kDienste + n, "ImagePath", "C:\\Tools\\" + n + ".exe");
          fp.registry.SetDword(kDienste + n, "Start", 2);
+     }},
+    {"a service's program", Kategorie::Dienstpfade,
+     [](fake::FakePlattform& fp, const std::string& n) {
+         fp.registry.SetString(kDienste + std::string("Alt"), "ImagePath", "C:\\Tools\\" + n + ".exe");
      }},
     {"trusted sites", Kategorie::ToolBar,
      [](fake::FakePlattform& fp, const std::string& n) {
@@ -77,7 +83,8 @@ const Ort kOrte[] = {
          fp.registry.SetString("HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Main", "Start Page",
                                "http://" + n + ".example/");
      }},
-    {"Winlogon", Kategorie::Winlogon, [](fake::FakePlattform& fp, const std::string& n) { fp.registry.SetString(kWinlogon, "Shell", n + ".exe"); }},
+    {"Winlogon", Kategorie::Winlogon,
+     [](fake::FakePlattform& fp, const std::string& n) { fp.registry.SetString(kWinlogon, "Shell", n + ".exe"); }},
     {"Image File Execution Options", Kategorie::ImageFileExecution,
      [](fake::FakePlattform& fp, const std::string& n) {
          fp.registry.SetString(kIfeo + n + ".exe", "Debugger", "C:\\Tools\\" + n + ".exe");
@@ -97,12 +104,14 @@ protected:
         bag.WriteProperty("Aufab1", std::int16_t{kStufeMs / 1000});
         bag.WriteProperty("hostsgrösse", std::int32_t{23});
         bag.WriteProperty("AnzeigeLöschen", true);  // "Löschen" without the question
-        for (int box : {8, 13, 15, 16, 19, 20, 28, 29, 33, 35}) bag.WriteProperty("Box" + std::to_string(box), std::int16_t{1});
+        for (int box : {8, 13, 15, 16, 19, 20, 28, 29, 33, 35, 46})
+            bag.WriteProperty("Box" + std::to_string(box), std::int16_t{1});
         fp.files.Put(std::string(kOrdner) + "kestrella.dat", bag.Contents());
         fp.files.Put(kHosts, "127.0.0.1 localhost\r\n\r\n");
         fp.files.Put("C:\\WINDOWS\\explorer.exe", "MZ");
         fp.files.Put("C:\\WINDOWS\\system32\\kernel32.dll", "MZ");
-        for (const char* h : {"HKEY_CURRENT_USER\\", "HKEY_LOCAL_MACHINE\\"}) fp.registry.MakeKey(h + std::string(kRun));
+        for (const char* h : {"HKEY_CURRENT_USER\\", "HKEY_LOCAL_MACHINE\\"})
+            fp.registry.MakeKey(h + std::string(kRun));
         fp.registry.SetDword(std::string(kDienste) + "Alt", "Start", 3);
         fp.registry.MakeKey(kDomains);
         fp.registry.SetString(kWinlogon, "Shell", "Explorer.exe");
@@ -138,7 +147,8 @@ protected:
     }
     void Antworten(const std::string& was, int knopf = 1) {
         Form3Fenster& f = prg.Form3();
-        ASSERT_TRUE(f.Image[static_cast<std::size_t>(knopf)].Visible) << was << ": no button " << knopf << " on " << Gezeigt();
+        ASSERT_TRUE(f.Image[static_cast<std::size_t>(knopf)].Visible)
+            << was << ": no button " << knopf << " on " << Gezeigt();
         f.Image_Click(knopf);
         // A service's accept asks in a menu: this service, or every one of its maker.
         if (prg.Form3Geladen() && prg.Form3().Popup.Menü == "dienst") {
@@ -201,8 +211,9 @@ TEST_F(Meldung, EveryChangeWarnsOnce_AtOnceWhenHeard_BySafetyWalkWhenLost) {
         // Quiet for a while: the answered changes do not come back.
         ASSERT_LT(Warten(Zahl(3 * kStufeMs)), 0) << was << ": warned again after its answer: " << Gezeigt();
     }
-    std::printf("     %d steps heard (%d with two changes at once), longest %d ms to a warning; %d lost, longest %d ms\n",
-                gehört, paare, längsteGehört, verloren, längsteVerloren);
+    std::printf(
+        "     %d steps heard (%d with two changes at once), longest %d ms to a warning; %d lost, longest %d ms\n",
+        gehört, paare, längsteGehört, verloren, längsteVerloren);
 }
 
 }  // namespace

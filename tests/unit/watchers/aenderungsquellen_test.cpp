@@ -91,6 +91,9 @@ const Zeile kZeilen[] = {
          fp.registry.SetString(std::string(kDienste) + "\\Neu", "ImagePath", "C:\\neu.exe");
          fp.registry.SetDword(std::string(kDienste) + "\\Neu", "Start", 2);
      }},
+    // A value of a subkey: the imprint of the key must reach it.
+    {"ServicePrograms", 46,
+     [](auto& fp) { fp.registry.SetString(std::string(kDienste) + "\\Alt", "ImagePath", "C:\\neu.exe"); }},
 };
 
 class Quellen : public ProgrammTest, public ::testing::WithParamInterface<Zeile> {
@@ -170,6 +173,22 @@ TEST_P(Quellen, SofortOff_ChangeWaitsForTheStage) {
     fp.timers.Advance(4999);
     EXPECT_FALSE(prg.Form3Geladen());
     fp.timers.Advance(1);
+    EXPECT_TRUE(prg.Form3Geladen());
+}
+
+// The toolbars' row reads the classes its values name, outside its keys: no source tells of
+// a class's server changed, and no imprint may spare its safety walk, which finds it.
+TEST_F(ProgrammTest, AClassServerOfAToolbarChanged_FoundByTheSafetyWalk) {
+    const std::string server = "HKEY_CLASSES_ROOT\\CLSID\\{TB}\\InprocServer32";
+    fp.registry.SetString("HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Internet Explorer\\Toolbar", "{TB}", "");
+    fp.registry.SetString(server, "", "C:\\tb.dll");
+    Einstellungen(PropertyBag());  // settings saved: no first start
+    ASSERT_TRUE(Main(prg));
+    prg.Alarm().Box1[41].setValue(1);
+    fp.timers.Advance(5000);  // the first walk takes the toolbar as it is
+    ASSERT_FALSE(prg.Form3Geladen());
+    fp.registry.SetString(server, "", "C:\\neu.dll");
+    fp.timers.Advance(kSicherheitsLaufMs);
     EXPECT_TRUE(prg.Form3Geladen());
 }
 
@@ -287,6 +306,48 @@ TEST_F(QuellenBlick, TickLooksOverAllRows_EveryRowThatChangedWalks_NoRowLooksOnI
     ändern(run);
     ändern(dienste);
     EXPECT_EQ(tick(), (std::pair{B{true, false, true}, 2}));
+}
+
+// Due for its safety walk, a row whose keys keep the imprint taken as its last walk began is
+// spared it; a change whose notification was lost walks it, below a subkey as far as its
+// depth reaches, or where its place was missing. A row with a folder, or with a key that
+// declares no depth, walks as before.
+TEST_F(QuellenBlick, SafetyWalk_SparedWhileTheKeysKeepTheirImprint_ALostChangeWalks) {
+    fp.files.MakeDirs("C:\\T");
+    const std::function<Änderungsorte()> zeilen[] = {
+        [&] {
+            return Änderungsorte{{kHkeyCurrentUser, run, true, 1}};
+        },
+        [&] {
+            return Änderungsorte{{kHkeyCurrentUser, once, false, 0}, {0, "C:\\T"}};
+        },
+        [&] {
+            return Änderungsorte{{kHkeyCurrentUser, dienste, false}};
+        },
+        [&] {
+            return Änderungsorte{{kHkeyCurrentUser, once + "\\Fehlt", false, 0}};
+        },
+    };
+    Änderungsquellen quellen{fp.plattform, std::size(zeilen)};
+    using B = std::vector<bool>;
+    const auto sicherheitslauf = [&] {
+        fp.timers.Advance(kSicherheitsLaufMs);
+        B läuft;
+        for (std::size_t i = 0; i < std::size(zeilen); ++i) läuft.push_back(quellen.MussLaufen(i, zeilen[i]));
+        return läuft;
+    };
+    const auto ungehört = [&](const std::string& k) {
+        fp.registry.SetString("HKEY_CURRENT_USER\\" + k, "Tool", "x");
+        fp.changes.Verlieren();
+    };
+    ASSERT_EQ(sicherheitslauf(), (B{true, true, true, true})) << "the first walks";
+    EXPECT_EQ(sicherheitslauf(), (B{false, true, true, false}));
+    ungehört(run + "\\Kind");
+    EXPECT_EQ(sicherheitslauf(), (B{true, true, true, false})) << "a value of a subkey";
+    EXPECT_EQ(sicherheitslauf(), (B{false, true, true, false})) << "its walk took the new imprint";
+    ungehört(once + "\\Fehlt");
+    EXPECT_EQ(sicherheitslauf(), (B{false, true, true, true})) << "the missing key came";
+    EXPECT_EQ(sicherheitslauf(), (B{false, true, true, false}));
 }
 
 // A folder with everything under it: each folder of the subtree is a source of its own,
