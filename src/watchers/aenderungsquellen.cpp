@@ -116,6 +116,11 @@ bool Änderungsquellen::Blick() {
     return !alle.empty() && p_.changes.FirstFired(alle);
 }
 
+bool Änderungsquellen::AbdruckGleich(std::size_t zeile) {
+    const Zeile& z = zeilen_.at(zeile);
+    return z.abdruck && Abdruck(z) == z.abdruck;
+}
+
 bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änderungsorte()>& orte) {
     Zeile& z = zeilen_.at(zeile);
     const std::int64_t jetzt = p_.timers.Uhr();
@@ -123,7 +128,7 @@ bool Änderungsquellen::MussLaufen(std::size_t zeile, const std::function<Änder
     bool laufen = !z.scharf || !z.gelaufen || gefeuert || jetzt - z.zuletzt >= kSicherheitsLaufMs;
     // Due for its safety walk alone: what it reads is as its last walk found it when its
     // keys hold the imprint taken then, lost notification or not.
-    if (laufen && z.scharf && z.gelaufen && !gefeuert && z.abdruck && Abdruck(z) == z.abdruck) {
+    if (laufen && z.scharf && z.gelaufen && !gefeuert && AbdruckGleich(zeile)) {
         z.zuletzt = jetzt;
         laufen = false;
     }

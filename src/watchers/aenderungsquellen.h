@@ -36,13 +36,13 @@ using Änderungsorte = std::vector<Änderungsort>;
 // notification the system lost. A row whose keys all have imprints looks at them instead,
 // and walks only when they differ from those taken as it was armed for its last walk.
 inline constexpr std::int64_t kSicherheitsLaufMs = 60000;
-// Of the looks between ticks, every this many asks each source on its own: every 5 s at
-// a look each 250 ms. The asks cost the server two calls a source; the look one for all.
-inline constexpr int kBlickeJeFrage = 20;
+// Of the looks between ticks, every this many asks each source on its own: once a minute
+// at a look each 250 ms. The asks cost the server two calls a source, the look one for all.
+inline constexpr int kBlickeJeFrage = 240;
 // A row's sources are asked each on its own at a tick only when they were not so asked
-// this long: a quiet row costs the tick one look, and a key deleted under its source, which
-// only that ask sees, is seen within this time (the looks between ticks ask as often).
-inline constexpr std::int64_t kFrageMs = 5000;
+// this long: a quiet row costs the tick one look. A key deleted under its source, which
+// Wine does not signal, is seen by that ask, or by the imprint, as a lost notification is.
+inline constexpr std::int64_t kFrageMs = kSicherheitsLaufMs;
 // How deep below a folder place its folders are watched, and walked by its row: a loop of
 // junctions ends there.
 inline constexpr int kOrdnerTiefe = 16;
@@ -75,6 +75,10 @@ public:
     bool Gefeuert();
     // The sources armed now, over all rows.
     std::size_t Anzahl() const;
+    // Whether the row took an imprint as its last walk began, and whether its keys hold it
+    // still: what its safety walk costs, or is spared.
+    bool HatAbdruck(std::size_t zeile) const { return zeilen_.at(zeile).abdruck.has_value(); }
+    bool AbdruckGleich(std::size_t zeile);
 
 private:
     struct Zeile {
