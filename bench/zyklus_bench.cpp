@@ -79,7 +79,19 @@ void Zeile(const char* name, const Reihe& z, const Reihe& r, const Reihe& l) {
 }
 
 // Kestrella.exe at its stage beside the minimal tray program, both seen from outside.
+// The wineserver's share over the time, of what it does for every process of the prefix.
+double Serveranteil(int sekunden) {
+    const double s0 = LinuxProzessorzeit("wineserver");
+    const auto start = std::chrono::steady_clock::now();
+    ::Sleep(static_cast<DWORD>(sekunden) * 1000);
+    return (LinuxProzessorzeit("wineserver") - s0) /
+           std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
 void Fremdmessen(const std::string& ordner, const std::string& exe, FremderProzess& minimal, int sekunden, int stufe) {
+    // First the server's floor, with the minimal program and Wine's own processes alone: it
+    // serves them whether Kestrella.exe runs or not.
+    const double boden = Serveranteil(sekunden);
     FremderProzess kestrella("\"" + exe + "\" /s", ordner);
     if (!kestrella.Läuft() || !minimal.Läuft()) {
         std::printf("outside run: could not start the programs\n");
@@ -107,6 +119,10 @@ void Fremdmessen(const std::string& ordner, const std::string& exe, FremderProze
         "  their registry and file calls (and nothing else while the bench sleeps), %.2f %%\n",
         100 * kl, 100 * ml, 100 * s);
     std::printf("  Kestrella.exe with the wineserver's share: at most %.2f %% of one core\n", 100 * (kl + s));
+    std::printf(
+        "  the wineserver before, with the minimal program alone, over as long: %.2f %%; Kestrella.exe with what\n"
+        "  the server spent beyond that: %.2f %% of one core\n",
+        100 * boden, 100 * (kl + s - boden));
     std::printf("  peak working set above the minimal program: %.2f MB%s\n", kws - mws,
                 kestrella.Läuft() ? "" : "  (Kestrella.exe had ended!)");
 }
