@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <span>
 
+#include "common/mischen.h"
+
 namespace kes {
 
 namespace {
@@ -55,7 +57,7 @@ std::optional<std::uint64_t> Änderungsquellen::Abdruck(const Zeile& z) {
     for (std::size_t i = 0; i < z.quellen.size(); ++i) {
         const auto a = p_.changes.Imprint(z.quellen[i].Get(), z.tiefen[i]);
         if (!a) return std::nullopt;
-        alle = (alle ^ *a) * 0x100000001b3ULL + i;
+        Mischen(alle, *a);
     }
     return alle;
 }
@@ -107,13 +109,19 @@ void Änderungsquellen::Griffe(const Zeile& z, std::vector<std::uintptr_t>& alle
 // One look at every armed row: one that fired and has not walked, or one wait over all
 // their sources.
 bool Änderungsquellen::Blick() {
+    if (std::any_of(zeilen_.begin(), zeilen_.end(), [](const Zeile& z) { return z.scharf && z.gefeuert; })) return true;
     std::vector<std::uintptr_t> alle;
-    for (const Zeile& z : zeilen_) {
-        if (!z.scharf) continue;
-        if (z.gefeuert) return true;
-        Griffe(z, alle);
-    }
+    std::vector<std::size_t> bis;
+    AlleGriffe(alle, bis);
     return !alle.empty() && p_.changes.FirstFired(alle);
+}
+
+void Änderungsquellen::AlleGriffe(std::vector<std::uintptr_t>& alle, std::vector<std::size_t>& bis) const {
+    bis.reserve(zeilen_.size());
+    for (const Zeile& z : zeilen_) {
+        if (z.scharf) Griffe(z, alle);
+        bis.push_back(alle.size());
+    }
 }
 
 bool Änderungsquellen::AbdruckGleich(std::size_t zeile) {
@@ -183,14 +191,10 @@ void Änderungsquellen::TickBeginnt() {
     // One look over every armed row's sources; where it finds one that fired, that row is
     // marked and the look goes on behind the row's sources. A change costs the tick a look
     // more, not a look of every row of its own.
+    for (Zeile& z : zeilen_) z.gesehen = z.scharf && z.gefeuert;
     std::vector<std::uintptr_t> alle;
-    std::vector<std::size_t> bis;  // by row: the end of its sources in alle
-    bis.reserve(zeilen_.size());
-    for (Zeile& z : zeilen_) {
-        z.gesehen = z.scharf && z.gefeuert;
-        if (z.scharf) Griffe(z, alle);
-        bis.push_back(alle.size());
-    }
+    std::vector<std::size_t> bis;
+    AlleGriffe(alle, bis);
     for (std::size_t ab = 0; ab < alle.size();) {
         const auto stelle = p_.changes.FirstFired(std::span(alle).subspan(ab));
         if (!stelle) break;

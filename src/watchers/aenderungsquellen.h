@@ -97,6 +97,8 @@ private:
     bool Nachsehen(Zeile& z, std::int64_t jetzt);
     bool Blick();
     static void Griffe(const Zeile& z, std::vector<std::uintptr_t>& alle);
+    // Every armed row's handles in table order, and by row where its handles end in alle.
+    void AlleGriffe(std::vector<std::uintptr_t>& alle, std::vector<std::size_t>& bis) const;
     std::optional<std::uint64_t> Abdruck(const Zeile& z);
     bool Schärfen(const Änderungsort& ort, Zeile& z);
     void Unterordner(const std::string& ordner, int tiefe, std::vector<ChangeSource>& quellen);

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "common/mischen.h"
 #include "common/text.h"
 
 namespace kes::fake {
@@ -89,15 +90,14 @@ std::function<std::optional<std::uint64_t>(int)> FakeRegistry::Abdruck(RegHandle
 }
 
 bool FakeRegistry::Abdrucken(const KnotenPtr& k, int tiefe, std::uint64_t& h) {
-    const auto mischen = [&h](std::uint64_t x) { h = (h ^ x) * 0x100000001b3ULL + 0x9e3779b97f4a7c15ULL; };
     if (k->gelöscht || tiefe < 0) return false;
     for (std::uint64_t x : {k->eigeneÄnderungen, std::uint64_t{k->kinder.size()}, std::uint64_t{k->werte.size()}})
-        mischen(x);
+        Mischen(h, x);
     if (tiefe == 0) return true;
     for (const auto& [klein, kind] : k->kinder) {
-        mischen(std::hash<std::string>{}(kind->name));
+        Mischen(h, kind->name);
         if (tiefe == 1) {
-            mischen(kind->eigeneÄnderungen);
+            Mischen(h, kind->eigeneÄnderungen);
             continue;
         }
         const KnotenPtr ziel = Verfolgt(kind, false);

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <memory>
+#include <string_view>
+
+#include "common/mischen.h"
 
 namespace kes::win32 {
 
@@ -12,20 +15,6 @@ constexpr ULONGLONG kJung = 250 * 10000ULL;  // in FILETIME's 100 ns
 
 ULONGLONG Zeit(const FILETIME& ft) {
     return (static_cast<ULONGLONG>(ft.dwHighDateTime) << 32) | ft.dwLowDateTime;
-}
-
-void Mischen(std::uint64_t& h, std::uint64_t x) {
-    // splitmix64's finaliser over the running value: every input bit moves the result.
-    h += x + 0x9e3779b97f4a7c15ULL;
-    h = (h ^ (h >> 30)) * 0xbf58476d1ce4e5b9ULL;
-    h = (h ^ (h >> 27)) * 0x94d049bb133111ebULL;
-    h ^= h >> 31;
-}
-
-void Mischen(std::uint64_t& h, const char* name, DWORD länge) {
-    std::uint64_t x = 0xcbf29ce484222325ULL;  // FNV-1a
-    for (DWORD i = 0; i < länge; ++i) x = (x ^ static_cast<unsigned char>(name[i])) * 0x100000001b3ULL;
-    Mischen(h, x);
 }
 
 // The key's own stamp and counts, then its subkeys': by name and stamp as the enumeration
@@ -46,7 +35,7 @@ bool Abdrucken(HKEY key, REGSAM sicht, int tiefe, ULONGLONG grenze, std::uint64_
     for (DWORD i = 0; i < unter; ++i) {
         DWORD länge = sizeof name;
         if (::RegEnumKeyExA(key, i, name, &länge, nullptr, nullptr, nullptr, &ft) != ERROR_SUCCESS) return false;
-        Mischen(h, name, länge);
+        Mischen(h, std::string_view(name, länge));
         if (tiefe == 1) {
             if (Zeit(ft) >= grenze) return false;
             Mischen(h, Zeit(ft));
